@@ -1,0 +1,35 @@
+// base/messages.h - the message catalogue, and {KEY} tokens in any text.
+//
+// Every word that a user reads stands in a catalogue file of KEY:text lines,
+// code page 1252. The store holds key and text alternately, each
+// zero-terminated, then an empty key; entries added first win.
+#pragma once
+
+#include <cstdint>
+
+struct errorblock;
+
+// An empty store.
+errorblock *inittrans();
+
+// Adds the catalogue directory\name, or, with a directory of 0, the program's
+// own resource of that name. Errors: 28 with the path, or "Messages file not
+// found." while the store is empty; a missing resource adds nothing.
+errorblock *addtrans(const char *directory, const char *name);
+
+// Adds a catalogue that lies in memory, size bytes; the road that both of the
+// above end on.
+errorblock *addtranstext(const char *text, int32_t size);
+
+// The text of a key, compared to the byte, or the key itself.
+const char *lookuptoken(const char *key);
+
+// Expands the {KEY} tokens of text in place; a value is expanded in turn. A
+// token whose text would not leave the whole below limit bytes stays. "{{" is
+// one brace, and the byte behind it is passed over. Returns 0.
+errorblock *expandtokens(char *text, int32_t limit);
+
+// Expands the format (1024 bytes), formats into buffer, and expands again.
+// Errors: 30 for a format too long; the buffer is filled all the same.
+[[gnu::format(printf, 3, 4)]] errorblock *transprintf(int32_t size, char *buffer,
+                                                      const char *format, ...);

@@ -1,0 +1,19 @@
+// dict/dictwindow.h - what the dictionary set asks of the window side.
+//
+// The desktop program defines these in its window files; a program without
+// windows links tools/headless.cpp.
+#pragma once
+
+#include <cstdint>
+
+struct errorblock;
+struct Dictionary;
+
+void dictmenubuild();  // makes the menu of names anew
+void dictmenudelete();
+
+// Opens the editor on a loaded dictionary.
+errorblock *dicteditopen(uint32_t number, Dictionary *dict, const char *name);
+
+// The document's list of dictionaries was changed by the user.
+void dictsetchanged();

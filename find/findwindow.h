@@ -1,0 +1,29 @@
+// find/findwindow.h - what the searches ask of the window side.
+//
+// The desktop program defines these in its window files; a program without
+// windows links tools/headless.cpp.
+#pragma once
+
+#include <cstdint>
+
+struct errorblock;
+
+// The list changed: scroll home, set the extent, redraw.
+void solutionsrefresh();
+
+// The count in the Stop pane.
+void progressshow(int32_t n);
+
+// Runs the worker from the poll, a tenth of a second from now.
+errorblock *searchlater(errorblock *(*worker)(intptr_t));
+
+// Around a search: the Stop pane and a poll that never waits. searchbegin
+// clears search.stopflag.
+void searchbegin();
+void searchend();
+
+// Lets the user in: delivers what is waiting. search.stopflag may be set after.
+void searchpoll();
+
+// A counted busy cursor.
+void searchbusy(bool on);

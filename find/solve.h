@@ -1,0 +1,46 @@
+// find/solve.h - every combination of words that fills the marked slots.
+//
+// The grid itself is the constraint store: the search writes a candidate into
+// the letter cells, so crossing slots see it as fixed letters. Slots are tried
+// in the order of search.slots, dictionaries in the order of dictset, words in
+// the dictionary's; results stay in the order found.
+#pragma once
+
+#include "dict/dictset.h"
+
+#include <cstdint>
+
+struct errorblock;
+
+constexpr int32_t MAXSLOTS = 256;
+
+struct slotrec {
+    int32_t x, y; // the first cell
+    wordref word; // now tried here
+    uint8_t direction; // 0 across, 1 down
+    uint8_t length;    // cells, 2..31
+};
+
+struct cellbox {
+    int32_t left, right, top, bottom;
+};
+
+struct searchstate {
+    slotrec slots[MAXSLOTS];
+    cellbox slotbox; // the marked area
+    int32_t stopflag; // set by Stop and Escape
+};
+
+// Changed by the searches, and stopflag by whoever hears the user.
+extern searchstate search;
+
+void slotsfind();
+void slotread(int32_t slot, char *buffer);
+void slotwrite(int32_t slot, const char *text);
+
+// The Solve button. Errors: 528, 516 without a mark, 517 without a slot.
+errorblock *solvestart();
+errorblock *solverun(intptr_t);
+
+// Searches a slot and all behind it: a count, or -1 to unwind.
+int32_t solveslot(int32_t slot);

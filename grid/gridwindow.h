@@ -1,0 +1,27 @@
+// grid/gridwindow.h - what the document asks of the window side.
+//
+// The desktop program defines these in its window files; a program without
+// windows links tools/headless.cpp.
+#pragma once
+
+#include <cstdint>
+
+void gridredraw();
+void gridcellsredraw(int32_t left, int32_t top, int32_t right, int32_t bottom);
+void gridextent(); // the size of the work area follows the grid's
+
+// The title follows the document's name and its changed mark.
+void settitlefromgrid();
+
+// The length field of the button pane; a negative length empties it.
+void marklengthfield(int32_t length);
+
+// The results of the document before, if there are any, are gone.
+void resultsdrop();
+
+// The kind of document that the file names takes over, with its button pane.
+void gridkindapply(int32_t kind);
+
+// The main window's size in os units; 0, 0 without one.
+void mainwindowsize(int32_t *width, int32_t *height);
+void mainwindowresize(int32_t width, int32_t height);
