@@ -1,8 +1,5 @@
 #include "tools/headless.h"
 
-#include "base/boxes.h"
-#include "base/trace.h"
-
 headlessstate headless;
 
 void headlessreset()
@@ -17,20 +14,3 @@ errorblock *headlessrun()
     headless.worker = nullptr;
     return worker ? worker(0) : nullptr;
 }
-
-int boxshow(intptr_t, const char *text, const char *title, uint32_t flags)
-{
-    headless.boxes++;
-    headless.boxtext = text;
-    headless.boxtitle = title;
-    headless.boxflags = flags;
-    return headless.boxanswer;
-}
-
-void tracewrite(const char *text, int length)
-{
-    if (headless.keeptrace) headless.tracetext.append(text, static_cast<size_t>(length));
-}
-
-void tracewritew(const wchar_t *, int) {}
-void tracepaint(int, const char *, int) {}
