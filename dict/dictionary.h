@@ -48,8 +48,8 @@ struct Dictionary {
 };
 
 struct dictindex {
-    uint32_t woff;  // of the word's record in the word block
-    uint32_t wordn; // number of that word, from 0
+    uint32_t woff;           // of the word's record in the word block
+    uint32_t wordn;          // number of that word, from 0
     char word[INDEXLETTERS]; // its first letters, zero-padded, unterminated
 };
 static_assert(sizeof(dictindex) == 16);
@@ -63,9 +63,9 @@ struct dictcursor {
 };
 
 // Flags of wordcompare and dictfind: in, options; out, case differences.
-constexpr uint32_t FINDCASEDIFFERS = 1;    // out: equal but for case
-constexpr uint32_t FINDHYPHENS = 0x10000;  // in: hyphens are ignored
-constexpr uint32_t fastfind = 0x20000;     // in: spaces are ignored; fast search
+constexpr uint32_t FINDCASEDIFFERS = 1;   // out: equal but for case
+constexpr uint32_t FINDHYPHENS = 0x10000; // in: hyphens are ignored
+constexpr uint32_t fastfind = 0x20000;    // in: spaces are ignored; fast search
 
 errorblock *dictempty(Dictionary *dict);
 void dictfree(Dictionary *dict);

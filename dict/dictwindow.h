@@ -9,7 +9,7 @@
 struct errorblock;
 struct Dictionary;
 
-void dictmenubuild();  // makes the menu of names anew
+void dictmenubuild(); // makes the menu of names anew
 void dictmenudelete();
 
 // Opens the editor on a loaded dictionary.

@@ -13,11 +13,11 @@
 #include <cstdint>
 
 struct solutionslist {
-    flexptr wslist;     // 0 when empty
-    int32_t count;      // entries
-    int32_t slotcount;  // words an entry
-    int32_t rowheight;  // os units
-    int32_t listwidth;  // os units
+    flexptr wslist;    // 0 when empty
+    int32_t count;     // entries
+    int32_t slotcount; // words an entry
+    int32_t rowheight; // os units
+    int32_t listwidth; // os units
     int32_t maxsolutions;
     int32_t progressnext, progressstep;
     // Metrics of the list's font, os units.

@@ -15,8 +15,8 @@ struct errorblock;
 constexpr int32_t MAXSLOTS = 256;
 
 struct slotrec {
-    int32_t x, y; // the first cell
-    wordref word; // now tried here
+    int32_t x, y;      // the first cell
+    wordref word;      // now tried here
     uint8_t direction; // 0 across, 1 down
     uint8_t length;    // cells, 2..31
 };
@@ -27,7 +27,7 @@ struct cellbox {
 
 struct searchstate {
     slotrec slots[MAXSLOTS];
-    cellbox slotbox; // the marked area
+    cellbox slotbox;  // the marked area
     int32_t stopflag; // set by Stop and Escape
 };
 

@@ -59,7 +59,7 @@ struct griddocument {
     uint32_t filldirections;       // Wordsquare, a bit for each of 8
     int32_t showsolutions;
     int32_t pictureupper;
-    int32_t reserved; // read from the file and written back
+    int32_t reserved;       // read from the file and written back
     uint32_t splitfraction; // 16.16 of the main window's width
 
     fontrecord gridfont, cluefont;

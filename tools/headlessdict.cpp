@@ -2,9 +2,18 @@
 
 #include "tools/headless.h"
 
-void dictmenubuild() { headless.menubuilds++; }
-void dictmenudelete() { headless.menudeletes++; }
-void dictsetchanged() { headless.setchanges++; }
+void dictmenubuild()
+{
+    headless.menubuilds++;
+}
+void dictmenudelete()
+{
+    headless.menudeletes++;
+}
+void dictsetchanged()
+{
+    headless.setchanges++;
+}
 
 errorblock *dicteditopen(uint32_t, Dictionary *, const char *)
 {

@@ -3,9 +3,18 @@
 #include "find/solve.h"
 #include "tools/headless.h"
 
-void solutionsrefresh() { headless.refreshes++; }
-void progressshow(int32_t n) { headless.progress = n; }
-void searchbusy(bool on) { headless.busy += on ? 1 : -1; }
+void solutionsrefresh()
+{
+    headless.refreshes++;
+}
+void progressshow(int32_t n)
+{
+    headless.progress = n;
+}
+void searchbusy(bool on)
+{
+    headless.busy += on ? 1 : -1;
+}
 
 void searchbegin()
 {
@@ -13,7 +22,10 @@ void searchbegin()
     headless.begins++;
 }
 
-void searchend() { headless.ends++; }
+void searchend()
+{
+    headless.ends++;
+}
 
 errorblock *searchlater(errorblock *(*worker)(intptr_t))
 {

@@ -3,10 +3,22 @@
 #include "grid/grid.h"
 #include "tools/headless.h"
 
-void gridredraw() { headless.redraws++; }
-void gridextent() { headless.extents++; }
-void settitlefromgrid() { headless.titles++; }
-void marklengthfield(int32_t length) { headless.marklength = length; }
+void gridredraw()
+{
+    headless.redraws++;
+}
+void gridextent()
+{
+    headless.extents++;
+}
+void settitlefromgrid()
+{
+    headless.titles++;
+}
+void marklengthfield(int32_t length)
+{
+    headless.marklength = length;
+}
 
 void gridcellsredraw(int32_t left, int32_t top, int32_t right, int32_t bottom)
 {
@@ -17,7 +29,10 @@ void gridcellsredraw(int32_t left, int32_t top, int32_t right, int32_t bottom)
     headless.cells[3] = bottom;
 }
 
-void resultsdrop() { headless.resultsdropped++; }
+void resultsdrop()
+{
+    headless.resultsdropped++;
+}
 
 void gridkindapply(int32_t kind)
 {

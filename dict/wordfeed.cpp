@@ -1,0 +1,31 @@
+#include "dict/wordfeed.h"
+
+#include "base/chars.h"
+
+namespace
+{
+
+int wordends(wordfeed *feed)
+{
+    feed->word[feed->length] = 0;
+    feed->length = 0;
+    return 1;
+}
+
+} // namespace
+
+int wordfeedbyte(wordfeed *feed, int32_t byte)
+{
+    if (!feed->length) {
+        if (byte > 32) feed->word[feed->length++] = static_cast<char>(byte);
+        return 0;
+    }
+    if (byte < 32) return wordends(feed);
+    uint8_t ch = static_cast<uint8_t>(byte);
+    if (!asciiletter(ch)) return 0;
+    if (feed->length == WORDLENGTH)
+        feed->length = 0; // the 32nd letter
+    else
+        feed->word[feed->length++] = static_cast<char>(asciilower(ch));
+    return 0;
+}

@@ -1,0 +1,22 @@
+// tools/quill/commands.h - the commands, a function each.
+//
+// A command gets its sorted arguments, writes its results and returns the
+// first failure.
+#pragma once
+
+#include "tools/quill/arguments.h"
+
+struct errorblock;
+
+using commandfunction = errorblock *(*)(const arguments &);
+
+errorblock *commanddictbuild(const arguments &args);
+errorblock *commanddictwords(const arguments &args);
+errorblock *commanddictfind(const arguments &args);
+errorblock *commanddictadd(const arguments &args);
+errorblock *commanddictremove(const arguments &args);
+errorblock *commanddictcheck(const arguments &args);
+errorblock *commandgridbuild(const arguments &args);
+errorblock *commandgriddraw(const arguments &args);
+errorblock *commandgridwords(const arguments &args);
+errorblock *commandsolve(const arguments &args);

@@ -1,0 +1,29 @@
+// tools/quill/console.h - what the commands say and read.
+//
+// Results go to standard output and nothing else does; remarks, counts and
+// failures go to standard error. Text is code page 1252 here.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+struct errorblock;
+
+// Results.
+void outtext(const std::string &text);
+void outline(const std::string &text);
+
+// A remark, a line of its own.
+[[gnu::format(printf, 1, 2)]] void remark(const char *format, ...);
+
+// A running count while long work lasts; nothing unless standard error is a
+// terminal. countend wipes it.
+void countshow(const char *what, int32_t n);
+void countend();
+
+// A whole text file, or standard input, converted. Error 28 for a missing file.
+errorblock *textload(const std::string &path, std::string *text);
+errorblock *inputload(std::string *text);
+
+// Standard output could be written to the end. Error 4 if not.
+errorblock *outclose();

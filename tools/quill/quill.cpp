@@ -1,0 +1,178 @@
+// quill - the console companion: the word store, the grid and the searches
+// without a window. It makes the shipped dictionaries, and is how the logic is
+// scripted, tested and measured from outside.
+
+#include "app/apperrors.h"
+#include "base/boxes.h"
+#include "base/errors.h"
+#include "base/flex.h"
+#include "base/messages.h"
+#include "find/solutions.h"
+#include "grid/gridfile.h"
+#include "messagetext.h"
+#include "tools/quill/commands.h"
+#include "tools/quill/console.h"
+#include "tools/quill/edge.h"
+#include "tools/quill/session.h"
+
+#include <cstdio>
+
+namespace
+{
+
+constexpr int DONE = 0, FAILED = 1, WRONGUSAGE = 2;
+
+struct commandrow {
+    const char *name; // one or two words
+    const char *usage;
+    const char *does;
+    size_t least; // words that it needs
+    size_t most;  // words that it can take
+    uint32_t takes;
+    commandfunction run;
+};
+
+constexpr size_t ANY = ~size_t{0};
+
+constexpr commandrow commands[] = {
+    {"dict build", "OUT.dic [WORDS.txt]...", "makes a dictionary from texts of words", 1, ANY, 0,
+     commanddictbuild},
+    {"dict words", "FILE.dic", "lists every word of a dictionary", 1, 1, 0, commanddictwords},
+    {"dict find", "FILE.dic WORD...", "looks words up: word, found or absent, number, stored word",
+     2, ANY, 0, commanddictfind},
+    {"dict add", "FILE.dic WORD...", "adds words; - reads them from standard input, one a line", 2,
+     ANY, 0, commanddictadd},
+    {"dict remove", "FILE.dic WORD...", "removes words; - reads them from standard input", 2, ANY,
+     0, commanddictremove},
+    {"dict check", "FILE.dic", "checks a dictionary from end to end", 1, 1, 0, commanddictcheck},
+    {"grid build", "OUT.qmg PICTURE.txt [--wordsquare]", "makes a grid from a text picture", 2, 2,
+     TAKESWORDSQUARE, commandgridbuild},
+    {"grid draw", "GRID.qmg", "draws a grid as a text picture", 1, 1, 0, commandgriddraw},
+    {"grid words", "GRID.qmg", "lists the words of a grid", 1, 1, 0, commandgridwords},
+    {"solve", "GRID.qmg [--mark L,T,R,B]... [--max N]",
+     "fills the marked cells with words in every way there is", 1, 1,
+     TAKESDICTIONARIES | TAKESMARK | TAKESMAX, commandsolve},
+};
+
+void usageshow(FILE *out, const commandrow &row)
+{
+    std::fprintf(out, "usage: quill %s %s\n", row.name, row.usage);
+    if (row.takes & TAKESDICTIONARIES)
+        std::fputs("       [--dictionaries DIR] [--dict NAME]...\n", out);
+}
+
+void helpall(FILE *out)
+{
+    std::fputs("usage: quill COMMAND ...\n\n", out);
+    for (const commandrow &row : commands)
+        std::fprintf(out, "  %-12s %s\n", row.name, row.does);
+    std::fputs("\n  quill help COMMAND   how a command is used\n"
+               "  quill --version      which quill this is\n",
+               out);
+}
+
+// The command that the first words name; *used says how many those are.
+const commandrow *commandfind(const std::vector<std::string> &words, size_t *used)
+{
+    for (const commandrow &row : commands) {
+        std::string name = row.name;
+        *used = name.find(' ') == std::string::npos ? 1 : 2;
+        if (words.size() < *used) continue;
+        std::string said = *used == 1 ? words[0] : words[0] + " " + words[1];
+        if (said == name) return &row;
+    }
+    return nullptr;
+}
+
+int help(std::vector<std::string> words)
+{
+    size_t used;
+    words.erase(words.begin());
+    if (words.empty()) {
+        helpall(stdout);
+        return DONE;
+    }
+    if (const commandrow *row = commandfind(words, &used)) {
+        usageshow(stdout, *row);
+        std::fprintf(stdout, "%s %s.\n", row->name, row->does);
+        return DONE;
+    }
+    // "help dict" shows the commands that begin so.
+    bool any = false;
+    for (const commandrow &row : commands)
+        if (std::string(row.name).rfind(words[0] + " ", 0) == 0) {
+            usageshow(stdout, row);
+            any = true;
+        }
+    if (any) return DONE;
+    helpall(stderr);
+    return WRONGUSAGE;
+}
+
+errorblock *foundationstart()
+{
+    settaskname("quill", nullptr);
+    errorblock *err = flex_init2();
+    if (!err) err = initerror();
+    if (!err) err = inittrans();
+    if (!err) err = taskerrors();
+    if (!err) err = apperrors();
+    if (!err) err = addtranstext(messagetext, static_cast<int32_t>(sizeof messagetext - 1));
+    gridreset();
+    return err;
+}
+
+int failed(const errorblock *err)
+{
+    remark("quill: %s", err->text);
+    return FAILED;
+}
+
+int commandrun(const commandrow &row, const std::vector<std::string> &words)
+{
+    arguments args;
+    std::string wrong = argumentsread(words, row.takes, &args);
+    if (wrong.empty() && (args.words.size() < row.least || args.words.size() > row.most))
+        wrong = args.words.size() < row.least ? "something is missing" : "one word too many";
+    if (!wrong.empty()) {
+        remark("quill %s: %s", row.name, wrong.c_str());
+        usageshow(stderr, row);
+        return WRONGUSAGE;
+    }
+    errorblock *err = row.run(args);
+    if (!err) err = outclose();
+    int result = err ? failed(err) : DONE;
+    sessionend();
+    return result;
+}
+
+} // namespace
+
+int main(int count, char **line)
+{
+    edgestart();
+    std::vector<std::string> words;
+    errorblock *err = foundationstart();
+    if (!err) err = edgearguments(count - 1, line + 1, &words);
+    if (err) return failed(err);
+
+    if (words.empty()) {
+        helpall(stderr);
+        return WRONGUSAGE;
+    }
+    if (words[0] == "--version") {
+        std::puts("quill " QUILLMERE_VERSION);
+        return DONE;
+    }
+    if (words[0] == "help" || words[0] == "--help") return help(words);
+
+    size_t used;
+    const commandrow *row = commandfind(words, &used);
+    if (!row) {
+        remark("quill: no command %s", words[0].c_str());
+        helpall(stderr);
+        return WRONGUSAGE;
+    }
+    words.erase(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(used));
+    return commandrun(*row, words);
+}

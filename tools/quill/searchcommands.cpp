@@ -1,0 +1,56 @@
+#include "tools/quill/commands.h"
+
+#include "base/errors.h"
+#include "find/solutions.h"
+#include "find/solve.h"
+#include "grid/grid.h"
+#include "tools/quill/console.h"
+#include "tools/quill/edge.h"
+#include "tools/quill/searchseam.h"
+#include "tools/quill/session.h"
+
+namespace
+{
+
+void markcells(const cellbox &box)
+{
+    for (int32_t x = box.left; x <= box.right; x++)
+        for (int32_t y = box.top; y <= box.bottom; y++)
+            if (gridinside(x, y) && (grid.flags[x][y] & CELLKIND) != CELLBLOCK)
+                grid.flags[x][y] =
+                    static_cast<uint8_t>((grid.flags[x][y] & ~CELLKIND) | CELLMARKED);
+}
+
+void outsolutions()
+{
+    for (int32_t entry = 0; entry < solutions.count; entry++) {
+        std::string line;
+        for (int32_t slot = 0; slot < solutions.slotcount; slot++) {
+            if (slot) line += '\t';
+            line += wordtext(solref(entry, slot));
+        }
+        outline(line);
+    }
+}
+
+} // namespace
+
+errorblock *commandsolve(const arguments &args)
+{
+    errorblock *err = sessionstart(args);
+    if (!err) err = sessiongrid(args.words[0]);
+    if (!err) err = sessiondicts(args);
+    if (err) return err;
+
+    for (const cellbox &box : args.marks)
+        markcells(box);
+    solutions.maxsolutions = args.max;
+    err = solvestart();
+    if (!err) err = searchnow();
+    if (err) return err;
+
+    outsolutions();
+    if (edgestopped()) remark("stopped");
+    remark("%d solutions of %d words", solutions.count, solutions.slotcount);
+    return nullptr;
+}

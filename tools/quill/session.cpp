@@ -1,0 +1,79 @@
+#include "tools/quill/session.h"
+
+#include "base/errors.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "dict/dictset.h"
+#include "find/solutions.h"
+#include "grid/gridfile.h"
+
+namespace
+{
+
+// The shipped dictionaries lie beside the program.
+errorblock *shippedfolder(char *out, int32_t size)
+{
+    errorblock *err = platformprogramdirectory(out, size);
+    if (!err) err = fs_strcat(out, size, "Dictionaries");
+    return err;
+}
+
+errorblock *usedict(const std::string &name)
+{
+    int32_t number = dictnamefind(name.c_str());
+    if (number < 0)
+        return makeerrortext(ERRORNOFILE, "No dictionary %s in %s.", name.c_str(), dictdirectory);
+    uint32_t known = static_cast<uint32_t>(number);
+    return dictinset(known) ? nullptr : dictuse(known);
+}
+
+// A dictionary that doesn't load stays in use with no words, which a user of
+// the window sees; here it is a failure.
+errorblock *checkloaded()
+{
+    errorblock *err = nullptr;
+    for (uint32_t i = 0; i < dictset.count && !err; i++)
+        if (!dicts[dictset.numbers[i]].loaded) err = dictreload(dictset.numbers[i]);
+    return err;
+}
+
+} // namespace
+
+errorblock *sessionstart(const arguments &args)
+{
+    errorblock *err;
+    if (args.dictionaries.empty())
+        err = shippedfolder(dictdirectory, sizeof dictdirectory);
+    else
+        err = xzstrncpyu(dictdirectory, args.dictionaries.c_str(), sizeof dictdirectory);
+    if (!err) err = dictstart();
+    return err;
+}
+
+errorblock *sessiongrid(const std::string &path)
+{
+    int32_t type;
+    errorblock *err = fileobject(path.c_str(), &type);
+    if (!err && type != OBJECTFILE) err = makeerrorf(ERRORNOTFOUND, path.c_str());
+    if (!err) err = gridopened(path.c_str(), FILETYPEGRID);
+    return err;
+}
+
+errorblock *sessiondicts(const arguments &args)
+{
+    errorblock *err = nullptr;
+    if (!args.dicts.empty()) dictsetclear();
+    for (const std::string &name : args.dicts)
+        if (!err) err = usedict(name);
+    if (!err) err = dictdefault();
+    if (!err) err = checkloaded();
+    return err;
+}
+
+void sessionend()
+{
+    solreset();
+    for (uint32_t i = 0; i < ndicts; i++)
+        dictunload(i);
+    dictstop();
+}
