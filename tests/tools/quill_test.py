@@ -1,0 +1,185 @@
+#!/usr/bin/env python3
+"""The console companion from outside: what it prints, where, and its status.
+
+usage: quill_test.py ENCODING PROGRAM...   (PROGRAM may be an emulator and an exe)
+"""
+import pathlib
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+
+ENCODING, PROGRAM = sys.argv[1], sys.argv[2:]
+DONE, FAILED, WRONGUSAGE = 0, 1, 2
+
+
+class QuillTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+
+    def file(self, leaf, text=None):
+        path = pathlib.Path(self.folder.name) / leaf
+        if text is not None:
+            path.write_bytes(text if isinstance(text, bytes) else text.encode(ENCODING))
+        return path
+
+    def quill(self, *words, status=DONE, stdin=b""):
+        run = subprocess.run(PROGRAM + [str(word) for word in words], input=stdin,
+                             capture_output=True, cwd=self.folder.name, timeout=120)
+        self.remarks = run.stderr.decode(ENCODING).replace("\r", "")
+        self.assertEqual(run.returncode, status, self.remarks)
+        return run.stdout.decode(ENCODING)
+
+    def dictionary(self, leaf, *words):
+        self.quill("dict", "build", leaf)
+        if words:
+            self.quill("dict", "add", leaf, "-", stdin="\n".join(words).encode(ENCODING))
+
+    def test_usage(self):
+        self.quill(status=WRONGUSAGE)
+        self.assertIn("usage: quill COMMAND", self.remarks)
+        self.assertRegex(self.quill("--version"), r"^quill \d+\.\d+\.\d+\n$")
+        overview = self.quill("help")
+        for command in ("dict build", "dict check", "grid draw", "solve"):
+            self.assertIn(command, overview)
+            self.assertIn("usage: quill " + command, self.quill("help", *command.split()))
+        for wrong in (["frobnicate"], ["dict"], ["dict", "words"], ["dict", "words", "a.dic", "b"],
+                      ["solve", "x.qmg", "--max"], ["solve", "x.qmg", "--max", "none"],
+                      ["solve", "x.qmg", "--mark", "1,2,3"], ["solve", "x.qmg", "--mark=3,0,1,0"],
+                      ["dict", "words", "a.dic", "--wordsquare"], ["help", "frobnicate"]):
+            self.assertEqual(self.quill(*wrong, status=WRONGUSAGE), "", wrong)
+            self.assertIn("usage:", self.remarks)
+
+    def test_missing_and_damaged_files(self):
+        for words in (["dict", "words", "none.dic"], ["dict", "build", "a.dic", "none.txt"],
+                      ["grid", "draw", "none.qmg"], ["grid", "build", "a.qmg", "none.txt"],
+                      ["solve", "none.qmg"]):
+            self.assertEqual(self.quill(*words, status=FAILED), "")
+            self.assertIn("not found.", self.remarks)
+        self.file("short.dic", b"Quillmere")
+        self.quill("dict", "check", "short.dic", status=FAILED)
+        self.assertIn("Error reading data.", self.remarks)
+        self.file("old.dic", b"\0" * 304)
+        self.quill("dict", "words", "old.dic", status=FAILED)
+        self.assertIn("Dictionary is too old.", self.remarks)
+        self.quill("dict", "build", "noextension", status=FAILED)
+        self.quill("dict", "build", "nofolder/a.dic", status=FAILED)
+
+    def test_a_dictionary_from_texts_to_words(self):
+        self.file("a.txt", "nations\nNation\r\n\r\nNew York\tzebra")
+        self.file("b.txt", "nation\nnational")
+        self.assertEqual(self.quill("dict", "build", "w.dic", "a.txt", "b.txt"), "")
+        size = self.file("w.dic").stat().st_size
+        self.assertEqual(self.remarks, f"5 words, {size} bytes\n")
+        self.assertEqual(self.quill("dict", "words", "w.dic"),
+                         "nation\nnational\nnations\nNewyork\nzebra\n")
+        self.assertEqual(self.quill("dict", "check", "w.dic"), "ok: 5 words, 1 entries\n")
+        self.assertEqual(self.quill("dict", "find", "w.dic", "NATION", "nationa", "aa", "zz"),
+                         "NATION\tfound\t0\tnation\n" "nationa\tabsent\t0\tnation\n"
+                         "aa\tabsent\t0\tnation\n" "zz\tabsent\t4\tzebra\n")
+
+    def test_an_empty_dictionary(self):
+        self.quill("dict", "build", "empty.dic")
+        self.assertEqual(self.remarks, "0 words, 304 bytes\n")
+        self.assertEqual(self.quill("dict", "words", "empty.dic"), "")
+        self.assertEqual(self.quill("dict", "check", "empty.dic"), "ok: 0 words, 0 entries\n")
+
+    def test_words_as_they_stand(self):
+        self.dictionary("w.dic", "ice cream", "co-op", "\u00c9t\u00e9", "can't", "x" * 32)
+        self.assertIn("not stored: " + "x" * 32, self.remarks)
+        self.assertEqual(sorted(self.quill("dict", "words", "w.dic").splitlines()),
+                         sorted(["ice cream", "co-op", "\u00c9t\u00e9", "can't"]))
+        self.quill("dict", "add", "w.dic", "ICE cream", "zoo")
+        self.assertIn("ICE cream\n", self.quill("dict", "words", "w.dic"))
+        self.quill("dict", "remove", "w.dic", "Zoo", "absent", "-", stdin=b"co-op\r\nCAN'T\n")
+        self.assertIn("absent: absent", self.remarks)
+        self.assertEqual(sorted(self.quill("dict", "words", "w.dic").splitlines()),
+                         sorted(["ICE cream", "\u00c9t\u00e9"]))
+
+    def test_a_character_that_the_code_page_lacks(self):
+        self.dictionary("w.dic")
+        before = self.file("w.dic").read_bytes()
+        self.quill("dict", "add", "w.dic", "\u03c0", status=FAILED)
+        self.assertIn("U+03C0", self.remarks)
+        self.assertEqual(self.file("w.dic").read_bytes(), before)
+
+    def test_check_finds_a_fault(self):
+        self.dictionary("w.dic", *(f"word{chr(97 + i // 26)}{chr(97 + i % 26)}" for i in range(300)))
+        data = bytearray(self.file("w.dic").read_bytes())
+        words = struct.unpack_from("<I", data, 268)[0] - 20
+        self.assertIn("ok: 300 words", self.quill("dict", "check", "w.dic"))
+        data[284 + words + 20 + 8] ^= 1  # a letter of the first index entry
+        self.file("w.dic", bytes(data))
+        self.assertEqual(self.quill("dict", "check", "w.dic", status=FAILED), "")
+        self.assertNotEqual(self.remarks, "")
+
+    PICTURE = "CAT#.\n.#..E\nabc\u00e9F\n\nleft 2,2 3,0\ntop 1,2\n"
+
+    def test_a_grid_from_a_picture_and_back(self):
+        self.file("p.txt", self.PICTURE)
+        self.quill("grid", "build", "g.qmg", "p.txt")
+        self.assertEqual(self.remarks, "5 by 3 cells\n")
+        drawn = self.quill("grid", "draw", "g.qmg")
+        self.file("again.txt", drawn)
+        self.quill("grid", "build", "again.qmg", "again.txt")
+        self.assertEqual(drawn.splitlines()[:3], self.PICTURE.splitlines()[:3])
+        self.assertEqual(self.quill("grid", "draw", "again.qmg"), drawn)
+        self.assertEqual(self.file("g.qmg").read_bytes(), self.file("again.qmg").read_bytes())
+        self.quill("grid", "build", "ws.qmg", "p.txt", "--wordsquare")
+        self.assertEqual(self.file("ws.qmg").read_bytes()[240], 1)
+        self.assertEqual(self.file("g.qmg").read_bytes()[240], 0)
+
+    def test_words_of_a_grid(self):
+        self.file("p.txt", "CAT\nA#O\nB.P\n")
+        self.quill("grid", "build", "g.qmg", "p.txt")
+        self.assertEqual(self.quill("grid", "words", "g.qmg"), "CAT\nCAB\nTOP\nB P\n")
+
+    def test_bad_pictures(self):
+        for picture in ("", "ab\nabc\n", "a" * 128 + "\n", "ab\ncd\n\nleft 2,2 9,9\n",
+                        "ab\n\nright 0,0\n"):
+            self.file("p.txt", picture)
+            self.assertEqual(self.quill("grid", "build", "g.qmg", "p.txt", status=FAILED), "")
+            self.assertFalse(self.file("g.qmg").exists())
+
+    def solvegrid(self):
+        self.quill("dict", "build", "MainDict.dic")
+        self.quill("dict", "add", "MainDict.dic", "cat", "cot", "Cut", "tar", "tip", "top", "cart")
+        self.quill("dict", "build", "Other.dic")
+        self.quill("dict", "add", "Other.dic", "cit")
+        self.file("p.txt", "C.T\n##.\n##.\n")
+        self.quill("grid", "build", "g.qmg", "p.txt")
+
+    def test_solve(self):
+        self.solvegrid()
+        self.assertEqual(self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", "."),
+                         "cat\ncot\nCut\n")
+        self.assertEqual(self.remarks, "3 solutions of 1 words\n")
+        both = self.quill("solve", "g.qmg", "--mark=0,0,2,0", "--mark=2,0,2,2", "--dictionaries=.")
+        self.assertEqual(both.splitlines(),
+                         [f"{a}\t{b}" for a in ("cat", "cot", "Cut") for b in ("tar", "tip", "top")])
+        self.assertEqual(self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", ".",
+                                    "--dict", "Other", "--dict", "MainDict"),
+                         "cat\ncot\nCut\ncit\n")
+        limited = self.quill("solve", "g.qmg", "--mark", "0,0,2,2", "--dictionaries", ".",
+                             "--max", "4")
+        self.assertEqual(len(limited.splitlines()), 5)  # the list stops above the limit
+
+    def test_solve_failures(self):
+        self.solvegrid()
+        for words, text in (([], "Need marked word!"), (["--mark", "0,0,0,0"], "Nothing to solve!"),
+                            (["--mark", "0,0,2,0", "--dict", "Nowhere"], "No dictionary Nowhere")):
+            self.assertEqual(self.quill("solve", "g.qmg", "--dictionaries", ".", *words,
+                                        status=FAILED), "")
+            self.assertIn(text, self.remarks)
+        self.file("MainDict.dic", b"\0" * 304)
+        self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", ".", status=FAILED)
+        self.assertIn("Dictionary is too old.", self.remarks)
+        (self.file("none")).mkdir()
+        self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", "none", status=FAILED)
+        self.assertIn("No dictionaries loaded!", self.remarks)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=1)
