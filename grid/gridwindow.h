@@ -25,3 +25,6 @@ void gridkindapply(int32_t kind);
 // The main window's size in os units; 0, 0 without one.
 void mainwindowsize(int32_t *width, int32_t *height);
 void mainwindowresize(int32_t width, int32_t height);
+
+// A text file of words becomes the Wordsquare's word list, which lies above.
+void wordlistload(const char *path);

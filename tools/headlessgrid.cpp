@@ -52,3 +52,5 @@ void mainwindowresize(int32_t width, int32_t height)
     headless.windowwidth = width;
     headless.windowheight = height;
 }
+
+void wordlistload(const char *) { headless.wordlists++; }

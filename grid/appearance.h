@@ -1,0 +1,22 @@
+// grid/appearance.h - what a document looks like until somebody says otherwise.
+//
+// One built-in slot holds a copy of everything that a document's appearance
+// block holds, and of the fonts of the two lists. It starts as the factory has
+// it; the default grid and Save As Default put the document's own in.
+#pragma once
+
+#include "grid/grid.h"
+
+// The fonts of the solutions list and of the dictionary windows. The choices
+// change them too.
+extern fontrecord solfont, dictfont;
+
+// The slot as the factory has it; the document and the list fonts stay.
+void appearancereset();
+
+// The slot to the document and the list fonts.
+void gridsetdefaults();
+
+// The document to the slot, whose list fonts stay: those are the user's, not
+// the document's.
+void gridrememberdefaults();
