@@ -42,12 +42,17 @@ bool passwrite(bfile *file, const cluepass &pass)
 
 } // namespace
 
+void cluelistwrite(bfile *file)
+{
+    if (passwrite(file, acrosspass)) bputc(file, '\n');
+    passwrite(file, downpass);
+}
+
 errorblock *cluelist(const char *path)
 {
     bfile file;
     if (bopen(path, "w", BFILEBUFFER, &file)) return nullptr;
-    if (passwrite(&file, acrosspass)) bputc(&file, '\n');
-    passwrite(&file, downpass);
+    cluelistwrite(&file);
     bclose(&file, nullptr);
     return nullptr;
 }

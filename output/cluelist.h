@@ -6,7 +6,11 @@
 // these files expect them so.
 #pragma once
 
+struct bfile;
 struct errorblock;
+
+// The clue list of the grid as it stands, into an open stream.
+void cluelistwrite(bfile *file);
 
 // Both write path from nothing and always return 0: a file that can't be
 // opened is not told of.

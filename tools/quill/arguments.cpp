@@ -1,6 +1,9 @@
 #include "tools/quill/arguments.h"
 
+#include "grid/grid.h"
+
 #include <charconv>
+#include <ctime>
 
 namespace
 {
@@ -45,6 +48,38 @@ bool maxoption(const std::string &value, arguments *args)
     return numberread(value, 1, 1000000, &args->max);
 }
 
+bool minoption(const std::string &value, arguments *args)
+{
+    return numberread(value, 1, 12, &args->min);
+}
+
+bool sizeoption(const std::string &value, arguments *args)
+{
+    size_t cross = value.find('x');
+    return cross != std::string::npos &&
+           numberread(value.substr(0, cross), 1, GRIDMAX, &args->width) &&
+           numberread(value.substr(cross + 1), 1, GRIDMAX, &args->height);
+}
+
+bool directionsoption(const std::string &value, arguments *args)
+{
+    return numberread(value, 1, 255, &args->directions);
+}
+
+bool seedoption(const std::string &value, arguments *args)
+{
+    int32_t seed;
+    bool good = numberread(value, 0, INT32_MAX, &seed);
+    args->seed = static_cast<uint32_t>(seed);
+    return good;
+}
+
+bool outoption(const std::string &value, arguments *args)
+{
+    args->out = value;
+    return !value.empty();
+}
+
 bool wordsquareoption(const std::string &, arguments *args)
 {
     args->wordsquare = true;
@@ -63,6 +98,11 @@ constexpr optionrow options[] = {
     {"--dict", TAKESDICTIONARIES, true, dictoption},
     {"--mark", TAKESMARK, true, markoption},
     {"--max", TAKESMAX, true, maxoption},
+    {"--min", TAKESMIN, true, minoption},
+    {"--size", TAKESMAKING, true, sizeoption},
+    {"--directions", TAKESMAKING, true, directionsoption},
+    {"--seed", TAKESMAKING, true, seedoption},
+    {"-o", TAKESMAKING, true, outoption},
     {"--wordsquare", TAKESWORDSQUARE, false, wordsquareoption},
 };
 
@@ -101,6 +141,7 @@ std::string argumentsread(const std::vector<std::string> &words, uint32_t takes,
 {
     *args = {};
     args->max = 1000;
+    args->seed = static_cast<uint32_t>(std::time(nullptr));
     bool plain = false; // behind "--" nothing is an option
     for (size_t at = 0; at < words.size(); at++) {
         const std::string &word = words[at];
@@ -113,5 +154,7 @@ std::string argumentsread(const std::vector<std::string> &words, uint32_t takes,
             if (!wrong.empty()) return wrong;
         }
     }
+    if ((takes & TAKESMAKING) && !args->width) return "--size is missing";
+    if ((takes & TAKESMAKING) && args->out.empty()) return "-o is missing";
     return "";
 }

@@ -12,6 +12,8 @@ constexpr uint32_t TAKESDICTIONARIES = 1; // --dictionaries DIR, --dict NAME
 constexpr uint32_t TAKESMARK = 2;         // --mark L,T,R,B
 constexpr uint32_t TAKESMAX = 4;          // --max N
 constexpr uint32_t TAKESWORDSQUARE = 8;   // --wordsquare
+constexpr uint32_t TAKESMAKING = 16;      // --size WxH, --directions MASK, --seed N, -o OUT
+constexpr uint32_t TAKESMIN = 32;         // --min N
 
 struct arguments {
     std::vector<std::string> words; // what is no option, in order
@@ -19,8 +21,14 @@ struct arguments {
     std::vector<std::string> dicts;
     std::vector<cellbox> marks;
     int32_t max;
+    int32_t min;           // 0 if not given
+    int32_t width, height; // 0 if not given
+    int32_t directions;    // 0 if not given
+    uint32_t seed;
+    std::string out; // empty if not given
     bool wordsquare;
 };
 
-// Sorts words into args. Returns empty, or what is wrong with them.
+// Sorts words into args. A making needs its size and its file. Without a seed
+// the time of day gives one. Returns empty, or what is wrong with them.
 std::string argumentsread(const std::vector<std::string> &words, uint32_t takes, arguments *args);

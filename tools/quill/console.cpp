@@ -15,10 +15,14 @@ bool counting;
 
 } // namespace
 
+void outbytes(const std::string &bytes)
+{
+    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+}
+
 void outtext(const std::string &text)
 {
-    std::string bytes = edgeout(text);
-    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+    outbytes(edgeout(text));
 }
 
 void outline(const std::string &text)

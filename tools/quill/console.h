@@ -12,6 +12,7 @@ struct errorblock;
 // Results.
 void outtext(const std::string &text);
 void outline(const std::string &text);
+void outbytes(const std::string &bytes); // as they are
 
 // A remark, a line of its own.
 [[gnu::format(printf, 1, 2)]] void remark(const char *format, ...);

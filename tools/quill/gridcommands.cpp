@@ -1,31 +1,33 @@
 #include "tools/quill/commands.h"
 
+#include "base/bfile.h"
 #include "base/errors.h"
-#include "base/files.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
 #include "grid/gridpicture.h"
+#include "output/cluelist.h"
 #include "tools/quill/console.h"
 #include "tools/quill/session.h"
 
 namespace
 {
 
-// gridsave is silent about a file that can't be written; a user at the console
-// is told.
-errorblock *savewhole(const std::string &path)
-{
-    filehandle handle;
-    errorblock *err = fileopen(path.c_str(), "u", &handle);
-    if (!err) err = fileclose(handle, nullptr);
-    if (!err) err = gridsave(path.c_str());
-    return err;
-}
-
 errorblock *opengrid(const arguments &args)
 {
     errorblock *err = sessionstart(args);
     if (!err) err = sessiongrid(args.words[0]);
+    return err;
+}
+
+// What a list writes into a stream of memory, and out as it is.
+errorblock *outmemory(bfile *file)
+{
+    int32_t size = 0;
+    errorblock *err = bsize(file, &size);
+    std::string bytes(static_cast<size_t>(size), 0);
+    if (!err) err = bseek(file, 0);
+    if (!err) err = breadall(file, bytes.data(), size);
+    if (!err) outbytes(bytes);
     return err;
 }
 
@@ -37,7 +39,7 @@ errorblock *commandgridbuild(const arguments &args)
     errorblock *err = textload(args.words[1], &text);
     if (!err) err = picturetextread(text.data(), static_cast<int32_t>(text.size()));
     if (args.wordsquare) grid.kind = GRIDWORDSQUARE;
-    if (!err) err = savewhole(args.words[0]);
+    if (!err) err = gridwrite(args.words[0].c_str());
     if (!err) remark("%d by %d cells", grid.width, grid.height);
     return err;
 }
@@ -58,4 +60,14 @@ errorblock *commandgridwords(const arguments &args)
     for (int32_t n = 0; !err && gridword(word, n); n++)
         outline(word);
     return err;
+}
+
+errorblock *commandclues(const arguments &args)
+{
+    bfile file;
+    errorblock *err = opengrid(args);
+    if (!err) err = bopen(nullptr, "w", BFILEBUFFER, &file);
+    if (err) return err;
+    cluelistwrite(&file);
+    return bclose(&file, outmemory(&file));
 }

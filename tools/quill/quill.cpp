@@ -52,6 +52,19 @@ constexpr commandrow commands[] = {
     {"solve", "GRID.qmg [--mark L,T,R,B]... [--max N]",
      "fills the marked cells with words in every way there is", 1, 1,
      TAKESDICTIONARIES | TAKESMARK | TAKESMAX, commandsolve},
+    {"anagram", "TEXT [--max N]", "finds every word of exactly these letters; * is any one", 1, 1,
+     TAKESDICTIONARIES | TAKESMAX, commandanagram},
+    {"guess", "WORD", "suggests words like this one", 1, 1, TAKESDICTIONARIES, commandguess},
+    {"spell", "GRID.qmg", "lists the unknown words of a grid, with suggestions", 1, 1,
+     TAKESDICTIONARIES, commandspell},
+    {"make", "WORDS.txt --size WxH [--directions MASK] [--seed N] -o OUT.qmg",
+     "hides a list of words in a square of letters", 1, 1, TAKESMAKING, commandmake},
+    {"fill", "--size WxH [--directions MASK] [--seed N] -o OUT.qmg",
+     "makes a square of as many random words as will go in", 0, 0, TAKESDICTIONARIES | TAKESMAKING,
+     commandfill},
+    {"find", "GRID.qmg [--min N]", "finds the words hidden in a square", 1, 1,
+     TAKESDICTIONARIES | TAKESMIN, commandfind},
+    {"clues", "GRID.qmg", "writes the clue list of a grid", 1, 1, 0, commandclues},
 };
 
 void usageshow(FILE *out, const commandrow &row)

@@ -1,6 +1,8 @@
 #include "tools/quill/commands.h"
 
 #include "base/errors.h"
+#include "base/text.h"
+#include "find/anagram.h"
 #include "find/solutions.h"
 #include "find/solve.h"
 #include "grid/grid.h"
@@ -53,4 +55,22 @@ errorblock *commandsolve(const arguments &args)
     if (edgestopped()) remark("stopped");
     remark("%d solutions of %d words", solutions.count, solutions.slotcount);
     return nullptr;
+}
+
+errorblock *commandanagram(const arguments &args)
+{
+    char text[WORDSIZE];
+    errorblock *err = sessionstart(args);
+    if (!err) err = sessiondicts(args);
+    if (!err && args.words[0].size() > static_cast<size_t>(WORDLENGTH))
+        err = makeerrortext(ERRORMAXSTRING, "An anagram has at most %d letters.", WORDLENGTH);
+    if (err) return err;
+
+    strcopyn(text, args.words[0].c_str(), WORDSIZE);
+    solutions.maxsolutions = args.max;
+    solutions.slotcount = 1;
+    err = anagramscan(text);
+    if (!err) outsolutions();
+    if (!err) remark("%d words", solutions.count);
+    return err;
 }

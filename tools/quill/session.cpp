@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "dict/dictset.h"
 #include "find/solutions.h"
