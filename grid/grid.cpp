@@ -49,7 +49,7 @@ int gridsunsaved()
 
 void gridsetfilename(const char *path)
 {
-    strcopyn(grid.filename, path, sizeof grid.filename);
+    if (path != grid.filename) strcopyn(grid.filename, path, sizeof grid.filename);
     settitlefromgrid();
 }
 

@@ -1,19 +1,34 @@
 // grid/gridfile.h - grid files, extension "qmg"; docs/formats.md has every byte.
 //
 // Three generations are read; the newest is written. The reader asks nothing of
-// the identity text: any file of the right shape is taken.
+// the identity text: any file of the right shape is taken. A legitimate file is
+// written back to the byte; values that no command could have set are brought
+// into range as they are read, so that nothing behind the reader need doubt
+// them.
 #pragma once
 
+#include "grid/appearance.h"
 #include "grid/grid.h"
 
 struct errorblock;
 
-// Writes the document, beside the old file until it is whole. Always 0: a file
-// that can't be written is not told of.
+// The file types that a document can come from.
+constexpr int32_t FILETYPEGRID = 259;
+constexpr int32_t FILETYPETEXT = 4095;
+
+// Writes the document, beside the old file until it is whole. The errors are
+// those of base/safesave.h; the old file is as it was then.
+errorblock *gridwrite(const char *path);
+
+// The same as the commands do it. Always 0: a file that can't be written is not
+// told of.
 errorblock *gridsave(const char *path);
 
-// Reads one. A file that can't be opened leaves the document as it was and is
-// no error. Error 283 for a size outside 1..127, with the document as it was.
+// Reads one, with the dictionaries it names. A file that can't be opened leaves
+// the document as it was and is no error. Error 283 for a header cut short or a
+// size outside 1..127, with the document as it was. A file cut short behind the
+// header leaves what it doesn't tell as it was. The document's name, its
+// changed mark and its kind stay; the kind waits in grid.pendingkind.
 errorblock *gridload(const char *path);
 
 // gridsave, and the document bears that name and counts as unchanged.
@@ -22,17 +37,17 @@ errorblock *gridsaveto(const char *path);
 // Error 532 for a document without a name.
 errorblock *gridsavecommand();
 
-// The per-user default: "%sDefault\%s.qmg".
+// The user's default, "%sDefault\%s.qmg" of the program's directory and the
+// login name. Saving it makes the document's appearance the built-in one, and
+// so does loading it; without one the factory's applies. Errors: those of the
+// two names, and nothing is done then.
 errorblock *gridsavedefault();
 errorblock *gridloaddefault();
 
-// The handler of an opened or dropped file; applies the kind it names.
+// The handler of an opened or dropped file: a grid, or with FILETYPETEXT a word
+// list. The document bears the file's name, counts as unchanged, and is of the
+// kind of the grid file read last. Error 283 as gridload, with no change.
 errorblock *gridopened(const char *path, int32_t filetype);
+
+// Whether a window may be handed a file: a grid always, a text as a word list.
 int gridaccepts(int32_t filetype);
-
-// The built-in slot of appearance, to and from the document.
-void gridsetdefaults();
-void gridrememberdefaults();
-
-// The fonts of the two lists, from the slot; the choices change them.
-extern fontrecord solfont, dictfont;

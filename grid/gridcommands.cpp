@@ -1,0 +1,87 @@
+// The File menu's commands on the document, and the user's default grid.
+#include "base/errorcodes.h"
+#include "base/errors.h"
+#include "base/files.h"
+#include "base/platform.h"
+#include "base/text.h"
+#include "grid/gridfile.h"
+#include "grid/gridwindow.h"
+
+namespace
+{
+
+errorblock *defaultpath(char *path)
+{
+    char login[256], directory[PATHSIZE];
+    errorblock *err = platformloginname(login, sizeof login);
+    if (!err) err = platformprogramdirectory(directory, sizeof directory);
+    if (!err) err = xzsnprintf(PATHSIZE, nullptr, path, "%sDefault\\%s.qmg", directory, login);
+    return err;
+}
+
+void appearancedefault()
+{
+    gridsetdefaults();
+    gridsquaresize();
+}
+
+} // namespace
+
+errorblock *gridsaveto(const char *path)
+{
+    errorblock *err = gridsave(path);
+    if (err) return err;
+    gridunchanged();
+    gridsetfilename(path);
+    return nullptr;
+}
+
+errorblock *gridsavecommand()
+{
+    return grid.filename[0] ? gridsaveto(grid.filename) : makeerror(ERRORNEVERSAVED);
+}
+
+errorblock *gridsavedefault()
+{
+    char path[PATHSIZE];
+    errorblock *err = defaultpath(path);
+    if (!err) err = gridsave(path);
+    if (!err) gridrememberdefaults();
+    return err;
+}
+
+// A default grid that doesn't load is as none: the program starts all the same.
+errorblock *gridloaddefault()
+{
+    char path[PATHSIZE];
+    errorblock *err = defaultpath(path);
+    if (err) return err;
+    int32_t type;
+    if (fileobject(path, &type) || type != OBJECTFILE || gridload(path))
+        appearancedefault();
+    else
+        gridrememberdefaults();
+    gridkindapply(grid.pendingkind);
+    return nullptr;
+}
+
+// A word list goes through the same end as a grid: the document bears its
+// path, and the kind goes back to that of the grid file read last.
+errorblock *gridopened(const char *path, int32_t filetype)
+{
+    errorblock *err = nullptr;
+    if (filetype == FILETYPETEXT)
+        wordlistload(path);
+    else
+        err = gridload(path);
+    if (err) return err;
+    gridunchanged();
+    gridsetfilename(path);
+    gridkindapply(grid.pendingkind);
+    return nullptr;
+}
+
+int gridaccepts(int32_t filetype)
+{
+    return filetype == FILETYPEGRID || (filetype == FILETYPETEXT && grid.kind == GRIDWORDSQUARE);
+}
