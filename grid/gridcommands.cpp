@@ -38,7 +38,7 @@ errorblock *gridsaveto(const char *path)
 
 errorblock *gridsavecommand()
 {
-    return grid.filename[0] ? gridsaveto(grid.filename) : makeerror(ERRORNEVERSAVED);
+    return grid.filename[0] ? gridsaveto(grid.filename) : makeerror(ENOSAVE);
 }
 
 errorblock *gridsavedefault()

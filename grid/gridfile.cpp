@@ -87,7 +87,7 @@ errorblock *headercheck(bfile *file, gridheader *header)
     errorblock *err = headerread(file, header);
     if (err && err->code != ERRORREAD) return err;
     if (err || !sizelegal(header->words[WIDTH]) || !sizelegal(header->words[HEIGHT]))
-        return makeerror(ERRORCORRUPTION);
+        return makeerror(ECR);
     return nullptr;
 }
 

@@ -60,8 +60,7 @@ errorblock *cellread(picture *read, int32_t x, int32_t y, char ch, int32_t line)
     if (pictureletter(byte))
         read->letters[x][y] = byte;
     else if (ch != PICTUREBLOCK && ch != PICTUREBLANK)
-        return makeerrortext(ERRORCORRUPTION, "Line %d: character %d is a control character.", line,
-                             x + 1);
+        return makeerrortext(ECR, "Line %d: character %d is a control character.", line, x + 1);
     return nullptr;
 }
 
@@ -69,15 +68,13 @@ errorblock *rowread(picture *read, const linereader &in)
 {
     size_t length = in.line.size();
     if (length > GRIDMAX)
-        return makeerrortext(ERRORCORRUPTION, "Line %d: a row has at most %d cells.", in.number,
-                             GRIDMAX);
+        return makeerrortext(ECR, "Line %d: a row has at most %d cells.", in.number, GRIDMAX);
     if (read->height == GRIDMAX)
-        return makeerrortext(ERRORCORRUPTION, "Line %d: a grid has at most %d rows.", in.number,
-                             GRIDMAX);
+        return makeerrortext(ECR, "Line %d: a grid has at most %d rows.", in.number, GRIDMAX);
     int32_t width = static_cast<int32_t>(length);
     if (read->height && width != read->width)
-        return makeerrortext(ERRORCORRUPTION, "Line %d: the row has %d cells, those above have %d.",
-                             in.number, width, read->width);
+        return makeerrortext(ECR, "Line %d: the row has %d cells, those above have %d.", in.number,
+                             width, read->width);
     read->width = width;
     errorblock *err = nullptr;
     for (int32_t x = 0; x < width && !err; x++)
@@ -91,8 +88,7 @@ errorblock *rowsread(picture *read, linereader *in)
     errorblock *err = nullptr;
     while (!err && linenext(in) && !in->line.empty())
         err = rowread(read, *in);
-    if (!err && !read->height)
-        err = makeerrortext(ERRORCORRUPTION, "Line 1: the picture has no rows.");
+    if (!err && !read->height) err = makeerrortext(ECR, "Line 1: the picture has no rows.");
     return err;
 }
 
@@ -124,7 +120,7 @@ errorblock *barread(picture *read, uint8_t bar, std::string_view place, int32_t 
     int32_t y =
         comma == std::string_view::npos ? -1 : numberread(place.substr(comma + 1), read->height);
     if (x < 0 || y < 0)
-        return makeerrortext(ERRORCORRUPTION, "Line %d: \"%.*s\" is not a cell of the grid.", line,
+        return makeerrortext(ECR, "Line %d: \"%.*s\" is not a cell of the grid.", line,
                              static_cast<int>(std::min<size_t>(place.size(), 32)), place.data());
     read->flags[x][y] |= bar;
     return nullptr;
@@ -142,7 +138,7 @@ errorblock *barsread(picture *read, linereader *in)
             err = barread(read, edge.bar, word, in->number);
         return err;
     }
-    return makeerrortext(ERRORCORRUPTION, "Line %d: neither \"left\" nor \"top\".", in->number);
+    return makeerrortext(ECR, "Line %d: neither \"left\" nor \"top\".", in->number);
 }
 
 void documentset(const picture &read)
