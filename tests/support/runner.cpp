@@ -20,8 +20,14 @@ struct blockwatch : doctest::IReporter {
     void report_query(const doctest::QueryData &) override {}
     void test_run_start() override {}
     void test_run_end(const doctest::TestRunStats &) override {}
-    void test_case_start(const doctest::TestCaseData &) override { modulesreset(); }
-    void test_case_reenter(const doctest::TestCaseData &) override { modulesreset(); }
+    void test_case_start(const doctest::TestCaseData &) override
+    {
+        modulesreset();
+    }
+    void test_case_reenter(const doctest::TestCaseData &) override
+    {
+        modulesreset();
+    }
     void test_case_end(const doctest::CurrentTestCaseStats &) override
     {
         modulesreset();

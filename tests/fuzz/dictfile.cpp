@@ -1,0 +1,93 @@
+// Dictionary files: any bytes as one. A file that loads is walked, searched,
+// edited and saved; what is saved must load again.
+
+#include "dict/dictfile.h"
+#include "base/errors.h"
+#include "tests/fuzz/fuzz.h"
+
+#include <cstring>
+
+namespace
+{
+
+// By steps, and by number. A store that was made up, or edited out of memory, may
+// hold fewer words than it says.
+void walkall(const Dictionary *dict)
+{
+    dictcursor cursor;
+    uint32_t walked = 0;
+    if (dictseek(0, dict, &cursor)) {
+        do {
+            FUZZCHECK(std::memchr(cursor.word, 0, sizeof cursor.word));
+            walked++;
+        } while (dictnext(dict, &cursor));
+    }
+    FUZZCHECK(walked <= dictcount(dict));
+    FUZZCHECK(!dictseek(dictcount(dict), dict, &cursor));
+    for (uint32_t n = 0; n < dictcount(dict); n += 1 + dictcount(dict) / 50)
+        FUZZCHECK(std::strlen(dictword(n, dict)) < WORDSIZE);
+    dictcheck(dict);
+}
+
+void searchfor(const char *word, const Dictionary *dict)
+{
+    constexpr uint32_t options[] = {0, FINDHYPHENS, fastfind, fastfind | FINDHYPHENS};
+    for (uint32_t option : options) {
+        dictcursor cursor;
+        uint32_t flags = option;
+        char found[WORDSIZE];
+        if (dictfind(word, dict, &cursor, &flags) && (option & fastfind)) dictfound(found);
+    }
+}
+
+// Words from the store and about its ends; they go in and come out again.
+void editsome(Dictionary *dict)
+{
+    const std::string words[] = {"!",
+                                 "nation",
+                                 "NATIONAL",
+                                 "\xE9t\xE9",
+                                 "\xFFz-z z'z",
+                                 "abcdefghijklmnopqrstuvwxyzabcde",
+                                 "abcdefghijklmnopqrstuvwxyzabcdeZ",
+                                 dictword(0, dict),
+                                 dictword(dictcount(dict) / 2, dict),
+                                 dictword(dictcount(dict) - 1, dict)};
+    for (const std::string &word : words) {
+        searchfor(word.c_str(), dict);
+        dictadd(word.c_str(), dict);
+        searchfor(word.c_str(), dict);
+    }
+    for (const std::string &word : words) {
+        dictremove(word.c_str(), dict);
+        searchfor(word.c_str(), dict);
+    }
+    for (int n = 0; n < 10 && dictcount(dict); n++)
+        dictremove(std::string(dictword(0, dict)).c_str(), dict);
+}
+
+void checksave(Dictionary *dict)
+{
+    FUZZCHECK(!dictsave(fuzzfolder().c_str(), "saved", dict));
+    FUZZCHECK(!dictload(fuzzfolder().c_str(), "saved", dict));
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    Dictionary dict = {};
+    fuzzwrite(fuzzpath("any.dic"), data, size);
+    if (dictload(fuzzfolder().c_str(), "any", &dict)) {
+        FUZZCHECK(dictcount(&dict) == 0 && dict.noindex == 0);
+        dictfree(&dict);
+    } else {
+        checksave(&dict);
+        walkall(&dict);
+        editsome(&dict);
+        walkall(&dict);
+        dictfree(&dict);
+    }
+    FUZZCHECK(flexblocks() == 0);
+    return 0;
+}

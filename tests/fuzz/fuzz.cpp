@@ -1,0 +1,76 @@
+#include "tests/fuzz/fuzz.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+
+namespace
+{
+
+struct scratchfolder {
+    std::filesystem::path path;
+
+    scratchfolder()
+    {
+        path = std::filesystem::temp_directory_path() /
+               ("quillfuzz" + std::to_string(std::random_device{}()));
+        std::filesystem::create_directories(path);
+    }
+    ~scratchfolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path, ignored);
+    }
+};
+
+} // namespace
+
+void fuzzfail(const char *file, int line, const char *condition)
+{
+    std::fprintf(stderr, "%s:%d: not so: %s\n", file, line, condition);
+    std::abort();
+}
+
+uint8_t fuzzbyte(fuzzfeed *feed)
+{
+    if (!feed->size) return 0;
+    feed->size--;
+    return *feed->data++;
+}
+
+std::string fuzzrest(fuzzfeed *feed)
+{
+    std::string rest(reinterpret_cast<const char *>(feed->data), feed->size);
+    feed->size = 0;
+    return rest;
+}
+
+std::string fuzzfolder()
+{
+    static const scratchfolder folder;
+    return folder.path.string();
+}
+
+std::string fuzzpath(const char *leaf)
+{
+    return fuzzfolder() + "/" + leaf;
+}
+
+void fuzzwrite(const std::string &path, const uint8_t *data, size_t size)
+{
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(reinterpret_cast<const char *>(data), static_cast<std::streamsize>(size));
+    FUZZCHECK(file.good());
+}
+
+std::string fuzzread(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    FUZZCHECK(file.good());
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
