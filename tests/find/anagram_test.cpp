@@ -1,0 +1,144 @@
+#include "find/anagram.h"
+
+#include "base/errorcodes.h"
+#include "base/errors.h"
+#include "dict/dictset.h"
+#include "find/solutions.h"
+#include "find/solve.h"
+#include "grid/grid.h"
+#include "tests/find/testdicts.h"
+#include "tools/headless.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+std::string lower(std::string text)
+{
+    for (char &ch : text)
+        if (ch >= 'A' && ch <= 'Z') ch = static_cast<char>(ch + 32);
+    return text;
+}
+
+// Told again: the letters of the word that the text hasn't got must be no more
+// than its wildcards; lengths agree.
+bool told(std::string word, std::string text)
+{
+    if (word.size() != text.size()) return false;
+    word = lower(word);
+    text = lower(text);
+    std::ptrdiff_t missing = 0;
+    for (int ch = 1; ch < 256; ch++) {
+        if (ch == '*') continue;
+        auto in = std::count(word.begin(), word.end(), static_cast<char>(ch));
+        auto have = std::count(text.begin(), text.end(), static_cast<char>(ch));
+        missing += std::max<std::ptrdiff_t>(0, in - have);
+    }
+    return missing <= std::count(text.begin(), text.end(), '*');
+}
+
+std::vector<std::string> scanned(const std::string &text)
+{
+    char buffer[WORDSIZE];
+    strcpy(buffer, text.c_str());
+    solreset();
+    solutions.slotcount = 1;
+    CHECK(anagramscan(buffer) == nullptr);
+    std::vector<std::string> words;
+    for (int32_t i = 0; i < solutions.count; i++)
+        words.push_back(wordtext(solref(i, 0)));
+    return words;
+}
+
+std::vector<std::string> expected(const std::string &text)
+{
+    std::vector<std::string> words;
+    for (uint32_t i = 0; i < dictset.count; i++)
+        for (const std::string &word : testdictwords(dictset.numbers[i]))
+            if (told(word, text)) words.push_back(word);
+    return words;
+}
+
+void markrow(const char *letters)
+{
+    for (int32_t x = 0; letters[x]; x++) {
+        grid.letters[x][0] = static_cast<uint8_t>(letters[x]);
+        grid.flags[x][0] = CELLMARKED;
+    }
+}
+
+uint32_t code(errorblock *err)
+{
+    return err ? err->code : 0;
+}
+
+} // namespace
+
+TEST_CASE("anagrams agree with counting letters")
+{
+    std::vector<std::string> words = realwords(3);
+    testdict("one", words);
+    testdict("two", {"ice cream", "Reims", "miser", "can't", "x-ray", std::string(31, 'a')});
+    solutions.maxsolutions = 1000000;
+    std::mt19937 random(20261);
+    size_t found = 0;
+    for (int n = 0; n < 400; n++) {
+        std::string text = words[below(random, static_cast<uint32_t>(words.size()))];
+        std::shuffle(text.begin(), text.end(), random);
+        for (uint32_t stars = below(random, 4); stars && !text.empty(); stars--)
+            text[below(random, static_cast<uint32_t>(text.size()))] = '*';
+        if (n % 5 == 0 && !text.empty() && text[0] >= 'a')
+            text[0] = static_cast<char>(text[0] - 32);
+        std::vector<std::string> result = scanned(text);
+        CHECK(result == expected(text));
+        found += result.size();
+    }
+    CHECK(found > 400);
+    testdictsfree();
+}
+
+TEST_CASE("worked cases")
+{
+    testdict("d", {"act", "Cat", "cot", "dog", "ab cd", std::string(31, 'z')});
+    testdict("e", {"cat"});
+    CHECK(scanned("tac") == std::vector<std::string>{"act", "Cat", "cat"});
+    CHECK(scanned("c*t") == std::vector<std::string>{"act", "Cat", "cot", "cat"});
+    CHECK(scanned("***") == std::vector<std::string>{"act", "Cat", "cot", "dog", "cat"});
+    CHECK(scanned("**") == std::vector<std::string>{});
+    CHECK(scanned(" dcba") == std::vector<std::string>{"ab cd"});
+    CHECK(scanned(std::string(30, 'z') + "*") == std::vector<std::string>{std::string(31, 'z')});
+    solutions.maxsolutions = 1;
+    CHECK(scanned("c*t").size() == 2); // the list stops above the limit
+    testdictsfree();
+}
+
+TEST_CASE("the start checks the mark, the slot and the text")
+{
+    CHECK(code(anagramstart("")) == ENOD);
+    testdict("d", {"cat", "act"});
+    CHECK(code(anagramstart("cat")) == ENMW);
+    markrow("ca ");
+    grid.flags[0][1] = CELLMARKED;
+    grid.flags[0][2] = CELLMARKED;
+    CHECK(code(anagramstart("cat")) == EASW);
+    grid.flags[0][1] = grid.flags[0][2] = CELLOPEN;
+    CHECK(code(anagramstart("")) == EASP);
+    CHECK(code(anagramstart("cats")) == EAMAT);
+    CHECK(code(anagramstart(std::string(60, 'x').c_str())) == EAMAT);
+    CHECK_FALSE(headless.worker);
+
+    CHECK(anagramstart("tca") == nullptr);
+    CHECK(headlessrun() == nullptr);
+    CHECK(solutions.count == 2);
+    markrow("cat");
+    CHECK(anagramstart("") == nullptr);
+    CHECK(headlessrun() == nullptr);
+    CHECK(solutions.count == 2);
+    CHECK(headless.begins == headless.ends);
+    CHECK(headless.busy == 0);
+    testdictsfree();
+}

@@ -1,0 +1,304 @@
+#include "find/wsmake.h"
+
+#include "base/random.h"
+#include "dict/dictset.h"
+#include "find/solutions.h"
+#include "find/solve.h"
+#include "grid/grid.h"
+#include "tests/find/testdicts.h"
+#include "tools/headless.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+void square(int32_t width, int32_t height, uint32_t directions)
+{
+    grid.kind = GRIDWORDSQUARE;
+    grid.width = width;
+    grid.height = height;
+    grid.filldirections = directions;
+    gridclear();
+}
+
+void list(const std::vector<std::string> &words)
+{
+    solreset();
+    for (const std::string &word : words)
+        REQUIRE(soladdword(-1, -1, -1, -1, word.c_str()) == nullptr);
+}
+
+std::string gridtext()
+{
+    std::string text;
+    for (int32_t y = 0; y < grid.height; y++)
+        for (int32_t x = 0; x < grid.width; x++)
+            text += static_cast<char>(grid.letters[x][y]);
+    return text;
+}
+
+std::string readback(const wsentry &entry)
+{
+    std::string text;
+    for (size_t i = 0; i < strlen(entry.text); i++) {
+        int32_t x = entry.x + static_cast<int32_t>(i) * entry.dx;
+        int32_t y = entry.y + static_cast<int32_t>(i) * entry.dy;
+        REQUIRE(gridinside(x, y));
+        text += static_cast<char>(grid.letters[x][y]);
+    }
+    return text;
+}
+
+bool allowed(const wsentry &entry, uint32_t mask)
+{
+    const int steps[8][2] = {{1, 0}, {1, 1}, {1, -1}, {0, 1}, {0, -1}, {-1, 0}, {-1, 1}, {-1, -1}};
+    for (int i = 0; i < 8; i++)
+        if (entry.dx == steps[i][0] && entry.dy == steps[i][1]) return mask >> i & 1;
+    return false;
+}
+
+std::vector<std::string> somewords(std::mt19937 &random, const std::vector<std::string> &from,
+                                   size_t count, size_t longest)
+{
+    std::vector<std::string> words;
+    while (words.size() < count) {
+        std::string word = from[below(random, static_cast<uint32_t>(from.size()))];
+        if (word.size() <= longest && word[0] >= 'a') words.push_back(word);
+    }
+    return words;
+}
+
+// A square told again by plain recursion, which draws as the making draws.
+struct retelling {
+    std::vector<std::string> words;
+    std::vector<std::vector<int>> places;
+    std::string cells = std::string();
+    std::vector<int> uses;
+    int width, height;
+    uint32_t mask;
+
+    bool place(size_t i)
+    {
+        const int steps[8][2] = {{1, 0},  {1, 1},  {1, -1}, {0, 1},
+                                 {0, -1}, {-1, 0}, {-1, 1}, {-1, -1}};
+        if (i == words.size()) return true;
+        int startx = randomdraw() % width, starty = randomdraw() % height;
+        int startd = randomdraw() & 7;
+        int length = static_cast<int>(words[i].size());
+        int start = starty * width + startx;
+        for (int n = 0; n < width * height; n++) {
+            int cell = (start + n) % (width * height);
+            for (int t = 0; t < 8; t++) {
+                int d = (startd + t) % 8, x = cell % width, y = cell / width;
+                if (!(mask >> d & 1)) continue;
+                int ex = x + (length - 1) * steps[d][0], ey = y + (length - 1) * steps[d][1];
+                if (ex < 0 || ey < 0 || ex >= width || ey >= height) continue;
+                std::vector<size_t> line;
+                for (int k = 0; k < length; k++)
+                    line.push_back(
+                        static_cast<size_t>((y + k * steps[d][1]) * width + x + k * steps[d][0]));
+                bool fits = true;
+                for (size_t k = 0; k < line.size(); k++)
+                    fits = fits && (cells[line[k]] == ' ' || cells[line[k]] == words[i][k]);
+                if (!fits) continue;
+                for (size_t k = 0; k < line.size(); k++) {
+                    cells[line[k]] = words[i][k];
+                    uses[line[k]]++;
+                }
+                if (place(i + 1)) {
+                    places[i] = {x, y, steps[d][0], steps[d][1]};
+                    return true;
+                }
+                for (size_t at : line)
+                    if (--uses[at] == 0) cells[at] = ' ';
+            }
+        }
+        return false;
+    }
+};
+
+void stopattempt()
+{
+    if (headless.polls == 11) search.stopflag = 1;
+}
+
+} // namespace
+
+TEST_CASE("placing agrees with plain recursion, place by place")
+{
+    std::vector<std::string> words = realwords(7);
+    std::mt19937 random(44);
+    int placed = 0, failed = 0;
+    for (int n = 0; n < 300; n++) {
+        int32_t width = 3 + static_cast<int32_t>(below(random, 5));
+        int32_t height = 3 + static_cast<int32_t>(below(random, 5));
+        uint32_t mask = 1 + below(random, 255);
+        std::vector<std::string> chosen = somewords(random, words, 1 + below(random, 5), 6);
+        square(width, height, mask);
+        list(chosen);
+
+        retelling told = {.words = chosen,
+                          .places = {},
+                          .uses = {},
+                          .width = width,
+                          .height = height,
+                          .mask = mask};
+        told.places.assign(chosen.size(), {-1, -1, -1, -1});
+        told.cells.assign(static_cast<size_t>(width * height), ' ');
+        told.uses.assign(static_cast<size_t>(width * height), 0);
+        randomseed(static_cast<uint32_t>(n));
+        bool expected = told.place(0);
+        randomseed(static_cast<uint32_t>(n));
+        CHECK(wsplace(0) == (expected ? 1 : 0));
+        CHECK(gridtext() == told.cells);
+        for (size_t i = 0; i < chosen.size(); i++) {
+            const wsentry *entry = solword(static_cast<int32_t>(i));
+            CHECK(std::vector<int>{entry->x, entry->y, entry->dx, entry->dy} == told.places[i]);
+        }
+        (expected ? placed : failed)++;
+        solreset();
+    }
+    CHECK(placed > 100);
+    CHECK(failed > 10);
+}
+
+TEST_CASE("every placed word reads back, and a seed gives one square")
+{
+    std::vector<std::string> words = realwords(5);
+    std::mt19937 random(45);
+    for (int n = 0; n < 20; n++) {
+        uint32_t mask = n % 2 ? 255 : 15;
+        std::vector<std::string> chosen = somewords(random, words, 25, 12);
+        std::string first;
+        for (int again = 0; again < 2; again++) {
+            square(18, 14, mask);
+            list(chosen);
+            randomseed(static_cast<uint32_t>(100 + n));
+            CHECK(wsmake() == nullptr);
+            CHECK(headlessrun() == nullptr);
+            std::string text = gridtext();
+            if (!again) first = text;
+            CHECK(text == first);
+            CHECK(text.find(' ') == std::string::npos);
+        }
+        for (int32_t i = 0; i < solutions.count; i++) {
+            CHECK(readback(*solword(i)) == chosen[static_cast<size_t>(i)]);
+            CHECK(allowed(*solword(i), mask));
+        }
+        solreset();
+    }
+    CHECK(headless.begins == headless.ends);
+    CHECK(headless.busy == 0);
+}
+
+TEST_CASE("words that fit nowhere leave an empty grid")
+{
+    square(5, 5, 255);
+    list({"cat", "elephant"});
+    CHECK(wsplace(0) == 0);
+    CHECK(gridtext() == std::string(25, ' '));
+    for (int32_t x = 0; x < 5; x++)
+        for (int32_t y = 0; y < 5; y++)
+            CHECK(grid.counts[x][y] == 0);
+    solreset();
+    CHECK(wsplace(0) == 1); // an empty list
+
+    // Capitals are compared as they are and laid in lower case.
+    square(3, 1, 1);
+    list({"Cat"});
+    CHECK(wsplace(0) == 1);
+    CHECK(gridtext() == "cat");
+    list({"Cat"});
+    CHECK(wsplace(0) == 0);
+    solreset();
+
+    // Directions of 0 are the default ones.
+    square(1, 6, 0);
+    list({"column"});
+    CHECK(wsplace(0) == 1);
+    CHECK(gridtext() == "column");
+    solreset();
+}
+
+TEST_CASE("Stop keeps what is placed and says so once")
+{
+    std::vector<std::string> words = realwords(11);
+    std::mt19937 random(46);
+    square(30, 30, 255);
+    list(somewords(random, words, 20, 8));
+    randomseed(7);
+    headless.onpoll = stopattempt;
+    CHECK(wsmake() == nullptr);
+    CHECK(headlessrun() == nullptr);
+    CHECK(headless.boxes == 1);
+    CHECK(headless.boxtext == std::string("Fitted 11 words, up to ") + solword(11)->text);
+    for (int32_t i = 0; i < 20; i++)
+        CHECK((solword(i)->x >= 0) == (i < 11));
+    for (int32_t i = 0; i < 11; i++)
+        CHECK(readback(*solword(i)) == solword(i)->text);
+    solreset();
+}
+
+TEST_CASE("a list as long as a text file doesn't wear the stack out")
+{
+    square(4, 1, 1);
+    list(std::vector<std::string>(100000, "four"));
+    CHECK(wsplace(0) == 1); // all in one place
+    CHECK(solword(99999)->x == 0);
+    solreset();
+}
+
+TEST_CASE("New fills a square from the dictionaries")
+{
+    CHECK(wsnew() != nullptr);
+    testdict("one", realwords(2));
+    std::string first;
+    for (int again = 0; again < 2; again++) {
+        square(12, 12, 255);
+        randomseed(99);
+        CHECK(wsnew() == nullptr);
+        CHECK(headlessrun() == nullptr);
+        std::string text = gridtext();
+        CHECK(text.find(' ') == std::string::npos);
+        if (again) CHECK(text == first);
+        first = text;
+        CHECK(solutions.count == 0); // the words are for the solver to find
+    }
+    testdictsfree();
+
+    testdict("empty", {});
+    square(4, 4, 255);
+    CHECK(wsnew() == nullptr);
+    CHECK(headlessrun() == nullptr); // and it ends
+    testdictsfree();
+}
+
+TEST_CASE("random words come round-robin from the second dictionary on")
+{
+    testdict("a", {"alpha"});
+    testdict("b", {"beta"});
+    testdict("c", {});
+    char word[WORDSIZE];
+    std::string seen;
+    dictrandomreset();
+    for (int i = 0; i < 6; i++) {
+        dictrandomword(word);
+        seen += std::string(word) + ",";
+    }
+    CHECK(seen == "beta,,alpha,beta,,alpha,");
+    testdictsfree();
+
+    testdict("many", realwords(3));
+    uint32_t count = dictcount(&dicts[0].dict);
+    randomseed(5);
+    uint32_t low = static_cast<uint32_t>(randomdraw());
+    uint32_t high = static_cast<uint32_t>(randomdraw());
+    randomseed(5);
+    dictrandomword(word);
+    CHECK(std::string(word) == testdictwords(0)[((low + 32768 * high) & 0xFFFFFF) % count]);
+    testdictsfree();
+}
