@@ -180,6 +180,78 @@ class QuillTest(unittest.TestCase):
         self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", "none", status=FAILED)
         self.assertIn("No dictionaries loaded!", self.remarks)
 
+    def test_anagram(self):
+        self.solvegrid()
+        use = ("--dictionaries", ".")
+        self.assertEqual(self.quill("anagram", "tac", *use), "cat\n")
+        self.assertEqual(self.quill("anagram", "c*t", *use), "cat\ncot\nCut\n")
+        self.assertEqual(self.quill("anagram", "CIT", *use, "--dict", "Other"), "cit\n")
+        self.assertEqual(self.quill("anagram", "zzz", *use), "")
+        self.assertEqual(len(self.quill("anagram", "***", *use, "--max", "2").splitlines()), 3)
+        self.quill("anagram", "x" * 32, *use, status=FAILED)
+
+    def test_guess_and_spell(self):
+        self.solvegrid()
+        use = ("--dictionaries", ".")
+        self.assertIn("cat\n", self.quill("guess", "catt", *use))
+        self.assertEqual(self.quill("guess", "zzzzz", *use), "")
+        self.file("s.txt", "CATT\n####\nTIPS\n####\nTOP.\n")
+        self.quill("grid", "build", "s.qmg", "s.txt")
+        lines = self.quill("spell", "s.qmg", *use).splitlines()
+        self.assertEqual([line.split("\t")[0] for line in lines], ["CATT", "TIPS"])
+        self.assertIn("cat", lines[0].split("\t")[1].split(","))
+        self.assertIn("tip", lines[1].split("\t")[1].split(","))
+
+    def test_make_and_find(self):
+        words = ["otter", "badger", "heron", "pine", "elk"]
+        self.file("w.txt", "\n".join(words))
+        self.quill("dict", "build", "MainDict.dic", "w.txt")
+        making = ("make", "w.txt", "--size", "9x8", "--directions", "255", "--seed", "12")
+        places = self.quill(*making, "-o", "g.qmg")
+        again = self.quill(*making, "-o", "h.qmg")
+        self.assertEqual(places, again)
+        self.assertEqual(self.file("g.qmg").read_bytes(), self.file("h.qmg").read_bytes())
+        self.assertEqual([line.split("\t")[0] for line in places.splitlines()], words)
+        rows = self.quill("grid", "draw", "g.qmg").splitlines()
+        self.assertEqual((len(rows[0]), len(rows)), (9, 8))
+        for line in places.splitlines():
+            word, x, y, dx, dy = [int(part) if part.lstrip("-").isdigit() else part
+                                  for part in line.split("\t")]
+            self.assertEqual("".join(rows[y + i * dy][x + i * dx] for i in range(len(word))), word)
+        found = self.quill("find", "g.qmg", "--min", "3", "--dictionaries", ".").splitlines()
+        self.assertTrue(set(places.splitlines()) <= set(found))
+        self.assertEqual([line.split("\t")[0] for line in found],
+                         sorted(line.split("\t")[0] for line in found))
+        self.assertNotIn("elk", [line.split("\t")[0] for line in
+                                 self.quill("find", "g.qmg", "--dictionaries", ".").splitlines()])
+        self.file("long.txt", "elephantine")
+        self.assertEqual(self.quill("make", "long.txt", "--size", "4x4", "-o", "l.qmg"),
+                         "elephantine\t-1\t-1\t-1\t-1\n")
+        for wrong in (["make", "w.txt", "-o", "x.qmg"], ["make", "w.txt", "--size", "9x8"],
+                      ["make", "w.txt", "--size", "0x8", "-o", "x.qmg"],
+                      ["make", "w.txt", "--size", "9x128", "-o", "x.qmg"],
+                      ["fill", "--size", "9x8", "--directions", "256", "-o", "x.qmg"]):
+            self.quill(*wrong, status=WRONGUSAGE)
+
+    def test_fill(self):
+        self.quill("dict", "build", "MainDict.dic")
+        self.quill("dict", "add", "MainDict.dic", "otter", "badger", "heron", "squirrel")
+        filling = ("fill", "--size", "6x5", "--seed", "3", "--dictionaries", ".")
+        self.assertEqual(self.quill(*filling, "-o", "f.qmg"), "")
+        drawn = self.quill("grid", "draw", "f.qmg")
+        self.assertRegex(drawn, r"^([a-z]{6}\n){5}$")
+        self.quill(*filling, "-o", "g.qmg")
+        self.assertEqual(self.quill("grid", "draw", "g.qmg"), drawn)
+        self.quill("fill", "--size", "6x5", "--dictionaries", "nowhere", "-o", "h.qmg",
+                   status=FAILED)
+        self.assertFalse(self.file("h.qmg").exists())
+
+    def test_clues(self):
+        self.file("p.txt", "CAT\nA#O\nB.P\n")
+        self.quill("grid", "build", "g.qmg", "p.txt")
+        self.assertEqual(self.quill("clues", "g.qmg"),
+                         "Clues across.\r\n1. CAT\n3. B P\n\nClues down.\n\n1. CAB\n2. TOP\n")
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1], verbosity=1)
