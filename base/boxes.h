@@ -28,9 +28,10 @@ void reporterror(const errorblock *error);
 // Shows it and ends the process with status 1; nothing for zero.
 void reportfatal(const errorblock *error);
 
-// A text in place of an error, tokens expanded: flags 17 warns, 0 stops.
+// A text in place of an error, tokens expanded: a stop box for flags 0.
+constexpr uint32_t REPORTWARNING = 17;
 void reporttext(const char *text, uint32_t flags);
-void reporttextfatal(const char *text);
+[[noreturn]] void reporttextfatal(const char *text);
 
 // Level 0 a stop box, 2 a warning box, 1 a stop box and the end of the process.
 [[gnu::format(printf, 2, 3)]] void reportf(int level, const char *format, ...);

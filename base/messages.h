@@ -5,12 +5,14 @@
 // zero-terminated, then an empty key; entries added first win.
 #pragma once
 
+#include <cstdarg>
 #include <cstdint>
 
 struct errorblock;
 
-// An empty store.
+// An empty store. endtrans is for tests: a program keeps its store to the end.
 errorblock *inittrans();
+void endtrans();
 
 // Adds the catalogue directory\name, or, with a directory of 0, the program's
 // own resource of that name. Errors: 28 with the path, or "Messages file not
@@ -26,8 +28,15 @@ const char *lookuptoken(const char *key);
 
 // Expands the {KEY} tokens of text in place; a value is expanded in turn. A
 // token whose text would not leave the whole below limit bytes stays. "{{" is
-// one brace, and the byte behind it is passed over. Returns 0.
+// one brace, and the byte behind it is passed over. A value that leads back to
+// its own token would never end: after 4096 replacements the rest stays as it
+// is. Returns 0.
 errorblock *expandtokens(char *text, int32_t limit);
+
+// What every call with a format shares: expands the format (256 bytes, silently
+// cut), then formats into buffer, cut to size. The result isn't expanded.
+[[gnu::format(printf, 3, 0)]] void messageformat(int32_t size, char *buffer, const char *format,
+                                                 va_list arguments);
 
 // Expands the format (1024 bytes), formats into buffer, and expands again.
 // Errors: 30 for a format too long; the buffer is filled all the same.
