@@ -38,6 +38,7 @@ errorblock *initerror()
 
 errorblock *adderrors(const errorrow *table, errornode *node)
 {
+    remerrors(node); // a chain with one node twice would have no end
     node->table = table;
     node->next = errors.tables;
     errors.tables = node;
