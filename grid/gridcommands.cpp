@@ -30,10 +30,9 @@ void appearancedefault()
 errorblock *gridsaveto(const char *path)
 {
     errorblock *err = gridsave(path);
-    if (err) return err;
-    gridunchanged();
-    gridsetfilename(path);
-    return nullptr;
+    if (!err) gridunchanged();
+    if (!err) gridsetfilename(path);
+    return err;
 }
 
 errorblock *gridsavecommand()
@@ -74,7 +73,7 @@ errorblock *gridopened(const char *path, int32_t filetype)
         wordlistload(path);
     else
         err = gridload(path);
-    if (err) return err;
+    if (err) return err; // nothing was taken from the file
     gridunchanged();
     gridsetfilename(path);
     gridkindapply(grid.pendingkind);

@@ -149,7 +149,12 @@ void dictsmake(const std::vector<std::string> &names)
 TEST_CASE("the newest generation is read whole and written back to the byte")
 {
     REQUIRE(newest().size() == HEADERSIZE + 12 + 24 + APPEARANCESIZE);
+    headless.keeptrace = true;
     REQUIRE_FALSE(loadbytes(newest()));
+    headless.keeptrace = false;
+    size_t before = headless.tracetext.find("text height 128\r\n");
+    CHECK(before < headless.tracetext.find("text height 160\r\n"));
+    CHECK(before != std::string::npos);
     CHECK(grid.width == 3);
     CHECK(grid.height == 4);
     CHECK(grid.kind == GRIDWORDSQUARE);
