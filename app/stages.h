@@ -1,0 +1,8 @@
+// app/stages.h - stages of the application's start that the window side defines.
+#pragma once
+
+struct errorblock;
+
+errorblock *linktemplates(const char *directory); // the table "Templates"
+errorblock *linkmenus();
+errorblock *choicesload(); // a missing file is no error

@@ -1,0 +1,65 @@
+#include "app/startup.h"
+
+#include "app/apperrors.h"
+#include "app/filetypes.h"
+#include "app/mainwindow.h"
+#include "app/stages.h"
+#include "base/boxes.h"
+#include "base/errors.h"
+#include "base/flex.h"
+#include "desktop/message.h"
+#include "desktop/task.h"
+#include "dict/dictset.h"
+#include "grid/grid.h"
+#include "grid/gridfile.h"
+
+static filetypenode filetypelink;
+
+errorblock *loadappresources(const char *directory)
+{
+    errorblock *err = apperrors();
+    if (!err) err = linktemplates(directory);
+    if (!err) err = linkmenus();
+    if (!err) err = addfiletypes(filetypes, &filetypelink);
+    return err;
+}
+
+errorblock *initdata()
+{
+    errorblock *err = dictstart();
+    if (err) return err;
+    gridreset();
+    err = choicesload();
+    if (!err) err = gridloaddefault();
+    return err;
+}
+
+int quitquery()
+{
+    constexpr uint32_t flags = 0x10002; // an exclamation, with Yes and No
+    int unsaved = gridsunsaved();
+    if (unsaved == 0) return 0;
+    int answer;
+    if (unsaved == 1)
+        askbox(mainwindow, flags, &answer, "{FS10}");
+    else // a program of more documents than one would count them
+        askbox(mainwindow, flags, &answer, "%d {FS09}", unsaved);
+    return answer == ASKYES ? 0 : 1;
+}
+
+void quittask()
+{
+    sendmessage(TASKEND, 0, 0);
+    flex_end();
+    leave(0);
+}
+
+errorblock *quithandler(intptr_t *, int *)
+{
+    quittask();
+}
+
+void appresourcesreset()
+{
+    remfiletypes(&filetypelink);
+}

@@ -1,0 +1,15 @@
+// desktop/stages.h - stages of the start-up that stand above this folder's
+// logic.
+//
+// Each is called once, by starttask, in this order. They are defined by the
+// window side.
+#pragma once
+
+struct errorblock;
+
+errorblock *modeinfoinit();  // pixels per inch, size and depth of the screen
+errorblock *inittemp();      // window classes, and the chain of templates
+errorblock *initsprites();   // the task's pool of sprites
+errorblock *hourglassinit(); // the busy cursors
+errorblock *addspritesshared(const char *directory, const char *name); // into the pool
+errorblock *tasktemplates(); // the library's own template table

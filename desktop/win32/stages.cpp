@@ -1,0 +1,59 @@
+// The stages of the start-up that have nothing to start yet, and the questions
+// about windows of the library, of which there are none yet. Each goes to the
+// module that it is about when that is built.
+
+#include "desktop/stages.h"
+
+#include "base/trace.h"
+#include "desktop/eventsource.h"
+#include "desktop/poll.h"
+
+// Screen facts are wanted by drawing and by window geometry.
+errorblock *modeinfoinit()
+{
+    return nullptr;
+}
+
+// The classes "Task" and "abx", and an empty chain of templates.
+errorblock *inittemp()
+{
+    return nullptr;
+}
+
+errorblock *initsprites()
+{
+    return nullptr;
+}
+
+errorblock *hourglassinit()
+{
+    trace("##### hourglass init #####");
+    return nullptr;
+}
+
+// No sprites are among the program's resources; a missing resource is no error.
+errorblock *addspritesshared(const char *, const char *)
+{
+    return nullptr;
+}
+
+// The template of the About box.
+errorblock *tasktemplates()
+{
+    return nullptr;
+}
+
+bool sourceisours(window)
+{
+    return false;
+}
+
+bool sourcenavigates(window)
+{
+    return false;
+}
+
+void keydeliver(const systemmessage *, bool *claimed)
+{
+    *claimed = false;
+}
