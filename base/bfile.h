@@ -6,7 +6,8 @@
 // writes go past it in whole multiples of its size.
 //
 // A bfile lives in its user's frame from bopen to bclose. Numbers in files are
-// little-endian.
+// little-endian. A transfer for writing takes its bytes in order: nobody seeks
+// back in one.
 //
 // Errors: the open's own; 3 and 4 for an exact read or write cut short; 2 when
 // no buffer of more than 128 bytes can be had.
@@ -24,6 +25,7 @@ constexpr uint32_t BFILETRANSFER = 1; // data moves through the transfer calls
 constexpr uint32_t BFILEDIRTY = 2;    // the buffer holds bytes not yet written
 constexpr uint32_t BFILESTALE = 4;    // position is outside the buffer
 constexpr uint32_t BFILEMEMORY = 8;   // no file: the buffer is all, and grows
+constexpr uint32_t BFILEFAILED = 16;  // a write has failed: not all is in the file
 
 struct bfile {
     flexptr buffer;
@@ -44,11 +46,16 @@ errorblock *bopen(const char *path, const char *mode, int32_t size, bfile *file)
 // met. Safe after a failed bopen.
 errorblock *bclose(bfile *file, errorblock *error);
 
+// Writes out what the buffer holds. A failure is told once: it leaves the
+// BFILEFAILED bit, and the bytes are not tried again.
 errorblock *bflush(bfile *file);
+
+// Moves the position, and nothing else until the next byte. Error 3 for a
+// place before the start or past what 31 bits hold.
 errorblock *bseek(bfile *file, int32_t position);
 errorblock *bskip(bfile *file, int32_t offset);
 errorblock *btell(bfile *file, int32_t *position);
-errorblock *bsize(bfile *file, int32_t *valid);
+errorblock *bsize(bfile *file, int32_t *valid); // bytes in the buffer
 
 // The next byte, or -1 at the end, which is no error.
 errorblock *bgetc(bfile *file, int32_t *byte);

@@ -12,12 +12,35 @@
 struct errorblock;
 
 // Expands in, drops double quotes, turns "<<" into "<". A macro that yields
-// nothing stays in the text. Always returns 0.
+// nothing stays in the text; what doesn't fit size is cut. A result that names
+// a shortcut becomes what it stands for. Always returns 0.
 errorblock *pathexpand(const char *in, char *out, int32_t size);
+
+// Whether shortcuts are followed: they are, from the start.
+void pathfollow(bool on);
 
 // path := path \ leaf, with one backslash between. Error 30 for too little room.
 errorblock *fs_strcat(char *path, int32_t size, const char *leaf);
 errorblock *fs_strcpycat(char *out, int32_t size, const char *directory, const char *leaf);
 
+// Behind the last backslash; without one behind the last "/"; without one
+// behind the last colon; else the whole path.
 const char *leafname(const char *path);
+
+// What stands before the leaf, without its separator, cut to size.
 void dirname(const char *path, char *out, int32_t size);
+
+// The extension: behind the last dot of the leaf, or 0.
+const char *pathgetext(const char *path);
+
+// 0 when the extension is ext, compared without case.
+int pathhasext(const char *path, const char *ext);
+
+// Changes to path, a buffer of PATHSIZE bytes. Error 30 and no change when the
+// result doesn't fit. pathsetext leaves an extension that differs in case
+// alone; pathforceext writes it anew.
+errorblock *pathsetext(char *path, const char *ext);
+errorblock *pathforceext(char *path, const char *ext);
+
+// Puts text before the extension, or at the end if there is none.
+errorblock *pathinsert(char *path, const char *text);

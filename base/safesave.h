@@ -2,7 +2,9 @@
 //
 // The new contents are written to a file beside path and take its place only
 // when they are whole, so that a full disc or a crash never costs the user what
-// was saved before.
+// was saved before. The name beside has an extension of its own, so that no
+// search for "*.dic" meets one that a crash has left; "x.dic~" would be met by
+// its short name on a Windows disc.
 #pragma once
 
 #include "base/bfile.h"
@@ -10,12 +12,16 @@
 struct safesave {
     bfile file;            // write here, between safeopen and safeclose
     char path[PATHSIZE];   // expanded
-    char beside[PATHSIZE]; // the name while it grows
+    char beside[PATHSIZE]; // the name while it grows; empty where there is no file
 };
 
-// Opens for writing. Errors: those of the open; nothing is to be closed then.
+// Opens for writing, with a buffer of size bytes. A save into a transfer goes
+// straight there. Errors: those of the open, 30 for a path without room for the
+// other name; nothing is to be closed then.
 errorblock *safeopen(const char *path, int32_t size, safesave *save);
 
-// With no error so far and none from the close, puts the file in place of the
-// old one; else removes what was written. Returns the first error.
+// With no error so far and none from a write or the close, puts the file in
+// place of the old one; else removes what was written. Returns the first
+// error; a write that failed is one even if nobody passed it on. Harmless
+// after a failed safeopen.
 errorblock *safeclose(safesave *save, errorblock *error);

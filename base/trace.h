@@ -5,6 +5,7 @@
 // never makes an error of its own, and may be called from anywhere.
 #pragma once
 
+struct bfile;
 struct errorblock;
 
 // One line: formatted into 510 bytes, cut beyond 509, then CR LF.
@@ -22,6 +23,10 @@ void tracew(const wchar_t *format, ...);
 
 // Appends "label (text)" to the same file; nothing for no error.
 void traceerror(const char *label, const errorblock *error);
+
+// The first lines of a generated text file: its title, who made it and when.
+// They are comments to the reader of catalogues.
+errorblock *textfileheader(bfile *file, const char *title);
 
 // Asked of the window side: writes length bytes of a line, its end included,
 // to the diagnostic console; the wide twin; and the text on the screen.
