@@ -95,13 +95,13 @@ errorblock *syserrnew(uint32_t code, const char *call)
 kepterror keeperror(errorblock *error)
 {
     kepterror kept = {error, {}};
-    if (error) kept.text = *error;
+    if (error) kept.copy = *error;
     return kept;
 }
 
 errorblock *firsterror(const kepterror &kept, errorblock *other)
 {
     if (!kept.place) return other;
-    *kept.place = kept.text;
+    *kept.place = kept.copy;
     return kept.place;
 }

@@ -36,7 +36,7 @@ errorblock *syserrnew(uint32_t code, const char *call);
 // back and returns it or, when there was none, other.
 struct kepterror {
     errorblock *place;
-    errorblock text;
+    errorblock copy;
 };
 kepterror keeperror(errorblock *error);
 errorblock *firsterror(const kepterror &kept, errorblock *other);

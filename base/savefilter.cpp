@@ -1,0 +1,105 @@
+#include "base/savefilter.h"
+
+#include "base/errors.h"
+#include "base/files.h"
+#include "base/messages.h"
+#include "base/text.h"
+#include "base/trace.h"
+
+#include <cstring>
+
+savechoicerecord savechoice;
+
+namespace
+{
+
+constexpr int32_t FILTERSIZE = sizeof savechoice.filter;
+constexpr int32_t EXTENSIONSIZE = 32;
+
+struct formattable {
+    int32_t count;
+    const savefilter *rows;
+    int32_t *currentindex;
+};
+
+formattable armed; // for the next dialog; a count of 0 when there is none
+formattable shown; // by the dialog that savechoice is for
+int32_t filterend; // where the next row goes
+
+int32_t formattype(int32_t row, char *name, int32_t size)
+{
+    int32_t type = 0;
+    const savefilter &format = shown.rows[row];
+    format.getformat(format.context, row, &type, name, size);
+    return type;
+}
+
+// Appends a string with its zero; false when it was cut.
+bool append(const char *text, bool expand)
+{
+    char *at = savechoice.filter + filterend;
+    int32_t room = FILTERSIZE - filterend;
+    if (room < 2) return false;
+    bool whole = !xzstrncpyu(at, text, room);
+    if (expand) expandtokens(at, room);
+    filterend += static_cast<int32_t>(strlen(at)) + 1;
+    return whole;
+}
+
+} // namespace
+
+void savefilterset(int32_t count, const savefilter *table, int32_t *currentindex)
+{
+    armed = {count, table, currentindex};
+}
+
+void savefilteradd(int32_t index, int32_t type, const char *description)
+{
+    char pattern[EXTENSIONSIZE + 2] = "*.";
+    filetypetext(type, pattern + 2, EXTENSIONSIZE);
+    if (!index) filterend = 0;
+    bool whole = append(description, true);
+    whole = append(pattern, false) && whole;
+    if (filterend > FILTERSIZE - 2 || !whole) {
+        trace("savefilterbuffer overrun");
+        filterend = FILTERSIZE - 2;
+    }
+    memset(savechoice.filter + filterend, 0, 2);
+}
+
+void savefilterbuild(char *path, int32_t defaulttype, savehandler handler)
+{
+    savechoice.handler = handler;
+    savechoice.filterindex = 1;
+    savechoice.type = defaulttype;
+    shown = armed;
+    armed = {};
+    if (shown.count <= 0) {
+        savefilteradd(0, defaulttype, filetypedescription(defaulttype));
+        return;
+    }
+    int32_t current = *shown.currentindex;
+    if (current < 0 || current >= shown.count) current = 0;
+    for (int32_t row = 0; row < shown.count; row++)
+        savefilteradd(row, formattype(row, nullptr, 0), shown.rows[row].description);
+    savefilterchange(current + 1, path, PATHSIZE);
+}
+
+void savefilterchange(int32_t filterindex, char *name, int32_t size)
+{
+    int32_t row = filterindex - 1;
+    if (row < 0 || row >= shown.count) return;
+    savechoice.filterindex = filterindex;
+    savechoice.type = formattype(row, name, size);
+    *shown.currentindex = row;
+}
+
+errorblock *savefilterdone(char *path)
+{
+    char extension[EXTENSIONSIZE], copy[PATHSIZE];
+    filetypetext(savechoice.type, extension, sizeof extension);
+    errorblock *err = pathsetext(path, extension);
+    if (!err) err = xzstrncpyu(copy, path, sizeof copy);
+    if (!err && savechoice.handler) err = savechoice.handler(copy, savechoice.type);
+    return err;
+}
