@@ -83,7 +83,12 @@ errorblock *addhookhandler(hookfunction function, window owner, intptr_t data)
 {
     bool added;
     errorblock *err = addblock(EVENTHOOK, 0, owner, data, anyfunction(function), &added);
-    if (added && counts.hook++ == 0) err = sourcehook(true);
+    if (!added) return err;
+    if (counts.hook == 0) err = sourcehook(true);
+    if (err)
+        remblock(EVENTHOOK, 0, owner, data, anyfunction(function), nullptr);
+    else
+        counts.hook++;
     return err;
 }
 

@@ -6,8 +6,8 @@
 // Elsewhere: timed calls (timed.h), filters (filters.h), subclassed controls
 // (subclass.h).
 //
-// Errors of an add: 2 and 20, as addblock. A rem always returns 0; one without
-// its add leaves a line in the trace.
+// Errors of an add: 2 and 20, as addblock. A rem returns 0; one without its add
+// leaves a line in the trace.
 #pragma once
 
 #include "desktop/events.h"
@@ -81,8 +81,9 @@ errorblock *addnullhandler(nullfunction function, intptr_t data);
 errorblock *remnullhandler(nullfunction function, intptr_t data);
 int32_t nullcount();
 
-// The system's mouse hook, which goes in with the first and out with the last.
-// Asked by the hook: whether a handler has claimed the message.
+// The system's mouse hook, which goes in with the first and out with the last;
+// its errors are theirs. Asked by the hook: whether a handler has claimed the
+// message.
 errorblock *addhookhandler(hookfunction function, window owner, intptr_t data);
 errorblock *remhookhandler(hookfunction function, window owner, intptr_t data);
 bool hookdeliver(window hooked, intptr_t parameter, intptr_t message);
