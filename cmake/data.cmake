@@ -65,14 +65,14 @@ foreach(name ${dictionarynames})
         OUTPUT ${shipped}/${name}.dic
         COMMAND ${CMAKE_COMMAND} -E copy ${quilldata}/${name}.dic ${shipped}/${name}.dic
         DEPENDS ${quilldata}/${name}.dic
-        COMMENT "" VERBATIM)
+        COMMENT "Shipped dictionary ${name}" VERBATIM)
     list(APPEND shippedfiles ${shipped}/${name}.dic)
 endforeach()
 add_custom_command(
     OUTPUT ${shipped}/copyright-scowl.txt
     COMMAND ${CMAKE_COMMAND} -E copy ${scowlcopyright} ${shipped}/copyright-scowl.txt
     DEPENDS ${scowlcopyright}
-    COMMENT "" VERBATIM)
+    COMMENT "Copyright of the shipped dictionaries" VERBATIM)
 
 # A fuzz target brings its own corpus: there the dictionaries are on request.
 set(always ALL)
