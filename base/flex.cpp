@@ -34,17 +34,21 @@ int32_t payloadsize(flexptr payload)
     return headerof(payload)->size - HEADERSIZE;
 }
 
-// Records where the block is now, and tells whoever asked for it. The blocks
-// that growing moves downward are worth a line: clients have been seen to
-// mistake the sign of delta.
-void blockmoved(flexptr *anchor, header *block, bool removing)
+// Tells whoever asked that the block has moved. A growing block that goes
+// downward is worth a line: clients have been seen to mistake delta's sign.
+void movetell(flexptr anchor, intptr_t delta, bool growing)
 {
-    flexptr payload = block + 1;
-    intptr_t delta = reinterpret_cast<intptr_t>(payload) - reinterpret_cast<intptr_t>(*anchor);
-    *anchor = payload;
+    const header *block = headerof(anchor);
     if (!block->move || !delta) return;
     block->move(block->argument, delta);
-    if (delta < 0 && !removing) trace("!!!!XXX realloc down");
+    if (growing && delta < 0) trace("!!!!XXX realloc down");
+}
+
+// Puts the block's address now into its anchor, and returns how far it moved.
+intptr_t anchorset(flexptr *anchor, intptr_t before, header *block)
+{
+    *anchor = block + 1;
+    return reinterpret_cast<intptr_t>(*anchor) - before;
 }
 
 errorblock *blockalloc(flexptr *anchor, int32_t size)
@@ -59,24 +63,37 @@ errorblock *blockalloc(flexptr *anchor, int32_t size)
     return nullptr;
 }
 
-errorblock *blockresize(flexptr *anchor, int64_t newsize)
+// Resizes without telling, for callers that have bytes to move first.
+errorblock *blockresize(flexptr *anchor, int64_t newsize, intptr_t *delta)
 {
     assert(*anchor);
     if (newsize < 0) return makeerror(ERRORCORRUPTMEMORY);
     header *block = headerof(*anchor);
+    intptr_t before = reinterpret_cast<intptr_t>(*anchor);
     int64_t whole = newsize + HEADERSIZE;
     block = static_cast<header *>(rawresize(block, block->size, whole));
     if (!block) return makeerror(ERRORMEMORY);
     block->size = static_cast<int32_t>(whole);
-    blockmoved(anchor, block, false);
+    *delta = anchorset(anchor, before, block);
     return nullptr;
+}
+
+errorblock *blockextend(flexptr *anchor, int64_t newsize)
+{
+    intptr_t delta;
+    errorblock *err = blockresize(anchor, newsize, &delta);
+    if (!err) movetell(*anchor, delta, true);
+    return err;
 }
 
 // Nothing to do to the block.
 errorblock *blockstay(flexptr *anchor)
 {
     header *block = headerof(*anchor);
-    blockmoved(anchor, static_cast<header *>(rawshake(block, block->size)), true);
+    intptr_t before = reinterpret_cast<intptr_t>(*anchor);
+    block = static_cast<header *>(rawshake(block, block->size));
+    intptr_t delta = anchorset(anchor, before, block);
+    movetell(*anchor, delta, false);
     return nullptr;
 }
 
@@ -90,23 +107,27 @@ bool tryagain(errorblock **err)
 
 errorblock *gapopen(flexptr *anchor, int32_t at, int32_t by)
 {
-    int32_t tail = payloadsize(*anchor) - at;
-    errorblock *err = blockresize(anchor, int64_t{at} + tail + by);
+    intptr_t delta;
+    int32_t size = payloadsize(*anchor);
+    errorblock *err = blockresize(anchor, int64_t{size} + by, &delta);
     if (err) return err;
     uint8_t *gap = static_cast<uint8_t *>(*anchor) + at;
-    std::memmove(gap + by, gap, static_cast<size_t>(tail));
+    std::memmove(gap + by, gap, static_cast<size_t>(size - at));
+    movetell(*anchor, delta, true);
     return nullptr;
 }
 
 void gapclose(flexptr *anchor, int32_t at, int32_t by)
 {
     header *block = headerof(*anchor);
+    intptr_t before = reinterpret_cast<intptr_t>(*anchor);
     uint8_t *end = static_cast<uint8_t *>(*anchor) + at;
     std::memmove(end - by, end, static_cast<size_t>(payloadsize(*anchor) - at));
     int32_t size = block->size - by;
     block = static_cast<header *>(rawshrink(block, block->size, size));
     block->size = size;
-    blockmoved(anchor, block, true);
+    intptr_t delta = anchorset(anchor, before, block);
+    movetell(*anchor, delta, false);
 }
 
 } // namespace
@@ -146,7 +167,7 @@ errorblock *flex_extend(flexptr *anchor, int32_t newsize)
 {
     errorblock *err;
     do
-        err = blockresize(anchor, newsize);
+        err = blockextend(anchor, newsize);
     while (tryagain(&err));
     return err;
 }
@@ -168,7 +189,7 @@ errorblock *flex_chunk(flexptr *anchor, int32_t size, int32_t chunk)
     if (!*anchor) return blockalloc(anchor, std::max(size, chunk));
     int32_t current = payloadsize(*anchor);
     if (size < current && current <= int64_t{size} + chunk) return blockstay(anchor);
-    return blockresize(anchor, (int64_t{size / chunk} + 1) * chunk);
+    return blockextend(anchor, (int64_t{size / chunk} + 1) * chunk);
 }
 
 errorblock *flex_size(const flexptr *anchor, int32_t *size)

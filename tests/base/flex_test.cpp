@@ -61,10 +61,18 @@ struct shakemode {
 intptr_t movedby;
 int moves;
 
-void movedown(intptr_t argument, intptr_t delta)
+void movecount(intptr_t argument, intptr_t delta)
 {
     movedby += delta;
     moves += static_cast<int>(argument);
+}
+
+// The block as it is when its owner is told.
+std::string seenbytes;
+
+void movelook(intptr_t argument, intptr_t)
+{
+    seenbytes = bytesof(*reinterpret_cast<flexptr *>(argument));
 }
 
 flexptr spare;
@@ -210,7 +218,7 @@ TEST_CASE("whoever asked is told of each move, and of no other")
     flexptr a, b;
     fill(&a, "first");
     fill(&b, "second");
-    flex_setreloc(&a, movedown, 1);
+    flex_setreloc(&a, movecount, 1);
     intptr_t start = reinterpret_cast<intptr_t>(a);
     flex_extend(&a, 100);
     flex_midextend(&a, 0, 5);
@@ -231,6 +239,22 @@ TEST_CASE("whoever asked is told of each move, and of no other")
     flex_free(&b);
 }
 
+TEST_CASE("whoever is told finds the block finished")
+{
+    shakemode on(true);
+    flexptr anchor;
+    fill(&anchor, "abcdef");
+    flex_setreloc(&anchor, movelook, reinterpret_cast<intptr_t>(&anchor));
+    flex_midextend(&anchor, 2, 3);
+    CHECK(seenbytes.size() == 9);
+    CHECK(seenbytes.substr(5) == "cdef");
+    flex_midextend(&anchor, 5, -4);
+    CHECK(seenbytes == "acdef");
+    flex_extend(&anchor, 2);
+    CHECK(seenbytes == "ac");
+    flex_free(&anchor);
+}
+
 TEST_CASE("the heap's state goes to the trace")
 {
     headless.keeptrace = true;
@@ -248,17 +272,18 @@ TEST_CASE("a growing block that goes down is worth a line")
     headless.keeptrace = true;
     flexptr anchor;
     flex_alloc(&anchor, 10);
-    flex_setreloc(&anchor, movedown, 1);
+    flex_setreloc(&anchor, movecount, 1);
     int down = 0, lines = 0;
     for (int i = 0; i < 40; i++) {
         flexptr before = anchor;
-        flex_extend(&anchor, 10 + i % 2);
+        flex_extend(&anchor, i % 2 ? 10 : 5000);
         down += anchor < before;
         flex_midextend(&anchor, 1, -1); // a closing gap never is
     }
     for (size_t at = 0;
          (at = headless.tracetext.find("!!!!XXX realloc down\r\n", at)) != std::string::npos; at++)
         lines++;
+    CHECK(down > 0);
     CHECK(lines == down);
     flex_free(&anchor);
 }
