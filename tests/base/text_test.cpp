@@ -116,6 +116,12 @@ TEST_CASE("case is the code page's")
         CHECK(charlower(upper) == (upper == byte ? charlower(byte) : byte));
         CHECK(charupper(charlower(byte)) == upper);
     }
+    int letters = 0;
+    for (int ch = 0; ch < 256; ch++)
+        letters += charisletter(static_cast<uint8_t>(ch));
+    CHECK(letters == 52 + 62 + 11); // ASCII, the accented runs, and those in 128 to 191
+    for (const char *ch = "@[`{0_ \xD7\xF7\x80\xA9"; *ch; ch++)
+        CHECK_FALSE(charisletter(static_cast<uint8_t>(*ch)));
     CHECK(charlower('[') == '[');
     CHECK(charlower(215) == 215);
     CHECK(charlower(223) == 223);
