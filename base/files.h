@@ -95,7 +95,10 @@ errorblock *fileloadnew(const char *path, void **address, int32_t *size);
 
 errorblock *filedelete(const char *path); // an empty directory too
 errorblock *filerename(const char *from, const char *to);
-errorblock *mkdir(const char *path); // nothing if an object has that name
+
+// Makes a directory, unless an object has that name already. The Windows
+// runtime has a mkdir too: <io.h> and <direct.h> don't go with this header.
+errorblock *mkdir(const char *path);
 
 // Puts the finished file from in the place of to, which may exist; from is
 // gone afterwards. Neither name ever stands for half a file.

@@ -1,0 +1,52 @@
+#include "tests/base/scratch.h"
+
+#include "base/errors.h"
+#include "tests/support/runner.h"
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+scratch::scratch()
+{
+    static int count;
+    folder = scratchfolder() + "/" + std::to_string(count++);
+    std::filesystem::create_directories(folder);
+}
+
+scratch::~scratch()
+{
+    platformfault = {};
+    ramreadclear();
+    ramwriteclear();
+    findclose();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+}
+
+std::string scratch::path(const std::string &leaf) const
+{
+    return folder + "\\" + leaf;
+}
+
+void scratch::write(const std::string &leaf, const std::string &bytes) const
+{
+    std::ofstream(folder + "/" + leaf, std::ios::binary) << bytes;
+}
+
+std::string scratch::read(const std::string &leaf) const
+{
+    std::ifstream file(folder + "/" + leaf, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool scratch::has(const std::string &leaf) const
+{
+    return std::filesystem::exists(folder + "/" + leaf);
+}
+
+std::string words(const errorblock *error)
+{
+    return error ? error->text : "";
+}

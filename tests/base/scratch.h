@@ -1,0 +1,28 @@
+// tests/base/scratch.h - a folder of files for one test.
+#pragma once
+
+#include "base/files.h"
+#include "base/platformfault.h"
+#include "base/transfer.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+
+// An empty folder, and at the end no fault left set.
+struct scratch {
+    std::string folder;
+    scratch();
+    ~scratch();
+
+    std::string path(const std::string &leaf) const;
+    void write(const std::string &leaf, const std::string &bytes) const;
+    std::string read(const std::string &leaf) const;
+    bool has(const std::string &leaf) const;
+
+    scratch(const scratch &) = delete;
+    scratch &operator=(const scratch &) = delete;
+};
+
+// What an error says, "" for none.
+std::string words(const errorblock *error);
