@@ -62,18 +62,25 @@ struct dictcursor {
     uint32_t len; // bytes of the record; 0 past the end
 };
 
-// Flags of wordcompare and dictfind: in, options; out, case differences.
-constexpr uint32_t FINDCASEDIFFERS = 1;   // out: equal but for case
-constexpr uint32_t FINDHYPHENS = 0x10000; // in: hyphens are ignored
-constexpr uint32_t fastfind = 0x20000;    // in: spaces are ignored; fast search
+// The flags word of wordcompare and dictfind goes in as options and comes back
+// as those and the case differences; other bits are cleared.
+constexpr uint32_t FINDOPTIONS = 0xFF0000; // the bits that options may have
+constexpr uint32_t FINDHYPHENS = 0x10000;  // hyphens are ignored
+constexpr uint32_t fastfind = 0x20000;     // spaces are ignored, unless hyphens
+                                           // are; dictfind searches fast
+constexpr uint32_t FINDCASEDIFFERS = 1;    // back: equal but for case
+constexpr uint32_t CASEBELOW = 1;          // the first letter in another case
+constexpr uint32_t CASEABOVE = 3;          // sorts below that of b, or above
 
+// An empty store, in whatever dict held. Errors: 2.
 errorblock *dictempty(Dictionary *dict);
+
+// Frees the blocks that there are; both counts become 0.
 void dictfree(Dictionary *dict);
+
 uint32_t dictcount(const Dictionary *dict);
 
-// Order of two words over at most limit letters: below 0, 0, above 0. flags
-// comes back 0 (same case), 1 or 3 (a differs only in case, first below or
-// above).
+// Order of two words over at most limit letters: below 0, 0, above 0.
 int wordcompare(const char *a, const char *b, int32_t limit, uint32_t *flags);
 
 // Codes word against the word before it into out, RECORDSIZE bytes. Returns
@@ -81,15 +88,30 @@ int wordcompare(const char *a, const char *b, int32_t limit, uint32_t *flags);
 int32_t wordcode(const char *before, const char *word, uint8_t *out);
 
 // 1 when the word is there. Without fastfind the cursor stands at it, else at
-// the last word below it, or at the first word of all. With fastfind the
-// cursor is not touched; dictfound has the word as stored.
+// the last word below it, or at the first word of all; in an empty store at
+// nothing, with len 0. With fastfind the cursor is not used; dictfound has the
+// word as stored. Over 31 letters, the first 31 decide; the fast search finds
+// no such word.
 int dictfind(const char *word, const Dictionary *dict, dictcursor *cursor, uint32_t *flags);
 
 // Copies out the word that the last fast search matched. Returns the record
-// behind it.
+// behind it, which is good until the store changes.
 const uint8_t *dictfound(char *out);
 
-// The cursor to a word by number. 0 (and an untouched cursor) when there is no
+// The last index entry whose first letters, at most 8, stand below the word's;
+// 0 if none does. The store must not be empty.
+uint32_t dictentrybelow(const char *word, int32_t letters, const Dictionary *dict, uint32_t *flags);
+
+// A store without words. nwords alone doesn't tell, after memory ran out.
+inline bool dictisempty(const Dictionary *dict)
+{
+    return !dict->nwords || !dict->noindex;
+}
+
+// The cursor to the word of an index entry.
+void dictfromentry(uint32_t entryn, const Dictionary *dict, dictcursor *cursor);
+
+// The cursor to a word by number. 0, and an untouched cursor, when there is no
 // such word.
 int dictseek(uint32_t wordn, const Dictionary *dict, dictcursor *cursor);
 
@@ -103,16 +125,20 @@ int dictnext(const Dictionary *dict, dictcursor *cursor);
 // when there is no such word.
 const char *dictword(uint32_t wordn, const Dictionary *dict);
 
-// Adds a word of 1 to 31 letters; any other, and one whose code doesn't fit,
-// is dropped in silence. A case variant gives way to the new form.
+// Adds a word of 1 to 31 letters; any other is dropped in silence, and so is
+// one whose record, or that of the word behind it, would not fit. A case
+// variant gives way to the new form. Errors: 2.
 errorblock *dictadd(const char *word, Dictionary *dict);
 
-// 1 deleted, 0 not there.
+// 1 deleted, 0 not there (or kept, see dictdelete).
 int dictremove(const char *word, Dictionary *dict);
 
 // The two steps under those: at a cursor that a failed dictfind left, and at
 // the word itself. After an insert that ran out of memory nwords is one too
-// high; walkers stay inside the block.
+// high, and nothing else has changed; walkers stay inside the block. A delete
+// gives 1, or 0 with the word still there: at a cursor past the end, when
+// memory was short, and when the word behind, of many characters that have no
+// code, fits only behind this one.
 errorblock *dictinsert(const char *word, Dictionary *dict, dictcursor *cursor);
 int dictdelete(Dictionary *dict, dictcursor *cursor);
 

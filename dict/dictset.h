@@ -3,8 +3,14 @@
 // dicts holds one record for each dictionary file of one directory; a record's
 // position is the dictionary number, which moves when one is created or
 // deleted. dictset lists the numbers that the document uses, ascending;
-// searches walk only those. A dictionary is read when it is first used and
-// dropped when no use remains.
+// searches walk only those. A dictionary is read when it is first used or
+// edited, and dropped when no use remains.
+//
+// Loaded and used are two things: an edited or new dictionary is loaded and
+// not in use, and stays in memory until the next document is read; one that
+// failed to load is in use all the same, with no words, and may be tried again.
+//
+// Numbers that are passed in are those of known dictionaries.
 #pragma once
 
 #include "base/platform.h"
@@ -17,9 +23,9 @@ constexpr uint32_t MAXDICTS = 32;
 struct dictrec {
     char name[32]; // without directory and extension
     Dictionary dict;
-    uint8_t usecount;
-    uint8_t loaded;
-    uint8_t changed; // words came or went since the last save or load
+    uint8_t usecount; // times that dictset names it
+    uint8_t loaded;   // dict holds the file's contents
+    uint8_t changed;  // words came or went since the last save or load
 };
 
 struct dictsetlist {
@@ -49,30 +55,59 @@ const char *wordtext(wordref ref);
 // name another directory before dictstart.
 extern char dictdirectory[PATHSIZE];
 
+// Forgets what was known, looks at the directory and makes the menu. Always 0:
+// without a directory there are no dictionaries.
 errorblock *dictstart();
 void dictstop();
+
+// Knows the directory's files, the first 32 of them. One whose name is over 31
+// letters is passed over. Errors: the search's, with those known so far.
 errorblock *dictscan();
-int32_t dictnamefind(const char *name); // -1 if there is none
+
+int32_t dictnamefind(const char *name); // ignoring case; -1 if there is none
 int dictinset(uint32_t number);
-errorblock *dictsetadd(uint32_t number); // error 519 when the list is full
-errorblock *dictuse(uint32_t number);    // always 0
-errorblock *dictunuse(uint32_t number);  // always 0
+
+// Puts a number into dictset, once more if it is there. Error 519 when the
+// list is full.
+errorblock *dictsetadd(uint32_t number);
+
+// Into the set, and loaded; out of it, and dropped with the last use. Always 0:
+// a dictionary that can't be had shows by having no words.
+errorblock *dictuse(uint32_t number);
+errorblock *dictunuse(uint32_t number);
+
+// One or the other, at the user's wish: the document is changed.
 errorblock *dicttoggle(uint32_t number);
-errorblock *dictreload(uint32_t number);
+
+errorblock *dictreload(uint32_t number); // errors: dictload's
 void dictunload(uint32_t number);
+
+// Opens the editor, with the dictionary loaded. Errors: dictload's, the
+// window's.
 errorblock *dictedit(uint32_t number);
 
-// Errors: 520 when 32 are known, 521 for a name that is taken, the save's.
+// A new dictionary, among the others by name, and its file. It is loaded and
+// not in use. Errors: 520 when 32 are known, 521 for a name that is taken, 30
+// for one that is too long, the save's; then nothing has changed.
 errorblock *dictcreate(const char *name);
+
+// Deletes the file, and forgets the dictionary. Errors: the deletion's; then
+// nothing has changed.
 errorblock *dictremovefile(uint32_t number);
 
-// Makes sure that a dictionary is in use. Error 528 when none can be had.
+// Makes sure that a dictionary is in use: when none is, the first found of the
+// default names. Error 528 when none can be had.
 errorblock *dictdefault();
 
-void dictsetclear();
-int dictsetread(bfile *file); // 1 when the stream ended early
-uint32_t dictsetwrite(bfile *file);
-errorblock *dictsetload();
+// The set, as the document's file holds it: names of up to 11 letters, which
+// end with an empty one. Loading is dictsetclear, dictsetread, dictsetload.
+void dictsetclear();                // nothing is unloaded yet
+int dictsetread(bfile *file);       // 1 when the stream ended early
+uint32_t dictsetwrite(bfile *file); // 1 when it could not be written
+errorblock *dictsetload();          // always 0
+
+// What the user wanted with changed dictionaries: saved (always 0), or read
+// again from their files. Errors: the first load's.
 errorblock *dictsavechanges();
 errorblock *dictdiscardchanges();
 int dictanychanges();

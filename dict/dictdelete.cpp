@@ -1,0 +1,127 @@
+#include "dict/dictdelete.h"
+
+#include "base/trace.h"
+#include "dict/dictindex.h"
+
+namespace
+{
+
+constexpr uint32_t MERGESPAN = 64;
+
+bool standsat(const Dictionary *dict, uint32_t entryn, const dictcursor *cursor)
+{
+    return dictentries(dict)[entryn].woff == cursor->woff;
+}
+
+// Removes an entry whose span, or the one before it, has become small.
+void mergeindex(Dictionary *dict, uint32_t entryn)
+{
+    if (entryn < 1) return;
+    const dictindex *entry = &dictentries(dict)[entryn];
+    if (entry->wordn - entry[-1].wordn < MERGESPAN ||
+        dictspanend(dict, entryn) - entry->wordn < MERGESPAN)
+        dictremindex(dict, entryn);
+}
+
+void deleteonly(Dictionary *dict)
+{
+    flex_extend(&dict->words, 0);
+    flex_extend(&dict->index, 0);
+    dict->nwords = dict->noindex = 0;
+}
+
+// Nothing is coded against the last word.
+errorblock *deletelast(Dictionary *dict, const dictcursor *cursor)
+{
+    errorblock *err = dictsplice(dict, cursor->woff, nullptr, 0, static_cast<int32_t>(cursor->len));
+    if (err) return err;
+    dict->nwords--;
+    if (standsat(dict, cursor->indexn, cursor))
+        dictremindex(dict, cursor->indexn);
+    else
+        mergeindex(dict, cursor->indexn);
+    return nullptr;
+}
+
+// The text of the word before one that stands behind entry entryn.
+void wordbefore(const Dictionary *dict, uint32_t entryn, const dictcursor *cursor,
+                dictcursor *before)
+{
+    dictfromentry(entryn, dict, before);
+    while (before->wordn + 1 < cursor->wordn && dictnext(dict, before)) {
+    }
+}
+
+// The index behind a deleted word. Its follower stands in its place, coded
+// anew; carried: the word was an entry's, next: the entry at or before the
+// follower, as it was.
+void deleteindex(Dictionary *dict, dictcursor *follower, bool carried, uint32_t next,
+                 int32_t change)
+{
+    uint32_t entryn = follower->indexn;
+    bool nextcarried = next > entryn;
+    if (carried || nextcarried) dictsetindex(dict, next, follower);
+    dictshiftindex(dict, next + 1, change, -1);
+    if (carried && nextcarried) { // two entries for one word: one is left
+        dictremindex(dict, entryn);
+        dictreindex(dict, entryn, follower);
+        return;
+    }
+    if (nextcarried) dictreindex(dict, next, follower);
+    if (!carried || dictreindex(dict, entryn, follower)) mergeindex(dict, entryn);
+}
+
+// The follower is coded against the word before, over both old records.
+errorblock *deletebefore(Dictionary *dict, const dictcursor *cursor, dictcursor *follower,
+                         int *gone)
+{
+    uint32_t entryn = follower->indexn = cursor->indexn;
+    bool carried = standsat(dict, entryn, cursor);
+    uint32_t next = dictforward(dict, entryn, follower);
+    dictcursor before = {};
+    if (cursor->woff) {
+        wordbefore(dict, carried ? entryn - 1 : entryn, cursor, &before);
+        trace("delcurindex=%d nextindex=%d", carried, next > entryn);
+        trace("wordn=%d WORDN=%d string=%s", static_cast<int>(cursor->wordn),
+              static_cast<int>(dictentries(dict)[entryn].wordn), cursor->word);
+        trace("prev=%s next=%s", before.word, follower->word);
+    }
+    uint8_t record[RECORDSIZE];
+    int32_t length = wordcode(before.word, follower->word, record);
+    if (!length) return nullptr;
+    auto old = static_cast<int32_t>(cursor->len + follower->len);
+    errorblock *err = dictsplice(dict, cursor->woff, record, length, old);
+    if (err) return err;
+    dict->nwords--;
+    *gone = 1;
+    follower->woff = cursor->woff;
+    follower->wordn = cursor->wordn;
+    follower->len = static_cast<uint32_t>(length);
+    deleteindex(dict, follower, carried, next, length - old);
+    return nullptr;
+}
+
+} // namespace
+
+errorblock *dictdeleteword(Dictionary *dict, dictcursor *cursor, int *gone)
+{
+    *gone = 0;
+    if (!cursor->len) return nullptr;
+    cursor->indexn = dictforward(dict, cursor->indexn, cursor);
+    dictcursor follower = *cursor;
+    if (dictnext(dict, &follower)) return deletebefore(dict, cursor, &follower, gone);
+    errorblock *err = nullptr;
+    if (cursor->woff == 0)
+        deleteonly(dict);
+    else
+        err = deletelast(dict, cursor);
+    *gone = !err;
+    return err;
+}
+
+int dictdelete(Dictionary *dict, dictcursor *cursor)
+{
+    int gone;
+    dictdeleteword(dict, cursor, &gone);
+    return gone;
+}

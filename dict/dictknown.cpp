@@ -1,0 +1,133 @@
+// Which dictionaries there are: found in the directory, created, deleted.
+
+#include "base/errorcodes.h"
+#include "base/errors.h"
+#include "base/files.h"
+#include "base/paths.h"
+#include "base/syserr.h"
+#include "base/text.h"
+#include "base/trace.h"
+#include "dict/dictfile.h"
+#include "dict/dictset.h"
+#include "dict/dictwindow.h"
+
+#include <cstring>
+
+namespace
+{
+
+constexpr char EXTENSION[] = "dic";
+
+void forgetall()
+{
+    for (dictrec &record : dicts) {
+        dictfree(&record.dict);
+        record = {};
+    }
+    ndicts = 0;
+    dictset = {};
+}
+
+// A search may give more than it was asked for: a disc that keeps short names
+// beside the long ones finds "x.dict" by "*.dic".
+void known(const fileinfo *info)
+{
+    const char *ext = pathgetext(info->name);
+    if (info->objecttype != OBJECTFILE || !ext || cstricmp(ext, EXTENSION)) return;
+    auto length = static_cast<size_t>(ext - info->name - 1);
+    dictrec *record = &dicts[ndicts];
+    if (length >= sizeof record->name) return;
+    memcpy(record->name, info->name, length);
+    ndicts++;
+}
+
+// Keeps the set pointing at the same dictionaries.
+void renumber(uint32_t from, int32_t by)
+{
+    for (uint32_t i = 0; i < dictset.count; i++)
+        if (dictset.numbers[i] >= from)
+            dictset.numbers[i] = static_cast<uint8_t>(dictset.numbers[i] + by);
+}
+
+// Where a new name goes. The comparison minds case, the search's order need
+// not: a new dictionary may stand elsewhere after the next start.
+uint32_t placefor(const char *name)
+{
+    uint32_t i = 0;
+    while (i < ndicts && strcmp(dicts[i].name, name) <= 0)
+        i++;
+    return i;
+}
+
+void insertrecord(uint32_t number, const char *name)
+{
+    memmove(dicts + number + 1, dicts + number, (ndicts - number) * sizeof(dictrec));
+    ndicts++;
+    dicts[number] = {};
+    strcopyn(dicts[number].name, name, sizeof dicts[number].name);
+    dicts[number].loaded = 1;
+    renumber(number, 1);
+}
+
+void removerecord(uint32_t number)
+{
+    while (dictinset(number))
+        dictunuse(number);
+    dictunload(number);
+    renumber(number + 1, -1);
+    ndicts--;
+    memmove(dicts + number, dicts + number + 1, (ndicts - number) * sizeof(dictrec));
+    dicts[ndicts] = {};
+}
+
+errorblock *createcheck(const char *name)
+{
+    char copy[sizeof dicts->name];
+    errorblock *err = xzstrncpy(copy, name, sizeof copy);
+    if (!err && ndicts == MAXDICTS) err = makeerror(ENUD);
+    if (dictnamefind(name) >= 0) err = makeerror(EDAX);
+    return err;
+}
+
+} // namespace
+
+errorblock *dictscan()
+{
+    fileinfo info;
+    int32_t done;
+    trace("dic dir %s", dictdirectory);
+    forgetall();
+    findreset();
+    errorblock *err = findnext(dictdirectory, &info, "*.dic", &done);
+    while (!err && !done && ndicts < MAXDICTS) {
+        trace("name %s", info.name);
+        known(&info);
+        if (ndicts < MAXDICTS) err = findnext(dictdirectory, &info, "*.dic", &done);
+    }
+    findclose();
+    return err;
+}
+
+errorblock *dictcreate(const char *name)
+{
+    errorblock *err = createcheck(name);
+    if (!err) {
+        uint32_t number = placefor(name);
+        insertrecord(number, name);
+        err = dictempty(&dicts[number].dict);
+        if (!err) err = dictsave(dictdirectory, name, &dicts[number].dict);
+        if (err) removerecord(number);
+    }
+    dictmenubuild();
+    return err;
+}
+
+errorblock *dictremovefile(uint32_t number)
+{
+    char path[PATHSIZE];
+    errorblock *err =
+        xzsnprintf(sizeof path, nullptr, path, "%s\\%s.dic", dictdirectory, dicts[number].name);
+    if (!err) err = filedelete(path);
+    if (!err) removerecord(number);
+    return err;
+}

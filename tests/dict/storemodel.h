@@ -1,0 +1,41 @@
+// tests/dict/storemodel.h - the word store told a second time, simply.
+//
+// A model of the words that a store should hold, in a sorted map, and a reader
+// of the two blocks that trusts nothing: it decodes every record from the first
+// byte, with a table and an order of its own.
+#pragma once
+
+#include "dict/dictionary.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+// Words by their place in the order: the same key for words that differ only in
+// case. For words of apostrophe, hyphen, space, ASCII digits and letters, and
+// the accented e.
+std::string modelkey(const std::string &word);
+
+using wordmodel = std::map<std::string, std::string>;
+
+struct storedword {
+    std::string text;
+    uint32_t woff;
+    uint32_t head;
+};
+
+// Every word of a store, as far as its bytes can be read.
+std::vector<storedword> decodestore(const Dictionary &dict);
+
+// The first rule that the blocks break, or an empty text. Not for stores in
+// which neighbours share 30 letters.
+std::string storefault(const Dictionary &dict);
+
+// The same, and that it holds just the words of the model.
+std::string modelfault(const Dictionary &dict, const wordmodel &model);
+
+std::string blockbytes(const flexptr &anchor);
+
+// A list of real words, shuffled by seed; of syllables, and said so, when
+// there is no data folder.
+std::vector<std::string> somewords(size_t most, uint32_t seed);
