@@ -14,12 +14,6 @@ errorblock *modeinfoinit()
     return nullptr;
 }
 
-// The classes "Task" and "abx", and an empty chain of templates.
-errorblock *inittemp()
-{
-    return nullptr;
-}
-
 errorblock *initsprites()
 {
     return nullptr;

@@ -1,0 +1,33 @@
+#include "app/startup.h"
+#include "base/boxes.h"
+#include "base/errors.h"
+#include "base/flex.h"
+#include "base/messages.h"
+#include "desktop/blocks.h"
+#include "desktop/handlers.h"
+#include "desktop/poll.h"
+#include "desktop/task.h"
+#include "desktop/timed.h"
+#include "dict/dictset.h"
+#include "grid/grid.h"
+#include "tests/desktop/fake/fakesource.h"
+#include "tests/support/runner.h"
+#include "tools/headless.h"
+
+void modulesreset()
+{
+    flexfailafter(-1);
+    appresourcesreset();
+    dictstop();
+    gridreset();
+    blockend();
+    timedreset();
+    handlersreset();
+    pollreset();
+    taskreset();
+    endtrans();
+    initerror();
+    setleave(fakeleave);
+    headlessreset();
+    fakereset();
+}

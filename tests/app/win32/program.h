@@ -1,0 +1,37 @@
+// tests/app/win32/program.h - a program under test, run as a user would and
+// watched from outside.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+struct program {
+    PROCESS_INFORMATION process;
+    HANDLE job; // ends the process if the test doesn't
+};
+
+// Starts an exe of the folder that this one is in, without a console, so that it
+// may make its own.
+program programstart(const std::string &exe, const std::string &words = "");
+
+// Tells it to quit: once it has a message queue, the notice is in it.
+bool programquit(const program &p);
+
+// The status that it ends with, or -1 if it goes on for ten seconds.
+int programstatus(program &p);
+
+// Whether it still runs after a while.
+bool programstays(const program &p, DWORD milliseconds);
+
+// The lines in its console once one of them begins with last; empty if that
+// doesn't come to be.
+std::vector<std::string> programtrace(const program &p, const std::string &last);
+
+// Its message box, once it is there: window, title and text.
+struct programbox {
+    HWND window;
+    std::string title, text;
+};
+programbox programboxwait(const program &p);
