@@ -98,6 +98,27 @@ std::string extension(int32_t type)
     return out;
 }
 
+std::string word(uint32_t value)
+{
+    std::string bytes;
+    for (int i = 0; i < 4; i++, value >>= 8)
+        bytes += static_cast<char>(value);
+    return bytes;
+}
+
+// The bytes of a shortcut that says where its file lies and nothing else.
+std::string shortcut(const std::string &target)
+{
+    const std::string classid("\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46", 16);
+    std::string header = word(0x4C) + classid + word(2) + word(0x20); // 2: a place follows
+    header += std::string(32, 0) + word(1) + std::string(12, 0);
+    std::string volume = word(0x11) + word(3) + word(0) + word(0x10) + std::string(1, 0);
+    uint32_t pathat = 0x1C + 0x11, suffixat = pathat + static_cast<uint32_t>(target.size()) + 1;
+    std::string place = word(suffixat + 1) + word(0x1C) + word(1) + word(0x1C) + word(pathat) +
+                        word(0) + word(suffixat) + volume + target + std::string(2, 0);
+    return header + place + word(0);
+}
+
 } // namespace
 
 TEST_CASE("plain path characters pass, quotes don't")
@@ -320,4 +341,25 @@ TEST_CASE("a type tells its extension and description")
     CHECK(filetypeof("a.qmg") == 0x103);
     remfiletypes(&table.second);
     CHECK(filetypeof("a.txt") == 0xFFF);
+}
+
+TEST_CASE("a shortcut's file takes its place, where the system has shortcuts")
+{
+    scratch place;
+    const char target[] = "C:\\words\\caf\xE9.qmg";
+    place.write("x.lnk", shortcut(target));
+    std::string path = place.path("x.lnk");
+    std::string found = expanded(path);
+    if (found == path) {
+        MESSAGE("skipped: no shortcuts on this system");
+        return;
+    }
+    CHECK(found == target);
+    CHECK(expanded("\"" + place.path("X.LNK") + "\"") == target);
+    pathfollow(false);
+    CHECK(expanded(path) == path);
+    pathfollow(true);
+    place.write("x.lnk", "no shortcut");
+    CHECK(expanded(path) == path);
+    CHECK(expanded(place.path("none.lnk")) == place.path("none.lnk"));
 }
