@@ -58,11 +58,19 @@ bool versionbelow(const gridheader &header, const char *version)
 // Reading. Behind the header a value that the file doesn't tell stays as it
 // was; the reads' own errors only end the chain.
 
-errorblock *readsigned(bfile *file, int32_t *value)
+errorblock *readword(bfile *file, uint32_t *value)
 {
     uint32_t word;
     errorblock *err = bread32(file, &word);
-    if (!err) *value = static_cast<int32_t>(word);
+    if (!err) *value = word;
+    return err;
+}
+
+errorblock *readsigned(bfile *file, int32_t *value)
+{
+    uint32_t word = static_cast<uint32_t>(*value);
+    errorblock *err = readword(file, &word);
+    *value = static_cast<int32_t>(word);
     return err;
 }
 
@@ -147,10 +155,10 @@ errorblock *appearanceread(bfile *file)
     errorblock *err = fontread(file, &grid.gridfont);
     trace("text height %d", grid.gridfont.height);
     if (!err) err = fontread(file, &grid.cluefont);
-    if (!err) err = bread32(file, &grid.textcolour);
-    if (!err) err = bread32(file, &grid.gridcolour);
-    if (!err) err = bread32(file, &grid.fillcolour);
-    if (!err) err = bread32(file, &grid.backcolour);
+    if (!err) err = readword(file, &grid.textcolour);
+    if (!err) err = readword(file, &grid.gridcolour);
+    if (!err) err = readword(file, &grid.fillcolour);
+    if (!err) err = readword(file, &grid.backcolour);
     if (!err) err = readsigned(file, &grid.squarescale);
     return err;
 }

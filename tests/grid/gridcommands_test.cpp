@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <string>
 #include <thread>
@@ -30,6 +31,7 @@ struct defaultfolder {
     {
         char directory[PATHSIZE];
         REQUIRE_FALSE(platformprogramdirectory(directory, sizeof directory));
+        directory[strlen(directory) - 1] = 0; // its separator
         folder = std::filesystem::path(directory) / "Default";
         for (int wait = 0; wait < 200; wait++) {
             if (std::filesystem::create_directory(folder)) return;
