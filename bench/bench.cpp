@@ -1,5 +1,5 @@
-// The main program of a benchmark: --data=FOLDER and --samples=FOLDER say what
-// it reads, all else is Google Benchmark's.
+// The main program of a benchmark: --data=FOLDER says what it reads, all else is
+// Google Benchmark's.
 
 #include "bench/bench.h"
 
@@ -13,18 +13,13 @@
 namespace
 {
 
-std::string datafolder = "build/data", samplefolder = "build/data";
+std::string datafolder = "build/data";
 
 } // namespace
 
 const std::string &benchdata()
 {
     return datafolder;
-}
-
-const std::string &benchsamples()
-{
-    return samplefolder;
 }
 
 void benchfail(const std::string &text)
@@ -49,8 +44,6 @@ int main(int count, char **words)
     for (int i = 1; i < count; i++) {
         if (!std::strncmp(words[i], "--data=", 7))
             datafolder = words[i] + 7;
-        else if (!std::strncmp(words[i], "--samples=", 10))
-            samplefolder = words[i] + 10;
         else
             words[kept++] = words[i];
     }

@@ -1,16 +1,15 @@
-// bench/bench.h - what the benchmark programs share: their main, and the folders
+// bench/bench.h - what the benchmark programs share: their main, and the folder
 // that they read.
 #pragma once
 
 #include <string>
 #include <vector>
 
-// Defined by each program: registers its benchmarks, once the folders are known.
+// Defined by each program: registers its benchmarks, once the folder is known.
 void benchregister();
 
-// The folder of dictionaries and word lists, and that of grids.
+// The folder of dictionaries, word lists and sample grids.
 const std::string &benchdata();
-const std::string &benchsamples();
 
 // The lines of a text file. Ends the process when there is none.
 std::vector<std::string> benchlines(const std::string &path);
