@@ -24,31 +24,60 @@ struct solutionslist {
     int32_t charwidth, textheight, lineheight, ascent;
 };
 
-// Changed by the find folder alone, but for maxsolutions, which the choices set.
+// Changed by the find folder alone, but for maxsolutions, which the choices set,
+// and the metrics, which the list's window sets.
 extern solutionslist solutions;
 
+constexpr int32_t MAXSOLUTIONSDEFAULT = 1000;
+
+// The state of a fresh start.
+void solutionsreset();
+
+// Empties the list.
 void solreset();
 
 // Stores one reference of the entry being added, from slot slotcount-1, which
-// makes the entry, down to slot 0. Error 2 leaves the count as it was.
+// makes the entry, down to slot 0. Error 2 leaves the count as it was, and the
+// references then overwrite the last entry.
 errorblock *soladdref(wordref ref, int32_t slot);
+
+// Adds a word; of its text 35 characters are kept. Error 2.
 errorblock *soladdword(int32_t x, int32_t y, int32_t dx, int32_t dy, const char *text);
+
+// Adds the word typed under the list, unplaced, and remembers it in lastword.
+errorblock *soladdtyped(const char *text);
+extern char lastword[sizeof wsentry::text];
+
 void solremove(int32_t entry);
 void solsort(); // by text, case-blind
-int32_t solselected();
 void solclearplaces();
-void soldeleteselected();
 
-// Entries, good until the list grows.
+// A reference to no word: wordtext gives an empty text for it.
+constexpr wordref NOWORD = 0xFFFFFFFF;
+
+// Entries: a Crossword's reference (NOWORD outside the list), and a
+// Wordsquare's record, good until the list grows.
 wordref solref(int32_t entry, int32_t slot);
 wsentry *solword(int32_t entry);
 
-// How far a search has got, shown now and then.
+// How far a search has got, shown now and then: 1, 10, 20, ... 100, 110, 210,
+// 310. 0 begins anew.
 void solprogress(int32_t n);
 
-// Marks and unmarks the cells of a selected word.
+// The selection of a Wordsquare's words, which marks their cells in the grid.
+int32_t solselected();
 void solmark(const wsentry *entry);
 void solunmark(const wsentry *entry);
 
-// Writes a solution into the grid.
+// What a click on a row does: alone, that row is selected and no other; a row
+// that is the only one selected stays so. Toggling changes the row alone. A row
+// outside the list changes nothing. True when the list is to be redrawn; the
+// changed cells are gathered by dirtyadd.
+bool solselect(int32_t entry, bool toggle);
+
+// The Delete button: removes the selected words, and redraws.
+void soldeleteselected();
+
+// Writes a Crossword's solution into the grid; nothing without a mark or
+// outside the list. Each word counts as a change of the document.
 void solapply(int32_t entry);

@@ -34,11 +34,19 @@ struct searchstate {
 // Changed by the searches, and stopflag by whoever hears the user.
 extern searchstate search;
 
+// Builds slots and slotbox from the marked cells, and the layout of the list
+// that their solutions fill; nothing without a mark. Cells that are not marked
+// are walls. A run of more than 31 cells is no slot.
 void slotsfind();
+
+// The letters in a slot, into WORDSIZE bytes that are zero behind them.
 void slotread(int32_t slot, char *buffer);
+
+// Writes a word into a slot's cells, closed up over its spaces.
 void slotwrite(int32_t slot, const char *text);
 
-// The Solve button. Errors: 528, 516 without a mark, 517 without a slot.
+// The Solve button, and its run. Errors: 528, 516 without a mark, 517 without a
+// slot. POLLS, about every 2000 words.
 errorblock *solvestart();
 errorblock *solverun(intptr_t);
 

@@ -1,0 +1,136 @@
+// The word list of a Wordsquare: order, places and selection.
+
+#include "base/text.h"
+#include "find/findwindow.h"
+#include "find/solutions.h"
+#include "grid/grid.h"
+
+#include <cstdlib>
+#include <cstring>
+
+char lastword[sizeof wsentry::text];
+
+namespace
+{
+
+int comparetexts(const void *a, const void *b)
+{
+    return cstricmp(static_cast<const wsentry *>(a)->text, static_cast<const wsentry *>(b)->text);
+}
+
+// The cells of a word that lies in the grid, one after another: false at the
+// end of the word, and where a record of a larger grid leaves the arrays.
+struct cellwalk {
+    int32_t x, y;
+    size_t left;
+};
+
+cellwalk walkstart(const wsentry *entry)
+{
+    return {.x = entry->x, .y = entry->y, .left = strlen(entry->text)};
+}
+
+bool walkhere(const cellwalk &walk)
+{
+    return walk.left && walk.x >= 0 && walk.y >= 0 && walk.x < GRIDSTRIDE && walk.y < GRIDSTRIDE;
+}
+
+void walkon(cellwalk *walk, const wsentry *entry)
+{
+    walk->left--;
+    walk->x += entry->dx;
+    walk->y += entry->dy;
+}
+
+void entryselect(wsentry *entry, bool on)
+{
+    entry->selected = on;
+    dirtyadd(entry);
+    if (on)
+        solmark(entry);
+    else
+        solunmark(entry);
+}
+
+} // namespace
+
+errorblock *soladdtyped(const char *text)
+{
+    solutions.slotcount = 1;
+    solutions.listwidth = 17 * solutions.charwidth;
+    solutions.rowheight = solutions.lineheight;
+    errorblock *err = soladdword(-1, -1, -1, -1, text);
+    strcopyn(lastword, text, sizeof lastword);
+    solutionsrefresh();
+    return err;
+}
+
+void solsort()
+{
+    if (solutions.count)
+        qsort(solutions.wslist, static_cast<size_t>(solutions.count), sizeof(wsentry),
+              comparetexts);
+}
+
+int32_t solselected()
+{
+    int32_t n = 0;
+    for (int32_t i = 0; i < solutions.count; i++)
+        n += solword(i)->selected != 0;
+    return n;
+}
+
+void solclearplaces()
+{
+    for (int32_t i = 0; i < solutions.count; i++) {
+        wsentry *entry = solword(i);
+        entry->x = entry->y = entry->dx = entry->dy = -1;
+    }
+}
+
+// A cell is marked while any selected word runs through it. The whole flag byte
+// is written: a Wordsquare has no bars and no blocks.
+void solmark(const wsentry *entry)
+{
+    for (cellwalk walk = walkstart(entry); walkhere(walk); walkon(&walk, entry))
+        if (grid.counts[walk.x][walk.y]++ == 0) grid.flags[walk.x][walk.y] = CELLMARKED;
+}
+
+void solunmark(const wsentry *entry)
+{
+    for (cellwalk walk = walkstart(entry); walkhere(walk); walkon(&walk, entry))
+        if (--grid.counts[walk.x][walk.y] == 0) grid.flags[walk.x][walk.y] = CELLOPEN;
+}
+
+bool solselect(int32_t entry, bool toggle)
+{
+    if (entry < 0 || entry >= solutions.count) return false;
+    wsentry *row = solword(entry);
+    if (toggle) {
+        entryselect(row, !row->selected);
+    } else {
+        if (row->selected && solselected() < 2) return false;
+        for (int32_t i = 0; i < solutions.count; i++)
+            if (solword(i)->selected) entryselect(solword(i), false);
+        entryselect(row, true);
+    }
+    markrescan();
+    return true;
+}
+
+void soldeleteselected()
+{
+    bool any = false;
+    dirtyreset();
+    for (int32_t i = 0; i < solutions.count;) {
+        if (!solword(i)->selected) {
+            i++;
+            continue;
+        }
+        entryselect(solword(i), false);
+        solremove(i);
+        any = true;
+    }
+    dirtyredraw();
+    if (any) solutionsrefresh();
+}
