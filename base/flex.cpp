@@ -80,7 +80,7 @@ errorblock *blockresize(flexptr *anchor, int64_t newsize, intptr_t *delta)
 
 errorblock *blockextend(flexptr *anchor, int64_t newsize)
 {
-    intptr_t delta;
+    intptr_t delta = 0;
     errorblock *err = blockresize(anchor, newsize, &delta);
     if (!err) movetell(*anchor, delta, true);
     return err;
@@ -107,7 +107,7 @@ bool tryagain(errorblock **err)
 
 errorblock *gapopen(flexptr *anchor, int32_t at, int32_t by)
 {
-    intptr_t delta;
+    intptr_t delta = 0;
     int32_t size = payloadsize(*anchor);
     errorblock *err = blockresize(anchor, int64_t{size} + by, &delta);
     if (err) return err;

@@ -22,8 +22,9 @@ using flexptr = void *;
 // Called after a block has moved, with the bytes it moved by.
 using flexmove = void (*)(intptr_t argument, intptr_t delta);
 
-// Called when memory is short, with 0. Zero means that something was freed
-// and the step is tried again; an error ends the attempt and is its result.
+// Called when memory is short, with 0, by flex_alloc and flex_extend. Zero
+// means that something was freed and the step is tried again; an error ends
+// the attempt and is its result.
 using flexfail = errorblock *(*)(int32_t);
 
 // Start and end of the allocator: there is nothing to start. Both return 0.
@@ -71,16 +72,17 @@ errorblock *flex_check(const char *name);
 
 // Plain allocations, which never move on their own. A size of 0 gives one
 // byte, so that a valid pointer always results.
-errorblock *heap_alloc(void **pointer, int32_t size);    // zero-filled
-errorblock *heap_allocraw(void **pointer, int32_t size); // not filled
-errorblock *heap_realloc(void **pointer, int32_t size);  // old one kept on failure
-errorblock *heap_chunk(void **pointer, int32_t size, int32_t chunk);
-errorblock *heap_free(void **pointer); // 0 is harmless; *pointer becomes 0
+errorblock *heap_alloc(void **pointer, int32_t size);                // zero-filled
+errorblock *heap_allocraw(void **pointer, int32_t size);             // not filled
+errorblock *heap_realloc(void **pointer, int32_t size);              // *pointer may be 0
+errorblock *heap_chunk(void **pointer, int32_t size, int32_t chunk); // as flex_chunk
+errorblock *heap_free(void **pointer);                               // 0 is harmless
 
-// Tests only. Shaking: every MOVES call moves the block and spoils its old
-// place, so that a stale pointer is found at once. flexfailafter(n): the
-// allocation after n more fails, once; -1 never. flexblocks: movable blocks
-// and plain allocations now held.
+// Tests only. Shaking: every MOVES call and heap_realloc moves the block and
+// spoils its old place, so that a stale pointer is found at once; bytes that
+// may hold anything are spoilt too. flexfailafter(n): the allocation or resize
+// after n more fails, once, with error 2; -1 never. Closing a gap can't fail
+// and isn't counted. flexblocks: movable blocks and plain allocations now held.
 void flexshake(bool on);
 void flexfailafter(int32_t n);
 int32_t flexblocks();

@@ -6,6 +6,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -114,21 +115,23 @@ TEST_CASE("sizes in words")
 
 TEST_CASE("arithmetic")
 {
-    const int32_t rows[][4] = {{100, 96, 180, 53},
-                               {1, 1, 2, 1},
-                               {-1, 1, 2, -1},
-                               {1, -1, -2, 1},
-                               {1, 1, 3, 0},
-                               {2, 1, -3, -1},
-                               {5, 1, 0, -1},
-                               {INT32_MAX, INT32_MAX, 1, -1},
-                               {INT32_MIN, 1, 1, INT32_MIN},
-                               {INT32_MIN, 1, -1, -1},
-                               {INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN},
-                               {INT32_MAX, 2, 4, 1073741824}};
-    for (auto [a, b, c, result] : rows) {
-        CAPTURE(a);
-        CHECK(muldiv(a, b, c) == result);
+    const struct {
+        int32_t a, b, c, result;
+    } rows[] = {{100, 96, 180, 53},
+                {1, 1, 2, 1},
+                {-1, 1, 2, -1},
+                {1, -1, -2, 1},
+                {1, 1, 3, 0},
+                {2, 1, -3, -1},
+                {5, 1, 0, -1},
+                {INT32_MAX, INT32_MAX, 1, -1},
+                {INT32_MIN, 1, 1, INT32_MIN},
+                {INT32_MIN, 1, -1, -1},
+                {INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN},
+                {INT32_MAX, 2, 4, 1073741824}};
+    for (const auto &row : rows) {
+        CAPTURE(row.a);
+        CHECK(muldiv(row.a, row.b, row.c) == row.result);
     }
     CHECK(distance(3, 4) == 5);
     CHECK(distance(-1, 1) == 1);
