@@ -19,6 +19,15 @@ struct {
 
 static_assert(sizeof syserror == sizeof(errorblock) + MESSAGESIZE);
 
+// Cut in silence: the error of a text cut short would be one too many.
+[[gnu::format(printf, 2, 3)]] void suffix(char *end, const char *format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(end, MESSAGESIZE, format, arguments);
+    va_end(arguments);
+}
+
 errorblock *fill(uint32_t code, bool message, const char *call, const char *details)
 {
     // Reached from the start of the whole record, whose end is the limit.
@@ -28,9 +37,9 @@ errorblock *fill(uint32_t code, bool message, const char *call, const char *deta
     char *end = text + strlen(text);
     int shown = static_cast<int>(code);
     if (details)
-        std::snprintf(end, MESSAGESIZE, "(%s) (%d) (%s)", call, shown, details);
+        suffix(end, "(%s) (%d) (%s)", call, shown, details);
     else
-        std::snprintf(end, MESSAGESIZE, "(%s) (%d)", call, shown);
+        suffix(end, "(%s) (%d)", call, shown);
     syserror.block.code = code;
     return &syserror.block;
 }
