@@ -206,7 +206,7 @@ TEST_CASE("suggestions agree with a plain telling on real words")
         CHECK_MESSAGE(made == expected, word);
         total += made.size();
     }
-    CHECK(total > 600);
+    CHECK(total > 300);
     spellend();
     testdictsfree();
 }
