@@ -1,5 +1,6 @@
 #include "tools/quill/commands.h"
 
+#include "base/errorcodes.h"
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/paths.h"
@@ -44,13 +45,6 @@ errorblock *placeload(const dictplace &place, Dictionary *dict)
     if (!err && type != OBJECTFILE) err = makeerrorf(ERRORNOTFOUND, place.path);
     if (!err) err = dictload(place.directory, place.name, dict);
     return err;
-}
-
-int32_t blocksize(const flexptr *anchor)
-{
-    int32_t size = 0;
-    if (*anchor) flex_size(anchor, &size);
-    return size;
 }
 
 void saysize(const Dictionary &dict, const dictplace &place)
