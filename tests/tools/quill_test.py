@@ -10,7 +10,8 @@ import sys
 import tempfile
 import unittest
 
-ENCODING, PROGRAM = sys.argv[1], sys.argv[2:]
+ENCODING = sys.argv[1]
+PROGRAM = [str(pathlib.Path(word).resolve()) for word in sys.argv[2:]]
 DONE, FAILED, WRONGUSAGE = 0, 1, 2
 
 
