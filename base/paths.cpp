@@ -74,7 +74,7 @@ errorblock *splice(char *path, size_t at, size_t length, const char *text, const
     size_t added = strlen(text), tail = strlen(path + at + length) + 1;
     if (at + added + tail > PATHSIZE) return nofit(operation);
     memmove(path + at + added, path + at + length, tail);
-    memcpy(path + at, text, added);
+    std::copy_n(text, added, path + at);
     return nullptr;
 }
 
@@ -89,19 +89,11 @@ errorblock *pathexpand(const char *in, char *out, int32_t size)
 {
     pathwriter writer = {out, out + size - 1};
     while (*in) {
-        const char *next = nullptr;
-        if (*in == '"') {
-            in++;
-            continue;
-        }
-        if (in[0] == '<' && in[1] == '<')
-            next = in + 2;
-        else if (*in == '<' && (next = macroexpand(in, &writer)) != nullptr) {
-            in = next;
-            continue;
-        }
-        put(&writer, in, 1);
-        in = next ? next : in + 1;
+        const char *next = in + 1;
+        const char *behind = *in == '<' && *next != '<' ? macroexpand(in, &writer) : nullptr;
+        if (*in == '<' && *next == '<') next++;
+        if (!behind && *in != '"') put(&writer, in, 1);
+        in = behind ? behind : next;
     }
     *writer.at = 0;
     if (following) shortcutfollow(out, size);

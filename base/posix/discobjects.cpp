@@ -4,6 +4,8 @@
 #include "base/syserr.h"
 
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,7 +24,7 @@ uint32_t attributes(const char *system, mode_t mode)
     const char *leaf = slash ? slash + 1 : system;
     uint32_t bits = S_ISDIR(mode) ? DIRECTORY : 0;
     if (!(mode & (S_IWUSR | S_IWGRP | S_IWOTH))) bits |= READONLY;
-    if (leaf[0] == '.' && leaf[1] && strcmp(leaf, "..")) bits |= HIDDEN;
+    if (leaf[0] == '.' && leaf[1] && strcmp(leaf, "..") != 0) bits |= HIDDEN;
     return bits;
 }
 
@@ -102,15 +104,16 @@ errorblock *platformrename(const char *from, const char *to)
     return done ? nullptr : syserr("MoveFile", "%s %s", from, to);
 }
 
-// A file that can't be written is not replaced either, and the new one has the
-// permissions of the one it replaces.
+// A file that can't be written is not replaced either. The new one has the
+// permissions of the one it replaces, and a link goes on leading to it.
 errorblock *platformreplace(const char *from, const char *to)
 {
-    char systemfrom[SYSTEMPATHSIZE], systemto[SYSTEMPATHSIZE];
+    char systemfrom[SYSTEMPATHSIZE], systemto[SYSTEMPATHSIZE], linked[PATH_MAX];
     struct stat status;
     bool done = systempath(from, systemfrom) && systempath(to, systemto);
     if (done && !stat(systemto, &status))
         done = !access(systemto, W_OK) && !chmod(systemfrom, status.st_mode & 07777);
-    done = done && !rename(systemfrom, systemto);
+    const char *target = done && realpath(systemto, linked) ? linked : systemto;
+    done = done && !rename(systemfrom, target);
     return done ? nullptr : syserr("MoveFileEx", "%s %s", from, to);
 }

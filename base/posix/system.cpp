@@ -34,19 +34,16 @@ bool folderout(const std::string &folder, char *out, int32_t size)
 void platformenvironment(const char *text, char *out, int32_t size)
 {
     std::string result;
+    out[0] = 0;
     while (*text) {
         const char *end = *text == '%' ? strchr(text + 1, '%') : nullptr;
         const char *value = end ? getenv(std::string(text + 1, end).c_str()) : nullptr;
         char inside[PATHSIZE];
-        if (value && systempathback(value, inside, sizeof inside)) {
-            result += inside;
-            text = end + 1;
-        } else {
-            result += *text++;
-        }
+        if (value && !systempathback(value, inside, sizeof inside)) return;
+        result += value ? std::string(inside) : std::string(1, *text);
+        text = value ? end + 1 : text + 1;
     }
-    bool room = result.size() < static_cast<size_t>(size);
-    std::snprintf(out, static_cast<size_t>(size), "%s", room ? result.c_str() : "");
+    if (result.size() < static_cast<size_t>(size)) strcpy(out, result.c_str());
 }
 
 void platformshortcut(const char *, char *out, int32_t)
