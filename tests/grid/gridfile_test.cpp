@@ -29,6 +29,7 @@ std::string scratch(const std::string &leaf)
 
 void putfile(const std::string &path, const std::string &bytes)
 {
+    std::filesystem::remove(path); // a disc takes its time to write one file over
     FILE *file = fopen(path.c_str(), "wb");
     REQUIRE(file);
     REQUIRE(fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size());
@@ -130,6 +131,21 @@ size_t filesin(const std::string &folder)
     for (auto &entry : std::filesystem::directory_iterator(folder))
         count += entry.exists();
     return count;
+}
+
+// What nothing behind the reader doubts.
+bool documentsound()
+{
+    for (int32_t x = 0; x < grid.width; x++)
+        for (int32_t y = 0; y < grid.height; y++)
+            if (grid.flags[x][y] & CELLMARKED) return false;
+    return grid.width >= 1 && grid.width <= GRIDMAX && grid.height >= 1 && grid.height <= GRIDMAX &&
+           grid.casemode >= 0 && grid.casemode <= 2 && grid.pendingkind >= 0 &&
+           grid.pendingkind <= 1 && grid.minwordlength >= 1 && grid.minwordlength <= 12 &&
+           grid.splitfraction >= 3276 && grid.splitfraction <= 62259 && grid.cellwidth >= 1 &&
+           grid.gridfont.height >= 0 && grid.cluefont.height >= 0 && grid.cluefont.width >= 0 &&
+           memchr(grid.gridfont.face, 0, 64) && memchr(grid.cluefont.face, 0, 64) &&
+           grid.markleft == -1 && grid.cursorx == -1;
 }
 
 // A folder of dictionaries of its own for each test.
@@ -370,7 +386,8 @@ TEST_CASE("any byte may hold anything")
             std::string bytes = whole;
             bytes[at] = static_cast<char>(value);
             if (loadbytes(bytes)) continue;
-            // What was made of it is a document like any other.
+            REQUIRE(documentsound());
+            if ((at * 6 + static_cast<size_t>(value)) % 37) continue; // a save waits for the disc
             std::string once = savedbytes();
             REQUIRE_FALSE(loadbytes(once));
             REQUIRE(savedbytes() == once);
