@@ -120,6 +120,8 @@ TEST_CASE("a broadcast tells everyone, claimed or not")
     CHECK(broadcast(BROADCASTSCREEN) == 0);
     CHECK(fakelog() == "9 0, -9 0");
     CHECK(headless.boxes == 1);
+    addbroadcasthandler(told, BROADCASTFONTS);
+    CHECK(broadcast(BROADCASTFONTS) == 0); // the last to hear leaves the claim
 
     rembroadcasthandler(claiming, BROADCASTSCREEN);
     addbroadcasthandler(claiming, BROADCASTPRINT);

@@ -1,6 +1,7 @@
 #include "desktop/task.h"
 
 #include "base/boxes.h"
+#include "base/dates.h"
 #include "base/errors.h"
 #include "base/flex.h"
 #include "base/messages.h"
@@ -68,9 +69,15 @@ errorblock *failone(intptr_t number, intptr_t, intptr_t, intptr_t)
     return number == failing ? fakeerror() : nullptr;
 }
 
-errorblock *quitnow(intptr_t)
+errorblock *noterunning(intptr_t, intptr_t, intptr_t, intptr_t)
 {
     fake.log.push_back("running " + std::to_string(taskrunning()));
+    return nullptr;
+}
+
+errorblock *quitnow(intptr_t)
+{
+    fake.log.push_back("poll");
     postquit(0);
     return nullptr;
 }
@@ -106,30 +113,36 @@ TEST_CASE("a stage that fails ends the start-up, and the trace goes on")
     const struct {
         const char *stage, *done;
         size_t firstfailed;
+        int32_t blocks; // the catalogue's store, then the block table
     } rows[] = {
-        {"modeinfoinit", "modeinfoinit", 0},
-        {"inittemp", "modeinfoinit, inittemp", 3},
-        {"initsprites", "modeinfoinit, inittemp, initsprites", 4},
-        {"hook", "modeinfoinit, inittemp, initsprites, hook 0", 5},
-        {"hourglassinit", "modeinfoinit, inittemp, initsprites, hook 0, hourglassinit", 6},
+        {"modeinfoinit", "modeinfoinit", 0, 0},
+        {"inittemp", "modeinfoinit, inittemp", 3, 0},
+        {"initsprites", "modeinfoinit, inittemp, initsprites", 4, 0},
+        {"hook", "modeinfoinit, inittemp, initsprites, hook 0", 5, 1},
+        {"hourglassinit", "modeinfoinit, inittemp, initsprites, hook 0, hourglassinit", 6, 2},
         {"addspritesshared",
          "modeinfoinit, inittemp, initsprites, hook 0, hourglassinit, "
          "Sprites.spr, addspritesshared",
-         7},
+         7, 2},
         {"tasktemplates",
          "modeinfoinit, inittemp, initsprites, hook 0, hourglassinit, "
          "Sprites.spr, addspritesshared, tasktemplates",
-         9},
+         9, 2},
     };
     for (auto &row : rows) {
         CAPTURE(row.stage);
         modulesreset();
         headless.keeptrace = true;
         fake.failstage = row.stage;
+        setdateformats("none", "none");
         errorblock *err = start(catalogue());
         REQUIRE(err);
         CHECK(err->code == 99);
         CHECK(fakelog() == row.done);
+        CHECK(flexblocks() == row.blocks);
+        char date[DATESIZE];
+        nowtextdate(date);
+        CHECK(std::string(date) != "none"); // texts of times are there in any case
         std::vector<bool> failed;
         traced(&failed);
         std::vector<bool> expected(10, false);
@@ -203,6 +216,7 @@ TEST_CASE("the poll runs until it is told to quit")
     REQUIRE(start(catalogue()) == nullptr);
     fakelog();
     addmessagehandler(TASKRUN, noteone, 0);
+    addmessagehandler(TASKRUN, noterunning, 0);
     addprepollhandler(quitnow, 0);
     int status = -1;
     try {
@@ -211,5 +225,5 @@ TEST_CASE("the poll runs until it is told to quit")
         status = left.status;
     }
     CHECK(status == 0);
-    CHECK(fakelog() == "message 65543, running 1, wait");
+    CHECK(fakelog() == "message 65543, running 1, poll, wait");
 }
