@@ -205,20 +205,19 @@ TEST_CASE("the newest generation is read whole and written back to the byte")
 
 TEST_CASE("older generations are written as the newest, in the built-in appearance")
 {
-    // The appearance of the document before must not last.
-    grid.gridfont.height = 999;
-    grid.textcolour = 0xFFFFFF00;
-
     std::string nobars = FLAGS;
     for (char &flags : nobars)
         flags = static_cast<char>(flags & ~(BARLEFT | BARTOP));
     std::string body = NODICTS + LETTERS;
 
     for (std::string version : {"1.00", "1.0", "", "1.009999"}) {
+        grid.cluefont.height = 999;
         REQUIRE_FALSE(loadbytes(header(version) + body + FLAGS));
         CHECK(savedbytes() == header("1.02") + body + nobars + factoryappearance());
     }
     for (std::string version : {"1.01", "1.011", "1.019999"}) {
+        grid.gridfont.height = 999; // of the document before: it must not last
+        grid.textcolour = 0xFFFFFF00;
         REQUIRE_FALSE(loadbytes(header(version) + body + FLAGS));
         CHECK(savedbytes() == header("1.02") + body + FLAGS + factoryappearance());
     }
@@ -398,6 +397,8 @@ TEST_CASE("the dictionaries go with the file by name")
 {
     dictsmake({"Alpha", "Beta", "Elevenchars", "Twelveletter"});
     REQUIRE_FALSE(dictuse(0));
+    for (uint32_t i = 1; i < ndicts; i++)
+        dictunload(i);
     std::string names = padded("Beta", 12) + padded("Unknown", 12) + padded("Elevenchars", 12) +
                         padded("Twelveletter", 12);
     REQUIRE_FALSE(loadbytes(newest(names + NODICTS)));
