@@ -75,13 +75,18 @@ int scanrecord(scan *scan)
     return order;
 }
 
-// From inside a rejected record to the codes of the next that may match.
+// From inside a rejected record to the codes of the next that may match: that
+// is behind the next byte that is no code and not above matched. The heads
+// that are above it pass for codes.
 void scanskip(scan *scan)
 {
-    do {
-        scan->at = codesend(scan->at);
-        fast.length = *scan->at++;
-    } while (fast.length > scan->matched);
+    uint32_t shared = std::min<uint32_t>(scan->matched, ESCAPECODE - 1);
+    const uint8_t *at = scan->at;
+    while (*at > shared)
+        if (*at++ == ESCAPECODE && *at) [[unlikely]]
+            at++;
+    fast.length = *at;
+    scan->at = at + 1;
     bool plain = scan->used == scan->matched; // nothing ignored so far
     scan->matched = fast.length;
     scan->exact = std::min(scan->exact, scan->matched);

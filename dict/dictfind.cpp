@@ -1,3 +1,4 @@
+#include "dict/collation.h"
 #include "dict/dictfast.h"
 #include "dict/dictindex.h"
 
@@ -14,6 +15,36 @@ int keycompare(const char *word, const dictindex *entry, int32_t letters, uint32
         letters -= static_cast<int32_t>(
             std::count(entry->word, entry->word + letters, *flags & FINDHYPHENS ? '-' : ' '));
     return wordcompare(word, entry->word, letters, flags);
+}
+
+// Where, from a letter on, the words cease to agree but for case; WORDLENGTH
+// when they don't.
+uint32_t agreeing(const char *a, const char *b, uint32_t from)
+{
+    while (from < WORDLENGTH && a[from] &&
+           collation.fold[static_cast<uint8_t>(a[from])] ==
+               collation.fold[static_cast<uint8_t>(b[from])])
+        from++;
+    return from;
+}
+
+int letterorder(const char *a, const char *b, uint32_t at)
+{
+    if (at == WORDLENGTH) return 0;
+    return collation.sort[static_cast<uint8_t>(a[at])] -
+           collation.sort[static_cast<uint8_t>(b[at])];
+}
+
+// How the sought word stands to that of the cursor, whose record shares so many
+// letters with the one before. The sought word is above that one and agrees
+// with it in *matched letters: one that shares more is below by the same letter.
+int standing(const char *word, const dictcursor *at, uint32_t shared, uint32_t *matched,
+             uint32_t *flags)
+{
+    if (*flags & FINDHYPHENS) return wordcompare(word, at->word, WORDLENGTH, flags);
+    if (shared > *matched) return 1;
+    *matched = agreeing(word, at->word, shared);
+    return letterorder(word, at->word, *matched);
 }
 
 } // namespace
@@ -50,16 +81,14 @@ int dictfind(const char *word, const Dictionary *dict, dictcursor *cursor, uint3
     if (*flags & fastfind) return dictfastscan(word, dict, entryn, flags);
     dictcursor at, below;
     dictfromentry(entryn, dict, &at);
+    uint32_t matched = 0;
+    int order = standing(word, &at, 0, &matched, flags);
     below = at;
-    do {
-        int order = wordcompare(word, at.word, WORDLENGTH, flags);
-        if (order == 0) {
-            *cursor = at;
-            return 1;
-        }
-        if (order < 0) break;
+    while (order > 0) {
         below = at;
-    } while (dictnext(dict, &at));
-    *cursor = below;
-    return 0;
+        if (!dictnext(dict, &at)) break;
+        order = standing(word, &at, *dictrecord(dict, at.woff), &matched, flags);
+    }
+    *cursor = order ? below : at;
+    return !order && !wordcompare(word, at.word, WORDLENGTH, flags);
 }

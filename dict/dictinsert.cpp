@@ -36,58 +36,71 @@ errorblock *insertfirst(const char *word, Dictionary *dict)
 // What an insert writes in one piece: the new record, and that of the word
 // behind it, which from now on is coded against the new word.
 struct insertion {
+    const char *word;
+    bool lowest;         // below all others
+    dictcursor follower; // where the word goes, and what stands there
     uint8_t records[2 * RECORDSIZE];
     int32_t added;   // bytes of the new record
     int32_t recoded; // bytes of the follower's, new and old; 0 without one
     int32_t old;
+    uint32_t entryn;  // the entry whose span takes the word
+    uint32_t shifted; // the last entry at or before the follower
 };
 
-// false when a word doesn't fit.
-bool insertcode(insertion *insert, const char *before, const char *word, const dictcursor *follower)
+// false when a record doesn't fit.
+bool insertcode(insertion *insert, const char *before)
 {
-    insert->added = wordcode(before, word, insert->records);
-    if (!insert->added || !follower) return insert->added;
-    insert->old = static_cast<int32_t>(follower->len);
-    insert->recoded = wordcode(word, follower->word, insert->records + insert->added);
+    insert->added = wordcode(before, insert->word, insert->records);
+    insert->old = static_cast<int32_t>(insert->follower.len);
+    if (!insert->added || !insert->old) return insert->added;
+    insert->recoded =
+        wordcode(insert->word, insert->follower.word, insert->records + insert->added);
     return insert->recoded;
+}
+
+// An entry of the follower's own goes with it, if it still may stand there. The
+// lowest word of all takes over the one that stood at its follower.
+void insertindex(Dictionary *dict, insertion *insert)
+{
+    dictcursor *follower = &insert->follower;
+    dictshiftindex(dict, insert->shifted + 1, insert->added + insert->recoded - insert->old, 1);
+    if (insert->lowest) {
+        dictcursor first = *follower;
+        strcopyn(first.word, insert->word, WORDSIZE);
+        dictsetindex(dict, insert->entryn, &first);
+    }
+    follower->woff += static_cast<uint32_t>(insert->added);
+    follower->wordn++;
+    follower->len = static_cast<uint32_t>(insert->recoded);
+    if (insert->shifted > insert->entryn) {
+        dictsetindex(dict, insert->shifted, follower);
+        dictreindex(dict, insert->shifted, follower);
+    }
+    uint32_t span = dictspanend(dict, insert->entryn) - dictentries(dict)[insert->entryn].wordn;
+    if (span >= SPLITSPAN) dictsplit(dict, insert->entryn, span);
 }
 
 } // namespace
 
+// nwords is raised last, and the span that ends the store is judged without the
+// new word; it is raised even if memory ran out.
 errorblock *dictinsert(const char *word, Dictionary *dict, dictcursor *cursor)
 {
     if (dictisempty(dict)) return insertfirst(word, dict);
-    uint32_t flags = 0;
-    bool lowest = wordcompare(word, cursor->word, WORDLENGTH, &flags) <= 0;
-    dictcursor follower = *cursor;
-    bool followed = lowest || dictnext(dict, &follower);
     insertion insert = {};
-    if (!insertcode(&insert, lowest ? "" : cursor->word, word, followed ? &follower : nullptr))
-        return nullptr;
+    uint32_t flags = 0;
+    insert.word = word;
+    insert.lowest = wordcompare(word, cursor->word, WORDLENGTH, &flags) <= 0;
+    insert.follower = *cursor;
+    if (!insert.lowest) dictnext(dict, &insert.follower);
+    if (!insertcode(&insert, insert.lowest ? "" : cursor->word)) return nullptr;
 
-    uint32_t entryn = cursor->indexn = dictforward(dict, cursor->indexn, cursor);
-    // The follower may carry an entry of its own. The lowest word of all takes
-    // over the one that stood at its follower.
-    uint32_t shifted = followed && !lowest ? dictforward(dict, entryn, &follower) : entryn;
-    errorblock *err =
-        dictsplice(dict, follower.woff, insert.records, insert.added + insert.recoded, insert.old);
-    if (!err) {
-        if (lowest) {
-            dictcursor first = follower;
-            strcopyn(first.word, word, WORDSIZE);
-            dictsetindex(dict, entryn, &first);
-        }
-        dictshiftindex(dict, shifted + 1, insert.added + insert.recoded - insert.old, 1);
-        follower.woff += static_cast<uint32_t>(insert.added);
-        follower.wordn++;
-        follower.len = static_cast<uint32_t>(insert.recoded);
-        if (shifted > entryn) {
-            dictsetindex(dict, shifted, &follower);
-            dictreindex(dict, shifted, &follower);
-        }
-        uint32_t span = dictspanend(dict, entryn) - dictentries(dict)[entryn].wordn;
-        if (span >= SPLITSPAN) dictsplit(dict, entryn, span);
-    }
+    insert.entryn = insert.shifted = cursor->indexn = dictforward(dict, cursor->indexn, cursor);
+    if (!insert.lowest && insert.old)
+        insert.shifted = dictforward(dict, insert.entryn, &insert.follower);
+    errorblock *err = dictsplice(dict, insert.follower.woff, insert.records,
+                                 insert.added + insert.recoded, insert.old);
+    if (!err) insertindex(dict, &insert);
     dict->nwords++;
     return err;
 }

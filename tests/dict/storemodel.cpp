@@ -83,17 +83,21 @@ std::string modelkey(const std::string &word)
                                      "FGHIJKLMNOPQRSTUVWXYZ";
     std::string key;
     for (char ch : word) {
-        size_t place = lower.find(ch);
-        if (place == std::string::npos) place = upper.find(ch);
-        REQUIRE(place != std::string::npos);
+        size_t place = std::min(lower.find(ch), upper.find(ch));
         key += static_cast<char>('A' + place);
     }
     return key;
 }
 
-std::vector<storedword> decodestore(const Dictionary &dict)
+const std::map<int, std::string> &codetexts()
 {
     static const std::map<int, std::string> texts = maketexts();
+    return texts;
+}
+
+std::vector<storedword> decodestore(const Dictionary &dict)
+{
+    const std::map<int, std::string> &texts = codetexts();
     std::vector<storedword> words;
     std::string bytes = blockbytes(dict.words), text;
     auto byte = [&bytes](size_t at) { return static_cast<uint8_t>(bytes.at(at)); };

@@ -18,6 +18,9 @@ std::string modelkey(const std::string &word);
 
 using wordmodel = std::map<std::string, std::string>;
 
+// What each code of 31 and above stands for.
+const std::map<int, std::string> &codetexts();
+
 struct storedword {
     std::string text;
     uint32_t woff;

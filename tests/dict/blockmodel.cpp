@@ -1,0 +1,223 @@
+#include "tests/dict/blockmodel.h"
+
+#include "tests/dict/storemodel.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <unordered_map>
+
+namespace
+{
+
+size_t shared(const std::string &a, const std::string &b)
+{
+    size_t n = 0;
+    while (n < a.size() && n < b.size() && a[n] == b[n])
+        n++;
+    return n;
+}
+
+size_t head(const blockmodel &model, size_t n)
+{
+    return n ? shared(model.words[n - 1]->text, model.words[n]->text) : 0;
+}
+
+constexpr int RANGES[][2] = {{31, 38}, {40, 44}, {46, 48}, {58, 64}, {91, 96},  {123, 191},
+                             {39, 39}, {45, 45}, {48, 57}, {65, 90}, {97, 122}, {192, 255}};
+
+// The first code in the order of the ranges that stands for all of rest; or,
+// whole being false, for a part of it at its front.
+int findcode(const std::string &rest, bool whole)
+{
+    for (const int(&range)[2] : RANGES)
+        for (int code = range[0]; code <= range[1]; code++) {
+            const std::string &text = codetexts().at(code);
+            if (whole ? text == rest : text.size() < rest.size() && rest.starts_with(text))
+                return code;
+        }
+    return 0;
+}
+
+// The codes of a record's letters; one over 32 bytes stands for those that
+// don't fit. Most endings come again and again.
+const std::string &codesof(const std::string &letters)
+{
+    static std::unordered_map<std::string, std::string> known;
+    auto [place, fresh] = known.try_emplace(letters);
+    std::string &codes = place->second, rest = letters;
+    while (fresh && !rest.empty() && codes.size() < 31) {
+        int code = findcode(rest, true);
+        if (!code) code = findcode(rest, false);
+        codes += static_cast<char>(code ? code : 30);
+        if (!code) codes += rest[0];
+        rest.erase(0, code ? codetexts().at(code).size() : 1);
+    }
+    if (fresh && !rest.empty()) codes.assign(33, 0);
+    return codes;
+}
+
+// The last entry at or before a word.
+size_t entryat(const blockmodel &model, uint32_t n)
+{
+    auto behind = std::upper_bound(model.entries.begin(), model.entries.end(), n);
+    return static_cast<size_t>(behind - model.entries.begin()) - 1;
+}
+
+uint32_t spanend(const blockmodel &model, size_t entry, uint32_t count)
+{
+    return entry + 1 < model.entries.size() ? model.entries[entry + 1] : count;
+}
+
+void remove(blockmodel *model, size_t entry)
+{
+    model->entries.erase(model->entries.begin() + static_cast<std::ptrdiff_t>(entry));
+}
+
+// Moves an entry to the first record that may carry one; false if it had to go.
+bool settle(blockmodel *model, size_t entry, uint32_t count)
+{
+    uint32_t n = model->entries[entry], end = spanend(*model, entry, count);
+    while (head(*model, n) >= 8)
+        if (++n >= end) {
+            remove(model, entry);
+            return false;
+        }
+    model->entries[entry] = n;
+    return true;
+}
+
+void split(blockmodel *model, size_t entry, uint32_t count)
+{
+    uint32_t first = model->entries[entry], end = spanend(*model, entry, count);
+    if (end - first < 128) return;
+    for (uint32_t n = first + (end - first) / 2; n < end; n++)
+        if (head(*model, n) < 8) {
+            model->entries.insert(model->entries.begin() + static_cast<std::ptrdiff_t>(entry) + 1,
+                                  n);
+            return;
+        }
+}
+
+void merge(blockmodel *model, size_t entry)
+{
+    if (entry < 1) return;
+    uint32_t n = model->entries[entry];
+    auto count = static_cast<uint32_t>(model->words.size());
+    if (n - model->entries[entry - 1] < 64 || spanend(*model, entry, count) - n < 64)
+        remove(model, entry);
+}
+
+// Word n is new. While the entries settle and split, the store still counts one
+// word less.
+void entriesadd(blockmodel *model, uint32_t n)
+{
+    auto count = static_cast<uint32_t>(model->words.size()) - 1;
+    if (count == 0) {
+        model->entries = {0};
+        return;
+    }
+    size_t entry = entryat(*model, n ? n - 1 : 0);
+    bool shifted = n && entry + 1 < model->entries.size() && model->entries[entry + 1] == n;
+    for (size_t i = entry + 1; i < model->entries.size(); i++)
+        model->entries[i]++;
+    if (shifted) settle(model, entry + 1, count);
+    split(model, entry, count);
+}
+
+// Word n is gone from the words.
+void entriesremove(blockmodel *model, uint32_t n)
+{
+    auto count = static_cast<uint32_t>(model->words.size());
+    size_t entry = entryat(*model, n);
+    bool carried = model->entries[entry] == n;
+    for (size_t i = entry + 1; i < model->entries.size(); i++)
+        model->entries[i]--;
+    if (n == count) { // it was the last
+        if (carried)
+            remove(model, entry);
+        else
+            merge(model, entry);
+    } else if (n == 0 && model->entries.size() > 1 && model->entries[1] == 0) {
+        remove(model, 1); // its follower had one of its own
+    } else if (!carried || settle(model, entry, count)) {
+        merge(model, entry);
+    }
+}
+
+const modelword *interned(const std::string &text)
+{
+    static std::unordered_map<std::string, modelword> known;
+    auto [place, fresh] = known.try_emplace(text);
+    if (fresh) place->second = {text, modelkey(text)};
+    return &place->second;
+}
+
+// Its record in the store of the model.
+std::string record(const blockmodel &model, size_t n)
+{
+    return modelrecord(n ? model.words[n - 1]->text : "", model.words[n]->text);
+}
+
+} // namespace
+
+size_t blockplace(const blockmodel &model, const std::string &word, bool *there)
+{
+    const std::string &key = interned(word)->key;
+    auto place =
+        std::lower_bound(model.words.begin(), model.words.end(), key,
+                         [](const modelword *a, const std::string &b) { return a->key < b; });
+    *there = place != model.words.end() && (*place)->key == key;
+    return static_cast<size_t>(place - model.words.begin());
+}
+
+void blockadd(blockmodel *model, const std::string &word)
+{
+    bool there;
+    size_t n = blockplace(*model, word, &there);
+    if (there && model->words[n]->text == word) return;
+    if (there) blockremove(model, word);
+    model->words.insert(model->words.begin() + static_cast<std::ptrdiff_t>(n), interned(word));
+    entriesadd(model, static_cast<uint32_t>(n));
+}
+
+bool blockremove(blockmodel *model, const std::string &word)
+{
+    bool there;
+    size_t n = blockplace(*model, word, &there);
+    if (!there) return false;
+    model->words.erase(model->words.begin() + static_cast<std::ptrdiff_t>(n));
+    entriesremove(model, static_cast<uint32_t>(n));
+    return true;
+}
+
+std::string modelrecord(const std::string &before, const std::string &word)
+{
+    size_t count = shared(before, word);
+    const std::string &codes = codesof(word.substr(count));
+    return codes.size() > 32 ? "" : static_cast<char>(count) + codes;
+}
+
+std::string modelwords(const blockmodel &model)
+{
+    std::string bytes;
+    for (size_t n = 0; n < model.words.size(); n++)
+        bytes += record(model, n);
+    return bytes.empty() ? bytes : bytes + std::string(2, 0);
+}
+
+std::string modelindex(const blockmodel &model)
+{
+    std::string bytes;
+    size_t n = 0, woff = 0;
+    for (uint32_t entry : model.entries) {
+        for (; n < entry; n++)
+            woff += record(model, n).size();
+        for (size_t number : {woff, n})
+            for (int shift = 0; shift < 32; shift += 8)
+                bytes += static_cast<char>(number >> shift);
+        std::string letters = model.words[n]->text.substr(0, 8);
+        letters.resize(8);
+        bytes += letters;
+    }
+    return bytes;
+}
