@@ -5,6 +5,8 @@ fontrecord solfont, dictfont;
 namespace
 {
 
+// As the slot holds it; the list fonts are among it because they start from the
+// same place.
 struct appearance {
     uint32_t textcolour, gridcolour, fillcolour, backcolour;
     int32_t squarescale;
@@ -29,6 +31,7 @@ constexpr appearance FACTORY = {
     .gridfont = factoryfont(128),
 };
 
+// Starts as the factory has it, also for a program that never resets it.
 appearance slot = FACTORY;
 
 } // namespace

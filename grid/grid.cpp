@@ -11,6 +11,7 @@
 
 griddocument grid;
 
+// What isn't named here starts from 0.
 void gridreset()
 {
     grid = {};
@@ -32,6 +33,8 @@ void gridreset()
 
 // The document's name and its changed mark.
 
+// Only the first change alters the title, so typing doesn't rebuild it with
+// every letter.
 void gridchange()
 {
     if (++grid.changed == 1) settitlefromgrid();
@@ -47,6 +50,7 @@ int gridsunsaved()
     return grid.changed ? 1 : 0;
 }
 
+// The commands pass the document's own name back in.
 void gridsetfilename(const char *path)
 {
     if (path != grid.filename) strcopyn(grid.filename, path, sizeof grid.filename);
@@ -83,6 +87,7 @@ void gridclear()
             flags &= static_cast<uint8_t>(~(CELLKIND | BARLEFT | BARTOP));
 }
 
+// Marked cells keep their letters too: whoever wants them gone unmarks first.
 void gridclearwords()
 {
     for (int32_t x = 0; x < GRIDSTRIDE; x++)

@@ -1,3 +1,5 @@
+// The fields of each chain stand in the order of the file. Nothing is checked
+// but what the document, or those who read it, couldn't do without.
 #include "grid/gridfile.h"
 
 #include "base/bfile.h"
@@ -50,6 +52,7 @@ int32_t headersigned(const gridheader &header, headerword word)
     return static_cast<int32_t>(header.words[word]);
 }
 
+// Versions are compared as the bytes they are, so "1.1" is newer than "1.02".
 bool versionbelow(const gridheader &header, const char *version)
 {
     return memcmp(header.version, version, VERSIONSIZE) < 0;
@@ -74,6 +77,8 @@ errorblock *readsigned(bfile *file, int32_t *value)
     return err;
 }
 
+// A cut header is the one thing that the chain must tell from other failures,
+// so it reads exactly or fails.
 errorblock *headerread(bfile *file, gridheader *header)
 {
     errorblock *err = breadall(file, header->identity, sizeof header->identity);
@@ -99,6 +104,9 @@ errorblock *headercheck(bfile *file, gridheader *header)
     return nullptr;
 }
 
+// No command sets the reserved word or pictureupper: they come from a file and
+// go back to one as they were. The kind waits until the caller is ready to
+// change the button pane with it.
 void headertake(const gridheader &header)
 {
     grid.width = headersigned(header, WIDTH);
@@ -115,6 +123,8 @@ void headertake(const gridheader &header)
     if (split) grid.splitfraction = std::clamp(split, SPLITMIN, SPLITMAX);
 }
 
+// A column lies in one piece, in the file and here. A cut one is taken as far
+// as it goes.
 errorblock *cellsread(bfile *file, uint8_t (*cells)[GRIDSTRIDE])
 {
     errorblock *err = nullptr;
@@ -134,6 +144,9 @@ void cellssettle(uint8_t forgotten)
         }
 }
 
+// The bytes behind the face's terminator mean nothing and are kept, so that the
+// file can be written as it was. Heights become pixels by a product that must
+// not overflow.
 errorblock *fontread(bfile *file, fontrecord *font)
 {
     constexpr int32_t FONTMAX = 0x7fff; // sixteenths; 2000 points and more
@@ -163,6 +176,7 @@ errorblock *appearanceread(bfile *file)
     return err;
 }
 
+// The oldest writers left bars in the flags that nobody had drawn.
 void bodyread(bfile *file, const gridheader &header)
 {
     dictsetread(file);
@@ -186,6 +200,7 @@ void windowresize(const gridheader &header)
         mainwindowresize(width, height);
 }
 
+// The mark and the results spoke of the document before.
 void documentshow(const gridheader &header)
 {
     gridsquaresize();
@@ -266,6 +281,8 @@ errorblock *appearancewrite(bfile *file)
 
 } // namespace
 
+// The appearance is written whatever the document was read from: only the
+// newest generation is made.
 errorblock *gridwrite(const char *path)
 {
     safesave save;
@@ -293,6 +310,7 @@ errorblock *gridload(const char *path)
     errorblock *err = headercheck(&file, &header);
     if (err) return bclose(&file, err);
 
+    // From here on the document is the file's, whatever becomes of the reads.
     dictsetclear();
     headertake(header);
     bodyread(&file, header);

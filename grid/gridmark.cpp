@@ -53,6 +53,8 @@ void markclear()
     marklengthshow();
 }
 
+// Single cells can be marked and unmarked, so the cells are asked and not the
+// rectangle.
 void markrescan()
 {
     cellrect mark = NOCELLS;
@@ -87,6 +89,8 @@ void cursorremove()
     grid.lastcursorx = grid.lastcursory = -1;
 }
 
+// The drawing looks at the cursor itself, so it is hidden while the cell is
+// drawn without it.
 void cursordrawoff()
 {
     int32_t x = grid.cursorx, y = grid.cursory;
@@ -108,6 +112,7 @@ void dirtyreset()
     dirty = NOCELLS;
 }
 
+// A word that isn't placed stands at -1, which is not in the grid.
 void dirtyadd(const wsentry *entry)
 {
     int32_t steps = static_cast<int32_t>(strlen(entry->text)) - 1;

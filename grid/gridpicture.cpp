@@ -64,6 +64,7 @@ errorblock *cellread(picture *read, int32_t x, int32_t y, char ch, int32_t line)
     return nullptr;
 }
 
+// The first row gives the width.
 errorblock *rowread(picture *read, const linereader &in)
 {
     size_t length = in.line.size();
@@ -83,6 +84,7 @@ errorblock *rowread(picture *read, const linereader &in)
     return err;
 }
 
+// Stops behind the empty line, or at the end of the text.
 errorblock *rowsread(picture *read, linereader *in)
 {
     errorblock *err = nullptr;
@@ -126,6 +128,7 @@ errorblock *barread(picture *read, uint8_t bar, std::string_view place, int32_t 
     return nullptr;
 }
 
+// A line of bars; the same edge may have several.
 errorblock *barsread(picture *read, linereader *in)
 {
     std::string_view line = in->line;
@@ -141,6 +144,8 @@ errorblock *barsread(picture *read, linereader *in)
     return makeerrortext(ECR, "Line %d: neither \"left\" nor \"top\".", in->number);
 }
 
+// gridnew has cleared all cells, those outside the picture too: a larger size
+// must not bring the document before back.
 void documentset(const picture &read)
 {
     gridnew();
@@ -157,6 +162,7 @@ void documentset(const picture &read)
     gridchange(); // it is in no grid file yet
 }
 
+// A letter under a block isn't seen on screen either.
 char picturecell(int32_t x, int32_t y)
 {
     uint8_t letter = grid.letters[x][y];

@@ -52,6 +52,8 @@ void gridvisitreset()
         }
 }
 
+// Every word before the one asked for is walked again on each call: the text
+// stays one grid's, whatever was edited between two calls.
 int gridword(char *buffer, int32_t n)
 {
     gridvisitreset();
