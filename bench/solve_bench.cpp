@@ -79,6 +79,7 @@ void benchregister()
 {
     std::strncpy(dictdirectory, benchdata().c_str(), sizeof dictdirectory - 1);
     must(dictstart());
+    solutions.maxsolutions = 1000; // as the console companion's
     for (const slotcase &which : CASES)
         for (const char *dictionary : {"Puzzle-UK", "MainDict"})
             benchmark::RegisterBenchmark((std::string(which.name) + "/" + dictionary).c_str(),
