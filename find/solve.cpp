@@ -4,6 +4,7 @@
 #include "base/errorcodes.h"
 #include "base/errors.h"
 #include "find/findwindow.h"
+#include "find/slotwords.h"
 #include "find/solutions.h"
 #include "grid/grid.h"
 
@@ -22,7 +23,7 @@ struct level {
     int32_t counter;
 };
 
-constexpr int32_t POLLWORDS = 2048; // words between two polls
+constexpr uint32_t POLLWORDS = 2049; // words between two polls
 
 bool lastslot(const level &at)
 {
@@ -56,22 +57,25 @@ void wordfits(level *at, const char *word, wordref ref)
     slotwrite(at->slot, at->pattern);
 }
 
-bool lettersfit(const level &at, const char *word, int32_t *place)
+// How many letters of the word fit the pattern before the first that doesn't.
+int32_t fitsuntil(const level &at, const char *word)
 {
-    for (*place = 0; *place < at.length; ++*place) {
-        uint8_t want = static_cast<uint8_t>(at.pattern[*place]);
-        if (want != ' ' && charupper(want) != charupper(static_cast<uint8_t>(word[*place])))
-            return false;
+    int32_t place = 0;
+    for (; place < at.length; place++) {
+        uint8_t want = static_cast<uint8_t>(at.pattern[place]);
+        if (want != ' ' && charupper(want) != charupper(static_cast<uint8_t>(word[place]))) break;
     }
-    return true;
+    return place;
 }
 
-// Counts one word; true every POLLWORDS words.
-bool wordcounted(level *at)
+// Counts words that were looked at or passed over; true when their number came
+// to POLLWORDS on the way.
+bool wordscounted(level *at, uint32_t words)
 {
-    if (at->counter < 0 || at->counter++ != POLLWORDS) return false;
-    at->counter = 0;
-    return true;
+    if (at->counter < 0) return false;
+    uint32_t sum = static_cast<uint32_t>(at->counter) + words;
+    at->counter = static_cast<int32_t>(sum % POLLWORDS);
+    return sum >= POLLWORDS;
 }
 
 void stopobeyed(level *at)
@@ -79,49 +83,52 @@ void stopobeyed(level *at)
     if (search.stopflag) at->counter = -1;
 }
 
-// The pattern begins with an unknown letter: every word is tried, with its
-// spaces as they are. False when the search is to unwind.
-bool fullscan(level *at, uint32_t dictn)
+void fullcounted(level *at, uint32_t words)
 {
-    const Dictionary *dict = &dicts[dictn].dict;
-    dictcursor cursor;
-    if (!dictseek(0, dict, &cursor)) return true;
-    do {
-        int32_t place;
-        if (static_cast<int32_t>(strlen(cursor.word)) == at->length &&
-            lettersfit(*at, cursor.word, &place))
-            wordfits(at, cursor.word, makewordref(dictn, cursor.wordn));
-        if (wordcounted(at)) {
-            searchpoll();
-            stopobeyed(at);
-        }
-        if (at->counter < 0) return false;
-    } while (dictnext(dict, &cursor));
-    return true;
+    if (!wordscounted(at, words)) return;
+    searchpoll();
+    stopobeyed(at);
 }
 
-int32_t closedup(const char *word, char *out)
+// The pattern begins with an unknown letter: every word is tried, with its
+// spaces as they are. Polls may not change words, so the list stays.
+int32_t fullscan(level *at, uint32_t dictn)
 {
-    int32_t n = 0;
+    slotwordlist list = slotwords(dictn, at->length);
+    uint32_t counted = 0;
+    for (int32_t i = 0; i < list.count && at->counter >= 0; i++) {
+        const slotword &row = list.words[i];
+        if (row.length != at->length || fitsuntil(*at, row.word) < at->length) continue;
+        fullcounted(at, row.wordn - counted);
+        if (at->counter < 0) break;
+        wordfits(at, row.word, makewordref(dictn, row.wordn));
+        fullcounted(at, 1);
+        counted = row.wordn + 1;
+    }
+    fullcounted(at, dictcount(&dicts[dictn].dict) - counted);
+    return at->counter;
+}
+
+void closedup(const char *word, char *out)
+{
     for (; *word; word++)
-        if (*word != ' ') out[n++] = *word;
-    out[n] = 0;
-    return n;
+        if (*word != ' ') *out++ = *word;
+    *out = 0;
 }
 
 // One word of a prefix scan; false when the words have passed the known
-// letters. Only words that could fit by their length are asked.
-bool prefixword(level *at, const dictcursor &cursor, uint32_t dictn, int32_t known)
+// letters.
+bool prefixword(level *at, const slotword &row, uint32_t dictn, int32_t known)
 {
     char word[WORDSIZE];
-    int32_t place;
-    if (closedup(cursor.word, word) != at->length) return true;
-    if (lettersfit(*at, word, &place)) {
-        wordfits(at, word, makewordref(dictn, cursor.wordn));
-        return at->counter >= 0;
+    closedup(row.word, word);
+    int32_t place = fitsuntil(*at, word);
+    if (place == at->length) {
+        wordfits(at, word, makewordref(dictn, row.wordn));
+        return true;
     }
     uint32_t flags = 0;
-    return place >= known || wordcompare(at->pattern, cursor.word, known, &flags) >= 0;
+    return place >= known || wordcompare(at->pattern, row.word, known, &flags) >= 0;
 }
 
 // The pattern begins with letters that are known, or has none: words are tried
@@ -131,15 +138,22 @@ int32_t solveprefix(level at, uint32_t dictn, int32_t prefix)
 {
     const Dictionary *dict = &dicts[dictn].dict;
     dictcursor cursor;
+    uint32_t flags = 0;
     int32_t known = std::min(prefix, INDEXLETTERS);
     at.counter = 0;
     if (dictisempty(dict)) return 0;
-    uint32_t flags = 0;
     dictfromentry(known ? dictentrybelow(at.pattern, known, dict, &flags) : 0, dict, &cursor);
-    while (prefixword(&at, cursor, dictn, known) && dictnext(dict, &cursor)) {
-        if (wordcounted(&at)) stopobeyed(&at);
-        if (at.counter < 0) break;
+
+    slotwordlist list = slotwords(dictn, at.length);
+    uint32_t counted = cursor.wordn;
+    for (int32_t i = slotwordfrom(list, counted); i < list.count; i++) {
+        const slotword &row = list.words[i];
+        if (row.closed != at.length) continue;
+        if (wordscounted(&at, row.wordn - counted)) stopobeyed(&at);
+        if (at.counter < 0 || !prefixword(&at, row, dictn, known)) return at.counter;
+        counted = row.wordn;
     }
+    if (wordscounted(&at, dictcount(dict) - 1 - counted)) stopobeyed(&at);
     return at.counter;
 }
 
@@ -187,7 +201,7 @@ int32_t solvedicts(level *at)
     for (uint32_t i = 0; i < dictset.count; i++) {
         uint32_t dictn = dictset.numbers[i];
         bool on = !blank ? wholeword(at, dictn)
-                  : full ? fullscan(at, dictn)
+                  : full ? fullscan(at, dictn) >= 0
                          : prefixscan(at, dictn, space);
         if (!on) return -1;
     }
@@ -224,6 +238,7 @@ errorblock *solverun(intptr_t)
 {
     searchbegin();
     solveslot(0);
+    slotwordsfree();
     searchend();
     solutionsrefresh();
     return nullptr;

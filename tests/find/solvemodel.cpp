@@ -56,18 +56,24 @@ std::string withoutspaces(std::string text)
     return text;
 }
 
-// Every letter that the pattern knows is the word's; from where it is not.
+// The place where a letter that the pattern knows is not the word's. Both are
+// lower case.
 size_t differs(const std::string &pattern, const std::string &word)
 {
     size_t at = 0;
-    while (at < pattern.size() && (pattern[at] == ' ' || lower(pattern)[at] == lower(word)[at]))
+    while (at < pattern.size() && (pattern[at] == ' ' || pattern[at] == word[at]))
         at++;
     return at;
 }
 
+// A dictionary's words, as they are, in lower case, and that without spaces.
+struct tellerdict {
+    std::vector<std::string> words, lowers, closed;
+};
+
 struct teller {
     std::vector<slot> slots = slotsof();
-    std::vector<std::vector<std::string>> words; // by place in the set
+    std::vector<tellerdict> dictionaries; // by place in the set
     std::vector<uint8_t> letters;
     std::vector<wordref> now;
     std::vector<std::vector<wordref>> found;
@@ -117,23 +123,24 @@ struct teller {
 
     bool whole(size_t k, size_t d, const std::string &pattern, bool before)
     {
-        for (size_t n = 0; n < words[d].size(); n++) {
-            if (lower(words[d][n]) != lower(pattern)) continue;
-            now[k] = makewordref(dictset.numbers[d], static_cast<uint32_t>(n));
-            if (k + 1 < slots.size()) return solve(k + 1);
-            found.push_back(now);
-            return found.size() <= limit;
-        }
-        return before;
+        const std::vector<std::string> &lowers = dictionaries[d].lowers;
+        auto at = std::find(lowers.begin(), lowers.end(), lower(pattern));
+        if (at == lowers.end()) return before;
+        now[k] = makewordref(dictset.numbers[d], static_cast<uint32_t>(at - lowers.begin()));
+        if (k + 1 < slots.size()) return solve(k + 1);
+        found.push_back(now);
+        return found.size() <= limit;
     }
 
     bool scanall(size_t k, size_t d, const std::string &pattern)
     {
-        for (size_t n = 0; n < words[d].size(); n++) {
-            const std::string &word = words[d][n];
-            if (word.size() != pattern.size() || differs(pattern, word) < pattern.size()) continue;
-            if (!take(k, d, n, word, pattern)) return false;
-        }
+        const tellerdict &dict = dictionaries[d];
+        std::string known = lower(pattern);
+        for (size_t n = 0; n < dict.words.size(); n++)
+            if (dict.words[n].size() == pattern.size() &&
+                differs(known, dict.lowers[n]) == pattern.size() &&
+                !take(k, d, n, dict.words[n], pattern))
+                return false;
         return true;
     }
 
@@ -144,22 +151,21 @@ struct teller {
         const dictindex *entry = static_cast<const dictindex *>(dict.index);
         size_t first = 0;
         for (uint32_t i = 0; i < dict.noindex && !known.empty(); i++)
-            if (lower(std::string(entry[i].word, known.size())) < lower(known))
-                first = entry[i].wordn;
+            if (lower(std::string(entry[i].word, known.size())) < known) first = entry[i].wordn;
         return first;
     }
 
     bool scanfrom(size_t k, size_t d, const std::string &pattern, size_t space)
     {
-        std::string known = pattern.substr(0, std::min<size_t>(space, 8));
-        for (size_t n = begin(d, known); n < words[d].size(); n++) {
-            std::string word = withoutspaces(words[d][n]);
-            if (word.size() != pattern.size()) continue;
-            size_t place = differs(pattern, word);
+        const tellerdict &dict = dictionaries[d];
+        std::string letters_ = lower(pattern);
+        std::string known = letters_.substr(0, std::min<size_t>(space, 8));
+        for (size_t n = begin(d, known); n < dict.words.size(); n++) {
+            if (dict.closed[n].size() != pattern.size()) continue;
+            size_t place = differs(letters_, dict.closed[n]);
             if (place == pattern.size()) {
-                if (!take(k, d, n, word, pattern)) return false;
-            } else if (place < known.size() &&
-                       lower(known) < lower(words[d][n].substr(0, known.size()))) {
+                if (!take(k, d, n, withoutspaces(dict.words[n]), pattern)) return false;
+            } else if (place < known.size() && known < dict.lowers[n].substr(0, known.size())) {
                 return true;
             }
         }
@@ -170,13 +176,13 @@ struct teller {
     // then, and the last one's answer counts.
     bool solve(size_t k)
     {
-        std::string pattern = read(k);
+        std::string pattern = read(k), known = lower(pattern);
         size_t space = pattern.find(' ');
         size_t letter = pattern.size();
         for (size_t i = pattern.size(); i-- > 0;)
-            if (lower(pattern)[i] >= 'a' && lower(pattern)[i] <= 'z') letter = i;
+            if (known[i] >= 'a' && known[i] <= 'z') letter = i;
         bool more = true;
-        for (size_t d = 0; d < words.size(); d++) {
+        for (size_t d = 0; d < dictionaries.size(); d++) {
             if (space == std::string::npos) {
                 more = whole(k, d, pattern, more);
                 if (k + 1 == slots.size() && !more) return false;
@@ -203,8 +209,14 @@ solvemodelresult solvemodel(int32_t limit)
     model.limit = static_cast<size_t>(limit);
     model.letters.assign(&grid.letters[0][0], &grid.letters[0][0] + sizeof grid.letters);
     model.now.resize(model.slots.size());
-    for (uint32_t i = 0; i < dictset.count; i++)
-        model.words.push_back(testdictwords(dictset.numbers[i]));
+    for (uint32_t i = 0; i < dictset.count; i++) {
+        tellerdict dict = {.words = testdictwords(dictset.numbers[i]), .lowers = {}, .closed = {}};
+        for (const std::string &word : dict.words) {
+            dict.lowers.push_back(lower(word));
+            dict.closed.push_back(withoutspaces(lower(word)));
+        }
+        model.dictionaries.push_back(dict);
+    }
     model.solve(0);
     return {.solutions = model.found, .letters = model.letters};
 }

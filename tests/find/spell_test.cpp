@@ -183,7 +183,7 @@ void row(int32_t y, const char *letters)
 
 TEST_CASE("suggestions agree with a plain telling on real words")
 {
-    std::vector<std::string> words = realwords(2);
+    std::vector<std::string> words = realwords(7);
     std::vector<std::string> more = {"Zebra", "BEE", "colouR", "queue", "x"};
     testdict("one", words);
     testdict("two", more);

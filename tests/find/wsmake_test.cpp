@@ -176,7 +176,7 @@ TEST_CASE("every placed word reads back, and a seed gives one square")
         std::vector<std::string> chosen = somewords(random, words, 25, 12);
         std::string first;
         for (int again = 0; again < 2; again++) {
-            square(18, 14, mask);
+            square(26, 22, mask);
             list(chosen);
             randomseed(static_cast<uint32_t>(100 + n));
             CHECK(wsmake() == nullptr);
