@@ -1,0 +1,78 @@
+// Texts of words: any bytes as a file. Each word that comes in is one that a
+// store holds, in the order of the text it is the list of the Wordsquare, and
+// what goes out again comes in as the same number of words at the most.
+
+#include "dict/wordimport.h"
+
+#include "base/flex.h"
+#include "dict/dictset.h"
+#include "dict/dictverify.h"
+#include "find/solutions.h"
+#include "find/wordload.h"
+#include "grid/grid.h"
+#include "tests/fuzz/fuzz.h"
+
+#include <cstring>
+
+namespace
+{
+
+void checkwords(const Dictionary *dict)
+{
+    char fault[128];
+    FUZZCHECK(!dictverify(dict, fault, sizeof fault));
+    dictcursor cursor;
+    for (int more = dictseek(0, dict, &cursor); more; more = dictnext(dict, &cursor)) {
+        size_t length = std::strlen(cursor.word);
+        FUZZCHECK(length >= 1 && length <= static_cast<size_t>(WORDLENGTH));
+        FUZZCHECK(static_cast<uint8_t>(cursor.word[0]) > 32);
+        for (size_t i = 1; i < length; i++)
+            FUZZCHECK(cursor.word[i] >= 'a' && cursor.word[i] <= 'z');
+    }
+}
+
+uint32_t import(const std::string &path)
+{
+    ndicts = 1;
+    dicts[0] = {};
+    FUZZCHECK(!dictempty(&dicts[0].dict));
+    FUZZCHECK(!wordimport(path.c_str(), 0));
+    uint32_t words = dictcount(&dicts[0].dict);
+    FUZZCHECK((words != 0) == (dicts[0].changed != 0));
+    checkwords(&dicts[0].dict);
+    return words;
+}
+
+void checklist(const std::string &path)
+{
+    FUZZCHECK(wordload(path.c_str()) == 1);
+    FUZZCHECK(solutions.count >= static_cast<int32_t>(dictcount(&dicts[0].dict)));
+    for (int32_t i = 0; i < solutions.count; i++) {
+        dictcursor cursor;
+        uint32_t flags = 0;
+        FUZZCHECK(solword(i)->x == -1);
+        FUZZCHECK(dictfind(solword(i)->text, &dicts[0].dict, &cursor, &flags));
+    }
+    solreset();
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    if (size > 8192) return 0;
+    grid.kind = GRIDWORDSQUARE;
+    std::string in = fuzzpath("in.txt"), out = fuzzpath("out.txt");
+    fuzzwrite(in, data, size);
+    uint32_t words = import(in);
+    checklist(in);
+    if (words) {
+        FUZZCHECK(!wordexport(out.c_str(), &dicts[0].dict));
+        dictfree(&dicts[0].dict);
+        FUZZCHECK(import(out) <= words);
+    }
+    dictfree(&dicts[0].dict);
+    ndicts = 0;
+    FUZZCHECK(flexblocks() == 0);
+    return 0;
+}
