@@ -9,12 +9,12 @@ namespace
 
 // A key has no terminator when it is full: the compare must end with the last
 // letter in it that counts.
-int keycompare(const char *word, const dictindex *entry, int32_t letters, uint32_t *flags)
+int keycompare(const char *word, const dictindex *entry, int32_t letters, uint32_t options)
 {
-    if (*flags & (FINDHYPHENS | fastfind))
+    if (options & (FINDHYPHENS | fastfind))
         letters -= static_cast<int32_t>(
-            std::count(entry->word, entry->word + letters, *flags & FINDHYPHENS ? '-' : ' '));
-    return wordcompare(word, entry->word, letters, flags);
+            std::count(entry->word, entry->word + letters, options & FINDHYPHENS ? '-' : ' '));
+    return wordcompare(word, entry->word, letters, &options);
 }
 
 // Where, from a letter on, the words cease to agree but for case; WORDLENGTH
@@ -51,14 +51,14 @@ int standing(const char *word, const dictcursor *at, uint32_t shared, uint32_t *
 
 // A run of long words may share its first letters over more than one entry:
 // hence the steps back from an equal one.
-uint32_t dictentrybelow(const char *word, int32_t letters, const Dictionary *dict, uint32_t *flags)
+uint32_t dictentrybelow(const char *word, int32_t letters, const Dictionary *dict, uint32_t options)
 {
     const dictindex *entries = dictentries(dict);
     int32_t low = 0, high = static_cast<int32_t>(dict->noindex) - 1, middle = 0;
     int order = 0;
     while (low <= high) {
         middle = (low + high) / 2;
-        order = keycompare(word, entries + middle, letters, flags);
+        order = keycompare(word, entries + middle, letters, options);
         if (order == 0) break;
         if (order < 0)
             high = middle - 1;
@@ -66,7 +66,7 @@ uint32_t dictentrybelow(const char *word, int32_t letters, const Dictionary *dic
             low = middle + 1;
     }
     while (order <= 0 && middle > 0)
-        order = keycompare(word, entries + --middle, letters, flags);
+        order = keycompare(word, entries + --middle, letters, options);
     return static_cast<uint32_t>(middle);
 }
 
@@ -77,7 +77,7 @@ int dictfind(const char *word, const Dictionary *dict, dictcursor *cursor, uint3
         *cursor = {};
         return 0;
     }
-    uint32_t entryn = dictentrybelow(word, INDEXLETTERS, dict, flags);
+    uint32_t entryn = dictentrybelow(word, INDEXLETTERS, dict, *flags);
     if (*flags & fastfind) return dictfastscan(word, dict, entryn, flags);
     dictcursor at, below;
     dictfromentry(entryn, dict, &at);

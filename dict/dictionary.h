@@ -100,7 +100,8 @@ const uint8_t *dictfound(char *out);
 
 // The last index entry whose first letters, at most 8, stand below the word's;
 // 0 if none does. The store must not be empty.
-uint32_t dictentrybelow(const char *word, int32_t letters, const Dictionary *dict, uint32_t *flags);
+uint32_t dictentrybelow(const char *word, int32_t letters, const Dictionary *dict,
+                        uint32_t options);
 
 // A store without words. nwords alone doesn't tell, after memory ran out.
 inline bool dictisempty(const Dictionary *dict)
