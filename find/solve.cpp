@@ -138,11 +138,10 @@ int32_t solveprefix(level at, uint32_t dictn, int32_t prefix)
 {
     const Dictionary *dict = &dicts[dictn].dict;
     dictcursor cursor;
-    uint32_t flags = 0;
     int32_t known = std::min(prefix, INDEXLETTERS);
     at.counter = 0;
     if (dictisempty(dict)) return 0;
-    dictfromentry(known ? dictentrybelow(at.pattern, known, dict, &flags) : 0, dict, &cursor);
+    dictfromentry(known ? dictentrybelow(at.pattern, known, dict, 0) : 0, dict, &cursor);
 
     slotwordlist list = slotwords(dictn, at.length);
     uint32_t counted = cursor.wordn;
