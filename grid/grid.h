@@ -15,6 +15,8 @@
 // box, which a drag may hold with its edges in either order.
 #pragma once
 
+#include "base/fontrecord.h"
+
 #include <cstdint>
 
 constexpr int32_t GRIDSTRIDE = 128;
@@ -39,17 +41,6 @@ constexpr int32_t CASEASTYPED = 0, CASEUPPER = 1, CASELOWER = 2;
 constexpr uint32_t SPLITMIN = 3276, SPLITMAX = 62259, SPLITDEFAULT = 0x5000;
 
 constexpr int32_t MINWORDMAX = 12; // the longest minwordlength
-
-// A font, as it stands in grid and choices files.
-struct fontrecord {
-    int32_t height; // sixteenths of a point
-    int32_t width;  // 0 for the font's own
-    char face[64];
-    int32_t charset;
-    int32_t weight; // 400 normal
-    int32_t italic;
-};
-static_assert(sizeof(fontrecord) == 84);
 
 struct griddocument {
     uint8_t letters[GRIDSTRIDE][GRIDSTRIDE]; // a blank is a space
