@@ -30,16 +30,20 @@ void deleteonly(Dictionary *dict)
     dict->nwords = dict->noindex = 0;
 }
 
-// Nothing is coded against the last word.
+// Nothing is coded against the last word. Only in a damaged store, where
+// something is taken for the end, can there be entries behind it.
 errorblock *deletelast(Dictionary *dict, const dictcursor *cursor)
 {
-    errorblock *err = dictsplice(dict, cursor->woff, nullptr, 0, static_cast<int32_t>(cursor->len));
+    uint32_t entryn = cursor->indexn;
+    auto length = static_cast<int32_t>(cursor->len);
+    errorblock *err = dictsplice(dict, cursor->woff, nullptr, 0, length);
     if (err) return err;
     dict->nwords--;
-    if (standsat(dict, cursor->indexn, cursor))
-        dictremindex(dict, cursor->indexn);
+    dictshiftindex(dict, entryn + 1, -length, -1);
+    if (standsat(dict, entryn, cursor))
+        dictremindex(dict, entryn);
     else
-        mergeindex(dict, cursor->indexn);
+        mergeindex(dict, entryn);
     return nullptr;
 }
 

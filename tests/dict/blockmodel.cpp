@@ -22,16 +22,16 @@ size_t head(const blockmodel &model, size_t n)
     return n ? shared(model.words[n - 1]->text, model.words[n]->text) : 0;
 }
 
-constexpr int RANGES[][2] = {{31, 38}, {40, 44}, {46, 48}, {58, 64}, {91, 96},  {123, 191},
-                             {39, 39}, {45, 45}, {48, 57}, {65, 90}, {97, 122}, {192, 255}};
+constexpr size_t RANGES[][2] = {{31, 38}, {40, 44}, {46, 48}, {58, 64}, {91, 96},  {123, 191},
+                                {39, 39}, {45, 45}, {48, 57}, {65, 90}, {97, 122}, {192, 255}};
 
 // The first code in the order of the ranges that stands for all of rest; or,
 // whole being false, for a part of it at its front.
-int findcode(const std::string &rest, bool whole)
+size_t findcode(const std::string &rest, bool whole)
 {
-    for (const int(&range)[2] : RANGES)
-        for (int code = range[0]; code <= range[1]; code++) {
-            const std::string &text = codetexts().at(code);
+    for (const size_t(&range)[2] : RANGES)
+        for (size_t code = range[0]; code <= range[1]; code++) {
+            const std::string &text = codetexts()[code];
             if (whole ? text == rest : text.size() < rest.size() && rest.starts_with(text))
                 return code;
         }
@@ -46,11 +46,11 @@ const std::string &codesof(const std::string &letters)
     auto [place, fresh] = known.try_emplace(letters);
     std::string &codes = place->second, rest = letters;
     while (fresh && !rest.empty() && codes.size() < 31) {
-        int code = findcode(rest, true);
+        size_t code = findcode(rest, true);
         if (!code) code = findcode(rest, false);
         codes += static_cast<char>(code ? code : 30);
         if (!code) codes += rest[0];
-        rest.erase(0, code ? codetexts().at(code).size() : 1);
+        rest.erase(0, code ? codetexts()[code].size() : 1);
     }
     if (fresh && !rest.empty()) codes.assign(33, 0);
     return codes;

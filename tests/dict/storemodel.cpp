@@ -20,18 +20,18 @@ constexpr const char *GROUPTEXTS =
     "ght el and ries ication ant cy age at th ial ious id ke ire one ish ive logy ness ogical il "
     "own ties it ue";
 
-std::map<int, std::string> maketexts()
+std::vector<std::string> maketexts()
 {
-    std::map<int, std::string> texts;
+    std::vector<std::string> texts(256);
     for (const char *range : {"''", "--", "09", "AZ", "az", "\xC0\xFF"})
         for (int ch = static_cast<uint8_t>(range[0]); ch <= static_cast<uint8_t>(range[1]); ch++)
-            texts[ch] = std::string(1, static_cast<char>(ch));
+            texts[static_cast<size_t>(ch)] = std::string(1, static_cast<char>(ch));
     std::istringstream groups(GROUPTEXTS);
     std::string item;
-    int code = 0;
+    size_t code = 0;
     while (groups >> item) {
         if (std::isdigit(static_cast<unsigned char>(item[0])))
-            code = std::stoi(item);
+            code = std::stoul(item);
         else
             texts[code++] = item;
     }
@@ -89,15 +89,15 @@ std::string modelkey(const std::string &word)
     return key;
 }
 
-const std::map<int, std::string> &codetexts()
+const std::vector<std::string> &codetexts()
 {
-    static const std::map<int, std::string> texts = maketexts();
+    static const std::vector<std::string> texts = maketexts();
     return texts;
 }
 
 std::vector<storedword> decodestore(const Dictionary &dict)
 {
-    const std::map<int, std::string> &texts = codetexts();
+    const std::vector<std::string> &texts = codetexts();
     std::vector<storedword> words;
     std::string bytes = blockbytes(dict.words), text;
     auto byte = [&bytes](size_t at) { return static_cast<uint8_t>(bytes.at(at)); };
@@ -106,7 +106,7 @@ std::vector<storedword> decodestore(const Dictionary &dict)
         storedword word = {"", static_cast<uint32_t>(at), byte(at)};
         text.resize(std::min<size_t>(text.size(), word.head));
         for (at++; byte(at) >= 30; at++)
-            text += byte(at) == 30 ? std::string(1, bytes.at(++at)) : texts.at(byte(at));
+            text += byte(at) == 30 ? std::string(1, bytes.at(++at)) : texts[byte(at)];
         word.text = text;
         words.push_back(word);
     }
@@ -131,18 +131,6 @@ std::string storefault(const Dictionary &dict)
         if (n && modelkey(before) >= modelkey(text)) return "word " + text + " out of order";
     }
     return indexfault(dict, words);
-}
-
-std::string modelfault(const Dictionary &dict, const wordmodel &model)
-{
-    std::string fault = storefault(dict);
-    if (!fault.empty()) return fault;
-    std::vector<storedword> words = decodestore(dict);
-    if (words.size() != model.size()) return "another number of words than the model";
-    size_t n = 0;
-    for (const auto &[key, text] : model)
-        if (words[n++].text != text) return "holds " + words[n - 1].text + " for " + text;
-    return "";
 }
 
 std::string blockbytes(const flexptr &anchor)

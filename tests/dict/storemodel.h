@@ -1,13 +1,11 @@
 // tests/dict/storemodel.h - the word store told a second time, simply.
 //
-// A model of the words that a store should hold, in a sorted map, and a reader
-// of the two blocks that trusts nothing: it decodes every record from the first
-// byte, with a table and an order of its own.
+// A reader of the two blocks that trusts nothing: it decodes every record from
+// the first byte, with a table and an order of its own.
 #pragma once
 
 #include "dict/dictionary.h"
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -16,10 +14,8 @@
 // the accented e.
 std::string modelkey(const std::string &word);
 
-using wordmodel = std::map<std::string, std::string>;
-
-// What each code of 31 and above stands for.
-const std::map<int, std::string> &codetexts();
+// What each of 256 codes stands for; nothing below 31.
+const std::vector<std::string> &codetexts();
 
 struct storedword {
     std::string text;
@@ -33,9 +29,6 @@ std::vector<storedword> decodestore(const Dictionary &dict);
 // The first rule that the blocks break, or an empty text. Not for stores in
 // which neighbours share 30 letters.
 std::string storefault(const Dictionary &dict);
-
-// The same, and that it holds just the words of the model.
-std::string modelfault(const Dictionary &dict, const wordmodel &model);
 
 std::string blockbytes(const flexptr &anchor);
 

@@ -1,0 +1,256 @@
+// Stores that pass the check of a load and are wrong all the same.
+
+#include "dict/dictverify.h"
+#include "dict/storecheck.h"
+#include "tests/dict/exercise.h"
+#include "tests/dict/storemodel.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+uint8_t *bytes(const Dictionary &dict)
+{
+    return static_cast<uint8_t *>(dict.words);
+}
+
+dictindex *entries(const Dictionary &dict)
+{
+    return static_cast<dictindex *>(dict.index);
+}
+
+// Bytes as they come in a word block: heads, escape codes, letters.
+uint8_t somebyte(std::mt19937 *random)
+{
+    switch ((*random)() % 4) {
+    case 0:
+        return static_cast<uint8_t>((*random)() % 31);
+    case 1:
+        return 30;
+    default:
+        return static_cast<uint8_t>((*random)());
+    }
+}
+
+void madeblocks(Dictionary *dict, int32_t wordbytes, int32_t noindex)
+{
+    REQUIRE_FALSE(dictempty(dict));
+    REQUIRE_FALSE(flex_extend(&dict->words, wordbytes + 2));
+    REQUIRE_FALSE(flex_extend(&dict->index, noindex * static_cast<int32_t>(sizeof(dictindex))));
+    memset(dict->words, 0, static_cast<size_t>(wordbytes) + 2);
+    memset(dict->index, 0, static_cast<size_t>(noindex) * sizeof(dictindex));
+    dict->noindex = static_cast<uint32_t>(noindex);
+}
+
+// Entries anywhere in the block, as many as the rules let stand.
+void anyindex(Dictionary *dict, uint32_t recordsend, std::mt19937 *random)
+{
+    uint32_t woff = 0, wordn = 0, n = 0;
+    while (n < dict->noindex && woff < recordsend && wordn < dict->nwords) {
+        if (bytes(*dict)[woff] < INDEXLETTERS) {
+            entries(*dict)[n] = {woff, wordn, {}};
+            for (char &letter : entries(*dict)[n].word)
+                letter = static_cast<char>((*random)() % 3 ? 'a' + (*random)() % 26 : 0);
+            n++;
+            wordn += 1 + (*random)() % 40;
+        }
+        woff += 1 + (*random)() % 30;
+    }
+    dict->noindex = n;
+}
+
+// What dictverify says of records, an end mark behind them and an entry at the
+// first.
+std::string verified(const std::vector<uint8_t> &records, uint32_t nwords, int32_t noindex = 1)
+{
+    Dictionary dict;
+    madeblocks(&dict, static_cast<int32_t>(records.size()), noindex);
+    if (records.empty()) REQUIRE_FALSE(flex_extend(&dict.words, 0));
+    std::copy(records.begin(), records.end(), bytes(dict));
+    dict.nwords = nwords;
+    for (size_t n = 1; noindex && n < records.size() && n <= 8 && records[n] >= 30; n++)
+        entries(dict)[0].word[n - 1] = static_cast<char>(records[n]);
+    char fault[200] = "";
+    dictverify(&dict, fault, sizeof fault);
+    dictfree(&dict);
+    return fault;
+}
+
+void exerciseboth(Dictionary *dict, std::mt19937 *random)
+{
+    REQUIRE_FALSE(storecheck(dict));
+    exercisereaders(*dict);
+    exerciseedits(dict, random, 30);
+    exercisereaders(*dict);
+    dictfree(dict);
+}
+
+} // namespace
+
+TEST_CASE("any bytes that pass the check are read and edited without harm")
+{
+    std::mt19937 random(21);
+    for (int n = 0; n < 1500; n++) {
+        Dictionary dict;
+        auto size = static_cast<int32_t>(1 + random() % 600);
+        madeblocks(&dict, size, static_cast<int32_t>(1 + random() % 12));
+        for (int32_t at = 1; at < size; at++)
+            bytes(dict)[at] = somebyte(&random);
+        dict.nwords = 1 + random() % (random() % 8 ? 300 : 0xFFFFFFFF);
+        anyindex(&dict, static_cast<uint32_t>(size), &random);
+        exerciseboth(&dict, &random);
+    }
+}
+
+TEST_CASE("a good store with some bytes changed does no harm")
+{
+    std::mt19937 random(22);
+    std::vector<std::string> words = somewords(400, 8);
+    int checked = 0;
+    for (int n = 0; n < 600; n++) {
+        Dictionary dict;
+        REQUIRE_FALSE(dictempty(&dict));
+        for (const std::string &word : words)
+            REQUIRE_FALSE(dictadd(word.c_str(), &dict));
+        uint32_t size = static_cast<uint32_t>(blockbytes(dict.words).size());
+        for (uint32_t changes = 1 + random() % 20; changes; changes--)
+            bytes(dict)[random() % (size - 2)] = somebyte(&random);
+        if (random() % 2) dict.nwords = random() % 1000;
+        if (storecheck(&dict)) {
+            dictfree(&dict);
+            continue;
+        }
+        checked++;
+        exerciseboth(&dict, &random);
+    }
+    CHECK(checked > 100);
+}
+
+// The head of the second is taken for an escape code, and what is behind for
+// something else again.
+TEST_CASE("neighbours that share 30 letters are misread, and stay loadable")
+{
+    std::mt19937 random(23);
+    for (const char *tail : {"b", "\x1E"}) {
+        std::string front(30, 'q');
+        front += "a";
+        Dictionary dict;
+        REQUIRE_FALSE(dictempty(&dict));
+        for (const std::string &word : {std::string("before"), front, std::string("zebra")})
+            REQUIRE_FALSE(dictadd(word.c_str(), &dict));
+        std::string neighbour = front.substr(0, 30) + tail;
+        REQUIRE_FALSE(dictadd(neighbour.c_str(), &dict));
+        CHECK(dictcount(&dict) == 4);
+        std::string block = blockbytes(dict.words);
+        size_t head = block.find('\x1E');
+        REQUIRE(head != std::string::npos);
+        CHECK(dictword(2, &dict) == std::string("zebra"));
+        CHECK(dictword(3, &dict) == std::string());
+        char fault[200];
+        CHECK(dictverify(&dict, fault, sizeof fault) != nullptr);
+        for (int n = 0; n < 100; n++)
+            REQUIRE_FALSE(
+                dictadd((front.substr(0, random() % 31) + static_cast<char>("ab\x1E"[random() % 3]))
+                            .substr(0, 31)
+                            .c_str(),
+                        &dict));
+        exerciseedits(&dict, &random, 200);
+        exerciseboth(&dict, &random);
+    }
+}
+
+TEST_CASE("the check refuses what would lead out of the blocks, and no more")
+{
+    Dictionary dict;
+    REQUIRE_FALSE(dictempty(&dict));
+    for (char a = 'a'; a <= 'z'; a++)
+        for (char b = 'a'; b <= 'z'; b++)
+            REQUIRE_FALSE(dictadd((std::string(1, a) + b).c_str(), &dict));
+    REQUIRE(dict.noindex > 3);
+    REQUIRE_FALSE(storecheck(&dict));
+    auto size = static_cast<uint32_t>(blockbytes(dict.words).size());
+    Dictionary good = dict;
+    auto refused = [&dict] {
+        errorblock *err = storecheck(&dict);
+        return err != nullptr;
+    };
+    for (uint32_t at : {size - 2, size - 1}) {
+        bytes(dict)[at] = 'a';
+        CHECK(refused());
+        bytes(dict)[at] = 0;
+    }
+    dictindex kept = entries(dict)[2];
+    for (uint32_t woff :
+         {size - 2, size, 0xFFFFFFFFu, entries(dict)[1].woff, entries(dict)[3].woff}) {
+        entries(dict)[2].woff = woff;
+        CHECK(refused());
+    }
+    entries(dict)[2] = kept;
+    for (uint32_t wordn :
+         {dict.nwords, 0xFFFFFFFFu, entries(dict)[1].wordn, entries(dict)[3].wordn}) {
+        entries(dict)[2].wordn = wordn;
+        CHECK(refused());
+    }
+    entries(dict)[2] = kept;
+    bytes(dict)[kept.woff] = 8;
+    CHECK(refused());
+    bytes(dict)[kept.woff] = 7;
+    CHECK_FALSE(refused());
+    bytes(dict)[kept.woff] = 0;
+    for (uint32_t Dictionary::*count : {&Dictionary::nwords, &Dictionary::noindex}) {
+        dict.*count = count == &Dictionary::nwords ? 0 : dict.noindex + 1;
+        CHECK(refused());
+        dict = good;
+    }
+    dict.nwords++; // as after an insert that ran out of memory
+    CHECK_FALSE(refused());
+    entries(dict)[0].woff = 1;
+    CHECK(refused());
+    dict.noindex = 0;
+    CHECK_FALSE(refused());
+    dictfree(&dict);
+}
+
+TEST_CASE("dictverify tells what is wrong")
+{
+    CHECK(verified({0, 'a', 1, 'b'}, 2) == "");
+    CHECK(verified({0, 'a', 0, 'b'}, 2) == "");
+    CHECK(verified({0, 'a', 1, 'b'}, 3) == "2 words, the count says 3");
+    CHECK(verified({0, 'a', 1, 'b'}, 1) == "2 words, the count says 1");
+    CHECK(verified({0, 'b', 0, 'a'}, 2) == "word 1 (a) at 2: not above the one before (b)");
+    CHECK(verified({0, 'a', 0, 'A'}, 2) == "word 1 (A) at 2: not above the one before (a)");
+    CHECK(verified({0, 'a', 'b', 0, 'a', 'c'}, 2) == "word 1 (ac) at 3: prefix count 0, shares 1");
+    CHECK(verified({0, 'a', 2, 'c'}, 2) == "word 1 (a) at 2: prefix count 2, shares 1");
+    CHECK(verified({0, 'a', 1, 1, 'b'}, 3) == "word 1: no record at 2");
+    CHECK(verified({1, 'a'}, 1) == "word 0 () at 0: prefix count 1, shares 0");
+    std::vector<uint8_t> record(33, 'x');
+    record[0] = 0;
+    CHECK(verified(record, 1) == "word 0 at 0: too long");
+    CHECK(verified({}, 0, 0) == "");
+    CHECK(verified({}, 1, 0) == "1 words without an index");
+    CHECK(verified({0, 'a'}, 1, 0) == "1 words without an index");
+}
+
+// The index can't be wrong anywhere without being found out.
+TEST_CASE("any change of a byte of the index is told")
+{
+    Dictionary dict;
+    char fault[200];
+    REQUIRE_FALSE(dictempty(&dict));
+    for (const std::string &word : somewords(600, 4))
+        REQUIRE_FALSE(dictadd(word.c_str(), &dict));
+    REQUIRE(dict.noindex > 2);
+    CHECK(dictverify(&dict, fault, sizeof fault) == nullptr);
+    CHECK(dictcheck(&dict) == static_cast<int32_t>(dict.noindex));
+    for (size_t at = 0; at < dict.noindex * sizeof(dictindex); at++) {
+        uint8_t *byte = static_cast<uint8_t *>(dict.index) + at;
+        *byte ^= 4;
+        CHECK((storecheck(&dict) || dictverify(&dict, fault, sizeof fault)));
+        *byte ^= 4;
+    }
+    dictfree(&dict);
+}
