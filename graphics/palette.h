@@ -13,8 +13,8 @@
 extern intptr_t identitypalette; // each device index by itself
 extern intptr_t palette;         // the library's colours among the system's own
 
-// At the start and on a change of the display.
-void palettesetup();
+// At the start and on a change of the display, of which dc is a context.
+void palettesetup(intptr_t dc);
 void paletteend();
 
 // On a palette device selects palette and realises it, or selects
