@@ -2,11 +2,18 @@
 
 #include "graphics/surface.h"
 
+// Wild positions go round at 32 bits, as everywhere in drawing.
+static int32_t low32(int64_t value)
+{
+    return static_cast<int32_t>(value);
+}
+
 void textdevice(uint32_t flags, int64_t x, int64_t y, int32_t *devicex, int32_t *devicey)
 {
     const surface &s = *currentsurface;
-    int32_t parts = flags & TEXTOSUNITS ? 1 : MILLIPOINTS;
-    int64_t fromx = x - int64_t{s.shiftx} * parts, fromy = y - int64_t{s.shifty} * parts;
-    *devicex = muldiv64(fromx, s.scalex, s.unitx * parts) + s.deviceshiftx;
-    *devicey = muldiv64(fromy, s.scaley, -s.unity * parts) + s.deviceshifty;
+    int64_t parts = flags & TEXTOSUNITS ? 1 : MILLIPOINTS;
+    int64_t pixelsx = muldiv64(x - s.shiftx * parts, s.scalex, low32(s.unitx * parts));
+    int64_t pixelsy = muldiv64(y - s.shifty * parts, s.scaley, low32(-s.unity * parts));
+    *devicex = low32(pixelsx + s.deviceshiftx);
+    *devicey = low32(pixelsy + s.deviceshifty);
 }

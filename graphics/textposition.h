@@ -9,6 +9,7 @@ constexpr uint32_t TEXTOSUNITS = 16;
 constexpr int32_t MILLIPOINTS = 400; // 1/72000 of an inch, to the OS unit
 
 // A position as surfacedevice has it, on the current surface and in exact
-// arithmetic: the same position is always the same pixel. x and y may have 33
-// bits in OS units and 41 in millipoints.
+// arithmetic: the same position is always the same pixel. x and y may have 41
+// bits, the sum of a position and an OS position in millipoints; the surface's
+// scale then at most 22.
 void textdevice(uint32_t flags, int64_t x, int64_t y, int32_t *devicex, int32_t *devicey);
