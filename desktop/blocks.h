@@ -30,9 +30,9 @@ blockfunction anyfunction(auto handler)
 
 struct block {
     int32_t type;
-    intptr_t subtype; // by type: a message number, a hot key, a saved procedure; else 0
-    intptr_t window;  // or, for types without a window, the user's word or a file type
-    intptr_t data;    // the user's word, or when a timed call is due
+    intptr_t subtype;       // by type: a message number, a hot key, a saved procedure; else 0
+    intptr_t window;        // or, for types without a window, the user's word or a file type
+    intptr_t data;          // the user's word, or when a timed call is due
     blockfunction function; // 0 for a block that only carries data
 };
 

@@ -7,8 +7,10 @@
 
 #include "desktop/events.h"
 
-errorblock *addsubclasshandler(window owner, int32_t icon, intptr_t data, subclassfunction function);
-errorblock *remsubclasshandler(window owner, int32_t icon, intptr_t data, subclassfunction function);
+errorblock *addsubclasshandler(window owner, int32_t icon, intptr_t data,
+                               subclassfunction function);
+errorblock *remsubclasshandler(window owner, int32_t icon, intptr_t data,
+                               subclassfunction function);
 
 // Asked by the exchanged procedure: true when a handler has stopped the message,
 // with its result; else procedure is the control's own, or 0 if it is subclassed

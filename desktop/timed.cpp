@@ -54,7 +54,8 @@ errorblock *addtimedcall(timedfunction function, intptr_t data, int32_t delay)
 {
     errorblock *err = nullptr;
     bool added = false;
-    auto due = static_cast<intptr_t>(tickcount() + static_cast<uint32_t>(delay));
+    uint32_t when = tickcount() + static_cast<uint32_t>(delay);
+    auto due = static_cast<intptr_t>(when);
     int32_t waiting = findblock(EVENTTIMED, 0, data, BLOCKANY, anyfunction(function));
     if (waiting != -1)
         blocksetdata(waiting, due);

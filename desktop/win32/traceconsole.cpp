@@ -2,12 +2,14 @@
 
 #include <windows.h>
 
-// The console comes into being with the first line and stays.
+// The console comes into being with the first line and stays. Its code page is
+// that of our texts, not that of the system's oldest programs.
 static HANDLE console()
 {
     static HANDLE output = [] {
         FreeConsole();
         AllocConsole();
+        SetConsoleOutputCP(1252);
         return GetStdHandle(STD_OUTPUT_HANDLE);
     }();
     return output;
@@ -28,17 +30,5 @@ void tracewritew(const wchar_t *text, int length)
     DWORD reported = GetLastError();
     DWORD written;
     WriteConsoleW(console(), text, static_cast<DWORD>(length), &written, nullptr);
-    SetLastError(reported);
-}
-
-void tracepaint(int y, const char *text, int length)
-{
-    DWORD reported = GetLastError();
-    HDC screen = GetDC(nullptr);
-    SelectObject(screen, GetStockObject(SYSTEM_FONT));
-    SetTextColor(screen, RGB(0, 0, 0));
-    SetBkColor(screen, RGB(255, 255, 255));
-    TextOutA(screen, 0, y, text, length);
-    ReleaseDC(nullptr, screen);
     SetLastError(reported);
 }

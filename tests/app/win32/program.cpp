@@ -1,6 +1,6 @@
 #include "tests/app/win32/program.h"
 
-constexpr DWORD PATIENCE = 10000; // milliseconds
+constexpr DWORD PATIENCE = 30000; // milliseconds; a machine may be busy
 
 static std::string ownfolder()
 {

@@ -19,7 +19,7 @@ program programstart(const std::string &exe, const std::string &words = "");
 // Tells it to quit: once it has a message queue, the notice is in it.
 bool programquit(const program &p);
 
-// The status that it ends with, or -1 if it goes on for ten seconds.
+// The status that it ends with, or -1 if it goes on and on.
 int programstatus(program &p);
 
 // Whether it still runs after a while.

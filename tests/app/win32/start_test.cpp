@@ -4,7 +4,9 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 
 namespace
 {
@@ -74,7 +76,10 @@ TEST_CASE("a start-up that fails shows why, and ends with status 0")
     CHECK(box.text == "No window classes to be had");
 
     // The lines go on to the end, and tell the error from where it was made.
-    std::vector<std::string> lines = startlines(programtrace(p, "end inittask"));
+    std::vector<std::string> all = programtrace(p, "end inittask");
+    CHECK(std::count(all.begin(), all.end(), "caf\xE9") == 1);
+    CHECK(std::count(all.begin(), all.end(), "wide caf\xE9") == 1);
+    std::vector<std::string> lines = startlines(all);
     const char *const shown[] = {
         "start task err=",   "flex_init2 err=",   "initerror err=",  "inittemp err=",
         "inittrans err=",    "initalloc err=",    "taskerrors err=", "addsprites err=",

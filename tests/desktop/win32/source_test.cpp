@@ -1,4 +1,5 @@
-// The event source over the real message queue of this thread.
+// The event source over the real message queue of this thread, and what is
+// drawn straight on the screen.
 #include "desktop/eventsource.h"
 
 #include "base/boxes.h"
@@ -19,7 +20,6 @@
 // Lines go nowhere: this process's own console is where the results are.
 void tracewrite(const char *, int) {}
 void tracewritew(const wchar_t *, int) {}
-void tracepaint(int, const char *, int) {}
 
 namespace
 {
@@ -211,4 +211,25 @@ TEST_CASE("the mouse hook can be had and given back")
     CHECK(sourcehook(false) == nullptr);
     CHECK(sourcehook(false) != nullptr); // there is none now
     CHECK(sourceprocess() == GetCurrentProcessId());
+}
+
+TEST_CASE("a trace straight on the screen, black on white")
+{
+    HDC screen = GetDC(nullptr);
+    SelectObject(screen, GetStockObject(SYSTEM_FONT));
+    SIZE size;
+    GetTextExtentPoint32A(screen, "\xDF 7|", 4, &size);
+    PatBlt(screen, 0, 0, 200, 100, DSTINVERT); // whatever was there is another colour
+    tracescreen(5, "%c %d|", 0xDF, 7);
+
+    int black = 0, white = 0, others = 0;
+    for (int x = 0; x < size.cx; x++)
+        for (int y = 50; y < 50 + size.cy; y++) {
+            COLORREF c = GetPixel(screen, x, y);
+            (c == 0 ? black : c == 0xFFFFFF ? white : others)++;
+        }
+    CHECK(others == 0);
+    CHECK(black > 20);
+    CHECK(white > black);
+    ReleaseDC(nullptr, screen);
 }
