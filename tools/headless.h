@@ -13,19 +13,19 @@ struct headlessstate {
     // Calls made, by name.
     int redraws, cellredraws, extents, titles, resultsdropped, kindsapplied, wordlists;
     int refreshes, begins, ends, polls, busy, menubuilds, menudeletes, setchanges, edits;
-    int32_t cells[4];        // the last gridcellsredraw
-    int32_t marklength;      // the last length shown; -1 emptied
-    int32_t progress;        // the last count shown
-    int32_t kind;            // the last kind applied
+    int32_t cells[4];   // the last gridcellsredraw
+    int32_t marklength; // the last length shown; -1 emptied
+    int32_t progress;   // the last count shown
+    int32_t kind;       // the last kind applied
     int32_t windowwidth, windowheight;
-    uint32_t boxes;          // boxes shown
-    int boxanswer;           // what the next box is answered with
+    uint32_t boxes;                // boxes shown
+    int boxanswer;                 // what the next box is answered with
     std::string boxtext, boxtitle; // of the last box
     uint32_t boxflags;
-    bool keeptrace;          // tests that read the trace
+    bool keeptrace; // tests that read the trace
     std::string tracetext;
     errorblock *(*worker)(intptr_t); // what searchlater was given
-    void (*onpoll)();        // called by each searchpoll
+    void (*onpoll)();                // called by each searchpoll
 };
 
 extern headlessstate headless;

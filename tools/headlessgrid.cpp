@@ -53,4 +53,7 @@ void mainwindowresize(int32_t width, int32_t height)
     headless.windowheight = height;
 }
 
-void wordlistload(const char *) { headless.wordlists++; }
+void wordlistload(const char *)
+{
+    headless.wordlists++;
+}
