@@ -24,8 +24,8 @@ void walkall(const Dictionary *dict)
     }
     FUZZCHECK(walked <= dictcount(dict));
     FUZZCHECK(!dictseek(dictcount(dict), dict, &cursor));
-    for (uint32_t n = 0; n < dictcount(dict); n += 1 + dictcount(dict) / 50)
-        FUZZCHECK(std::strlen(dictword(n, dict)) < WORDSIZE);
+    for (uint64_t n = 0; n < dictcount(dict); n += 1 + dictcount(dict) / 50)
+        FUZZCHECK(std::strlen(dictword(static_cast<uint32_t>(n), dict)) < WORDSIZE);
     dictcheck(dict);
 }
 
