@@ -33,7 +33,7 @@ bool headholds(const sprite *s)
     if (s->next < static_cast<int32_t>(sizeof *s) || s->next % WORDBYTES != 0) return false;
     if (s->width < 0 || s->height < 0 || !isbit(s->firstbit) || !isbit(s->lastbit)) return false;
     if (s->width >= WIDEST) return false;
-    return inside(s, s->image, rowbytes(s) * (s->height + 1)) && inside(s, s->mask, 0);
+    return inside(s, s->image, rowbytes(s) * (int64_t{s->height} + 1)) && inside(s, s->mask, 0);
 }
 
 // A mask of one bit a pixel has rows as short as its words allow.

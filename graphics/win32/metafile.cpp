@@ -56,6 +56,7 @@ errorblock *framesize(int32_t width, int32_t height, RECT *frame)
 errorblock *bitsread(HMETAFILE file, int32_t lead, void **bytes, int32_t *size)
 {
     *bytes = nullptr;
+    *size = 0;
     UINT length = GetMetaFileBitsEx(file, 0, nullptr);
     if (!length) return nullptr;
     *size = lead + static_cast<int32_t>(length);
