@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-// Of this thread's program.
+// Pens, brushes, contexts and the like that this program holds now.
 int gdiobjects();
 
 // 32 bits a pixel, white, the current surface while it lives. At a scale of 180
@@ -38,7 +38,7 @@ struct canvas {
     int32_t width, height;
     surface *drawing;
 
-  private:
+private:
     uint32_t colour(int32_t x, int32_t y) const;
 
     intptr_t bitmap, before;
