@@ -93,8 +93,8 @@ void surfacesetstate(surface *s, const surfacescale *buffer);
 // of two coordinates.
 int32_t muldiv64(int64_t a, int32_t b, int32_t c);
 
-// OS units of the current surface to device pixels, and back. The fine one
-// takes 1/256 OS units.
+// OS units of the current surface to device pixels, and back; they go round at
+// 32 bits. The fine one takes 1/256 OS units.
 void surfacedevice(int32_t *x, int32_t *y);
 void surfacedevicefine(int32_t *x, int32_t *y);
 void surfaceos(int32_t *x, int32_t *y);

@@ -5,38 +5,41 @@
 
 #include <windows.h>
 
-#include <utility>
+#include <algorithm>
 
 namespace
 {
 
 int32_t sum(int32_t a, int32_t b)
 {
-    return static_cast<int32_t>(int64_t{a} + b);
+    return static_cast<int32_t>(std::clamp<int64_t>(int64_t{a} + b, INT32_MIN, INT32_MAX));
 }
 
 // Sorted after the conversion, so that a negative size gives the same box.
 RECT pixels(int32_t x, int32_t y, int32_t width, int32_t height)
 {
-    int32_t left = x, bottom = y, right = sum(x, width), top = sum(y, height);
-    surfacedevice(&left, &bottom);
-    surfacedevice(&right, &top);
-    if (left > right) std::swap(left, right);
-    if (top > bottom) std::swap(top, bottom);
-    return {left, top, right, bottom};
-}
-
-errorblock *rectangle(const RECT &box)
-{
-    Rectangle(surfacecontext(), box.left, box.top, box.right, box.bottom);
-    return nullptr;
+    POINT a = surfacepixel(x, y), b = surfacepixel(sum(x, width), sum(y, height));
+    return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
 }
 
 } // namespace
 
+// The system draws nothing for a box of one pixel, as a line from a point to
+// itself has none.
+void surfacerectangle(const RECT &box)
+{
+    if (box.right - box.left == 1 && box.bottom - box.top == 1) {
+        POINT ends[] = {{box.left, box.top}, {box.right, box.top}};
+        Polyline(surfacecontext(), ends, 2);
+    } else {
+        Rectangle(surfacecontext(), box.left, box.top, box.right, box.bottom);
+    }
+}
+
 errorblock *fillbox(int32_t x, int32_t y, int32_t width, int32_t height)
 {
-    return rectangle(pixels(x, y, width, height));
+    surfacerectangle(pixels(x, y, width, height));
+    return nullptr;
 }
 
 errorblock *drawbox(int32_t x, int32_t y, int32_t width, int32_t height)
@@ -44,7 +47,8 @@ errorblock *drawbox(int32_t x, int32_t y, int32_t width, int32_t height)
     RECT box = pixels(x, y, width, height);
     box.top--;
     box.right++;
-    return rectangle(box);
+    surfacerectangle(box);
+    return nullptr;
 }
 
 errorblock *hollowbox(int32_t x, int32_t y, int32_t width, int32_t height)
@@ -57,13 +61,11 @@ errorblock *hollowbox(int32_t x, int32_t y, int32_t width, int32_t height)
 
 errorblock *linebox(int32_t x, int32_t y, int32_t width, int32_t height)
 {
-    int32_t x0 = x, y0 = y, x1 = sum(x, width), y1 = sum(y, height);
-    surfacedevice(&x0, &y0);
-    surfacedevice(&x1, &y1);
-    MoveToEx(surfacecontext(), x0, y0, nullptr);
-    LineTo(surfacecontext(), x1, y0);
-    LineTo(surfacecontext(), x1, y1);
-    LineTo(surfacecontext(), x0, y1);
-    LineTo(surfacecontext(), x0, y0);
+    POINT a = surfacepixel(x, y), b = surfacepixel(sum(x, width), sum(y, height));
+    MoveToEx(surfacecontext(), a.x, a.y, nullptr);
+    LineTo(surfacecontext(), b.x, a.y);
+    LineTo(surfacecontext(), b.x, b.y);
+    LineTo(surfacecontext(), a.x, b.y);
+    LineTo(surfacecontext(), a.x, a.y);
     return nullptr;
 }

@@ -13,8 +13,14 @@ namespace
 
 plotpoint pixelat(int32_t x, int32_t y)
 {
-    surfacedevice(&x, &y);
-    return {x, y};
+    POINT p = surfacepixel(x, y);
+    return {p.x, p.y};
+}
+
+plotpoint added(plotpoint from, plotpoint by)
+{
+    return {std::clamp(from.x + by.x, -SURFACEEDGE, SURFACEEDGE),
+            std::clamp(from.y + by.y, -SURFACEEDGE, SURFACEEDGE)};
 }
 
 void cursorto(plotpoint p)
@@ -67,8 +73,8 @@ void parallelogram(plotpoint p)
 void rectangle(plotpoint p)
 {
     plotpoint last = plotlast(0);
-    Rectangle(surfacecontext(), std::min(last.x, p.x), std::min(last.y, p.y), std::max(last.x, p.x),
-              std::max(last.y, p.y));
+    surfacerectangle({std::min(last.x, p.x), std::min(last.y, p.y), std::max(last.x, p.x),
+                      std::max(last.y, p.y)});
 }
 
 int32_t between(plotpoint a, plotpoint b)
@@ -154,10 +160,7 @@ errorblock *getcursorpos(int32_t *x, int32_t *y)
 
 errorblock *bezierto(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t x3, int32_t y3)
 {
-    surfacedevice(&x1, &y1);
-    surfacedevice(&x2, &y2);
-    surfacedevice(&x3, &y3);
-    POINT points[] = {{x1, y1}, {x2, y2}, {x3, y3}};
+    POINT points[] = {surfacepixel(x1, y1), surfacepixel(x2, y2), surfacepixel(x3, y3)};
     PolyBezierTo(surfacecontext(), points, 3);
     return nullptr;
 }
@@ -168,7 +171,7 @@ errorblock *plot(int32_t code, int32_t x, int32_t y)
 {
     int32_t action = code & 7, drawn = code & ~7;
     plotpoint p = pixelat(x, y);
-    if (action < PLOTMOVE) p = {p.x + plotlast(0).x, p.y + plotlast(0).y};
+    if (action < PLOTMOVE) p = added(plotlast(0), p);
     bool draw = action & 3, isline = drawn >= PLOTLINE && drawn < PLOTPOINT;
     if (draw && isline) {
         line(p);

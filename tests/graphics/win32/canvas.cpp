@@ -9,7 +9,13 @@ static constexpr uint32_t WHITE = 0xFFFFFF;
 
 int gdiobjects()
 {
-    return static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
+    if (DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
+        return static_cast<int>(told);
+    // Wine doesn't tell, but takes the number of a handle for the handle.
+    int count = 0;
+    for (UINT_PTR number = 1; number < 0x10000; number++)
+        count += GetObjectType(reinterpret_cast<HGDIOBJ>(number)) != 0;
+    return count;
 }
 
 canvas::canvas(int32_t w, int32_t h, int32_t scale) : width(w), height(h)

@@ -1,0 +1,210 @@
+// The drag box in a real window.
+#include "graphics/dragbox.h"
+
+#include "graphics/modeinfo.h"
+#include "tests/graphics/win32/canvas.h"
+
+#include <doctest/doctest.h>
+#include <windows.h>
+
+namespace
+{
+
+constexpr int SIDE = 160, LEFT = 40, TOP = 30;
+
+// A window with half a page of black, half of white, so that a box shows on
+// both and each must be put back to its own.
+struct page {
+    page()
+    {
+        w = CreateWindowExA(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, "STATIC", "", WS_POPUP | WS_VISIBLE,
+                            LEFT, TOP, SIDE, SIDE, nullptr, nullptr, nullptr, nullptr);
+        REQUIRE(w);
+        for (MSG m; PeekMessageA(&m, nullptr, 0, 0, PM_REMOVE);)
+            DispatchMessageA(&m);
+        HDC dc = GetDC(w);
+        PatBlt(dc, 0, 0, SIDE, SIDE, WHITENESS);
+        PatBlt(dc, 0, 0, SIDE / 2, SIDE, BLACKNESS);
+        ReleaseDC(w, dc);
+        blank = look();
+    }
+    ~page()
+    {
+        DestroyWindow(w);
+    }
+
+    std::string look() const
+    {
+        canvas c(SIDE, SIDE);
+        HDC dc = GetDC(w);
+        BitBlt(reinterpret_cast<HDC>(c.drawing->dc), 0, 0, SIDE, SIDE, dc, 0, 0, SRCCOPY);
+        ReleaseDC(w, dc);
+        return c.picture();
+    }
+
+    // The smallest box that holds all that differs from the blank page.
+    canvas::extent changed() const
+    {
+        std::string now = look();
+        canvas::extent box = {SIDE, SIDE, -1, -1};
+        for (int32_t y = 0; y < SIDE; y++)
+            for (int32_t x = 0; x < SIDE; x++) {
+                size_t at = static_cast<size_t>(y * (SIDE + 1) + x);
+                if (now[at] != blank[at])
+                    box = {x < box.left ? x : box.left, y < box.top ? y : box.top,
+                           x > box.right ? x : box.right, y > box.bottom ? y : box.bottom};
+            }
+        return box;
+    }
+
+    dragbox record(int32_t type, RECT pixels) const
+    {
+        auto osy = [](int32_t y) { return screentoosy(y + TOP); };
+        return {reinterpret_cast<intptr_t>(w),
+                type,
+                devtoosx(pixels.left + LEFT),
+                osy(pixels.bottom),
+                devtoosx(pixels.right + LEFT),
+                osy(pixels.top),
+                0,
+                0,
+                0,
+                0};
+    }
+
+    HWND w;
+    std::string blank;
+};
+
+constexpr canvas::extent NOTHING = {SIDE, SIDE, -1, -1};
+
+POINT pointer(const page &p)
+{
+    POINT at = {};
+    GetCursorPos(&at);
+    ScreenToClient(p.w, &at);
+    return at;
+}
+
+} // namespace
+
+TEST_CASE("a rubber box follows the pointer and leaves nothing")
+{
+    page p;
+    REQUIRE(p.changed() == NOTHING);
+    dragbox box = p.record(DRAGRUBBER, {30, 40, 130, 120});
+    POINT at = pointer(p);
+    dragboxstart(&box);
+    CHECK(p.changed() == canvas::extent{30, 40, 129, 119});
+    dragboxmove(at.x + 10, at.y - 20);
+    CHECK(p.changed() == canvas::extent{40, 20, 139, 99});
+    dragboxflush(1); // not its window
+    CHECK(p.changed() == canvas::extent{40, 20, 139, 99});
+    dragboxflush(box.window);
+    CHECK(p.changed() == NOTHING);
+    dragboxflush(box.window);
+    CHECK(p.changed() == canvas::extent{40, 20, 139, 99});
+    dragresult result = {};
+    dragboxend(&result);
+    CHECK(p.changed() == NOTHING);
+    CHECK(result.x0 == box.x0 + devtoosx(10));
+    CHECK(result.x1 == box.x1 + devtoosx(10));
+    CHECK(result.y0 == box.y0 + devtoosy(20));
+    CHECK(result.y1 == box.y1 + devtoosy(20));
+
+    dragboxmove(50, 50); // it is over
+    dragboxflush(box.window);
+    CHECK(p.changed() == NOTHING);
+    dragresult untouched = {1, 2, 3, 4};
+    dragboxend(&untouched);
+    CHECK(untouched.y1 == 4);
+}
+
+TEST_CASE("a vertical bar is a chequered band that follows in x")
+{
+    page p;
+    dragbox box = p.record(DRAGBAR, {20, 10, 20, 150});
+    POINT at = pointer(p);
+    dragboxstart(&box);
+    canvas::extent shown = p.changed();
+    CHECK(shown == canvas::extent{20, 10, 23, 149});
+    std::string now = p.look();
+    for (int32_t y = 10; y < 150; y++) // one pixel in two
+        for (int32_t x = 20; x < 24; x++)
+            CHECK((now[static_cast<size_t>(y * (SIDE + 1) + x)] == '.') == !((x + y) & 1));
+    dragboxmove(at.x + 77, at.y + 50);
+    CHECK(p.changed() == canvas::extent{97, 10, 100, 149});
+    dragresult result = {};
+    dragboxend(&result);
+    CHECK(p.changed() == NOTHING);
+    CHECK(result.x0 == box.x0 + devtoosx(77));
+    CHECK(result.x1 == result.x0);
+    CHECK(result.y0 == box.y0);
+}
+
+TEST_CASE("a horizontal bar stays on the screen, its result follows")
+{
+    page p;
+    dragbox box = p.record(DRAGBAR, {10, 60, 150, 60});
+    POINT at = pointer(p);
+    dragboxstart(&box);
+    CHECK(p.changed() == canvas::extent{10, 60, 149, 63});
+    dragboxmove(at.x + 5, at.y + 30);
+    CHECK(p.changed() == canvas::extent{10, 60, 149, 63});
+    dragboxflush(box.window);
+    CHECK(p.changed() == NOTHING);
+    dragboxflush(box.window);
+    CHECK(p.changed() == canvas::extent{10, 90, 149, 93});
+    dragresult result = {};
+    dragboxend(&result);
+    CHECK(p.changed() == NOTHING);
+    CHECK(result.y0 == box.y0 - devtoosy(30));
+    CHECK(result.y1 == result.y0);
+    CHECK(result.x0 == box.x0);
+    CHECK(result.x1 == box.x1);
+}
+
+TEST_CASE("a redraw happens between two boxes")
+{
+    page p;
+    dragbox box = p.record(DRAGRUBBER, {30, 40, 130, 120});
+    dragboxstart(&box);
+    HDC dc = GetDC(p.w);
+    dragboxredraw(1, reinterpret_cast<intptr_t>(dc), false);
+    CHECK(p.changed() != NOTHING);
+    dragboxredraw(box.window, reinterpret_cast<intptr_t>(dc), false);
+    CHECK(p.changed() == NOTHING);
+    // What a redraw may leave behind.
+    SetMapMode(dc, MM_ANISOTROPIC);
+    SetWindowExtEx(dc, 1, 1, nullptr);
+    SetViewportExtEx(dc, 2, 2, nullptr);
+    SetWindowOrgEx(dc, 5, 5, nullptr);
+    SetViewportOrgEx(dc, 7, 7, nullptr);
+    SetTextColor(dc, RGB(255, 0, 0));
+    HGDIOBJ pen = GetCurrentObject(dc, OBJ_PEN);
+    dragboxredraw(box.window, reinterpret_cast<intptr_t>(dc), true);
+    CHECK(GetCurrentObject(dc, OBJ_PEN) == pen);
+    CHECK(GetROP2(dc) == R2_COPYPEN);
+    CHECK(GetTextColor(dc) == RGB(255, 0, 0));
+    ReleaseDC(p.w, dc);
+    CHECK(p.changed() == canvas::extent{30, 40, 129, 119});
+    dragresult result = {};
+    dragboxend(&result);
+    CHECK(p.changed() == NOTHING);
+}
+
+TEST_CASE("long drags leave no object of the system")
+{
+    page p;
+    int before = gdiobjects();
+    for (int32_t type : {DRAGRUBBER, DRAGBAR}) {
+        dragbox box = p.record(type, {30, 40, 30, 120});
+        dragboxstart(&box);
+        for (int i = 0; i < 500; i++)
+            dragboxmove(i % 90, i % 70);
+        dragresult result;
+        dragboxend(&result);
+    }
+    CHECK(gdiobjects() == before);
+    CHECK(p.changed() == NOTHING);
+}
