@@ -77,6 +77,7 @@ errorblock *textchoose(const char *typed)
 
 errorblock *anagramstart(const char *typed)
 {
+    if (search.running) return nullptr; // its slots would be lost
     errorblock *err = dictdefault();
     if (err) return err;
     markrescan();

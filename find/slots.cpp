@@ -111,6 +111,7 @@ void slotsfind()
 {
     if (grid.markleft < 0) return;
     boxset();
+    search.kind = grid.kind;
     solutions.slotcount = 0;
     wallsset();
     const cellbox &box = search.slotbox;

@@ -18,30 +18,35 @@ struct keptlist {
 
 keptlist lists[MAXDICTS][WORDSIZE];
 
-errorblock *listadd(keptlist *list, const dictcursor &cursor, size_t length, size_t closed)
+// The cursor's word as a row; false when it has another length.
+bool rowmake(const dictcursor &cursor, int32_t length, slotword *row)
 {
-    int32_t size = (list->count + 1) * static_cast<int32_t>(sizeof(slotword));
-    errorblock *err = flex_chunk(&list->block, size, LISTCHUNK);
-    if (err) return err;
-    slotword *row = static_cast<slotword *>(list->block) + list->count++;
+    auto letters = static_cast<int32_t>(strlen(cursor.word));
+    if (letters < length) return false;
+    auto spaces = static_cast<int32_t>(std::count(cursor.word, cursor.word + letters, ' '));
+    if (letters != length && letters - spaces != length) return false;
     row->wordn = cursor.wordn;
-    row->length = static_cast<uint8_t>(length);
-    row->closed = static_cast<uint8_t>(closed);
+    row->length = static_cast<uint8_t>(letters);
+    row->closed = static_cast<uint8_t>(letters - spaces);
     memcpy(row->word, cursor.word, WORDSIZE);
-    return nullptr;
+    return true;
 }
 
-errorblock *listmake(keptlist *list, const Dictionary *dict, size_t length)
+errorblock *listadd(keptlist *list, const slotword &row)
+{
+    int32_t size = (list->count + 1) * static_cast<int32_t>(sizeof row);
+    errorblock *err = flex_chunk(&list->block, size, LISTCHUNK);
+    if (!err) static_cast<slotword *>(list->block)[list->count++] = row;
+    return err;
+}
+
+errorblock *listmake(keptlist *list, const Dictionary *dict, int32_t length)
 {
     dictcursor cursor;
+    slotword row;
     errorblock *err = flex_chunk(&list->block, 0, LISTCHUNK);
-    for (int more = dictseek(0, dict, &cursor); more && !err; more = dictnext(dict, &cursor)) {
-        size_t letters = strlen(cursor.word);
-        if (letters < length) continue;
-        auto spaces = static_cast<size_t>(std::count(cursor.word, cursor.word + letters, ' '));
-        if (letters == length || letters - spaces == length)
-            err = listadd(list, cursor, letters, letters - spaces);
-    }
+    for (int more = dictseek(0, dict, &cursor); more && !err; more = dictnext(dict, &cursor))
+        if (rowmake(cursor, length, &row)) err = listadd(list, row);
     return err;
 }
 
@@ -53,12 +58,30 @@ void listfree(keptlist *list)
 
 } // namespace
 
-slotwordlist slotwords(uint32_t dictn, int32_t length)
+void slotwalkstart(uint32_t dictn, int32_t length, const dictcursor &from, slotwalk *walk)
 {
     keptlist *list = &lists[dictn][length];
-    if (!list->block && listmake(list, &dicts[dictn].dict, static_cast<size_t>(length)))
-        listfree(list);
-    return {.words = static_cast<const slotword *>(list->block), .count = list->count};
+    *walk = {};
+    walk->dict = &dicts[dictn].dict;
+    walk->cursor = from;
+    walk->length = length;
+    if (!list->block && listmake(list, walk->dict, length)) listfree(list);
+    if (!list->block) return;
+    const slotword *words = static_cast<const slotword *>(list->block);
+    walk->end = words + list->count;
+    walk->at = std::lower_bound(words, walk->end, from.wordn,
+                                [](const slotword &row, uint32_t n) { return row.wordn < n; });
+}
+
+const slotword *slotwalknext(slotwalk *walk)
+{
+    if (walk->end) return walk->at < walk->end ? walk->at++ : nullptr;
+    bool found = false;
+    while (walk->cursor.len && !found) {
+        found = rowmake(walk->cursor, walk->length, &walk->row);
+        dictnext(walk->dict, &walk->cursor);
+    }
+    return found ? &walk->row : nullptr;
 }
 
 void slotwordsfree()
@@ -66,12 +89,4 @@ void slotwordsfree()
     for (auto &row : lists)
         for (keptlist &list : row)
             listfree(&list);
-}
-
-int32_t slotwordfrom(const slotwordlist &list, uint32_t wordn)
-{
-    const slotword *end = list.words + list.count;
-    const slotword *at = std::lower_bound(
-        list.words, end, wordn, [](const slotword &row, uint32_t n) { return row.wordn < n; });
-    return static_cast<int32_t>(at - list.words);
 }

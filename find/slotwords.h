@@ -1,8 +1,9 @@
-// find/slotwords.h - a dictionary's words of one length, ready to be compared.
+// find/slotwords.h - a walk over a dictionary's words of one length.
 //
-// A search of several slots asks for the same lengths over and over. Each list
-// is read from its dictionary once, when it is first asked for, and kept until
-// the search ends.
+// A search of several slots asks for the same lengths over and over. Words are
+// read from their dictionary once, when their length is first asked for, and
+// kept until the search ends; what memory is too short to keep is read from the
+// dictionary each time.
 #pragma once
 
 #include "dict/dictionary.h"
@@ -16,15 +17,20 @@ struct slotword {
     char word[WORDSIZE]; // as stored
 };
 
-struct slotwordlist {
-    const slotword *words; // in store order
-    int32_t count;
+struct slotwalk {
+    const slotword *at, *end; // of the kept words; 0 when they are not kept
+    const Dictionary *dict;   // and then, the word to look at next
+    dictcursor cursor;
+    int32_t length;
+    slotword row;
 };
 
-// The words of a dictionary that have this length, with or without their
-// spaces. Good until slotwordsfree; empty when memory is short.
-slotwordlist slotwords(uint32_t dictn, int32_t length);
-void slotwordsfree();
+// Begins at a word of a dictionary that has words.
+void slotwalkstart(uint32_t dictn, int32_t length, const dictcursor &from, slotwalk *walk);
 
-// The first word of a list that is number wordn or comes behind it.
-int32_t slotwordfrom(const slotwordlist &list, uint32_t wordn);
+// The next word that has the length with or without its spaces, in store order;
+// 0 behind the last. Good until the next call.
+const slotword *slotwalknext(slotwalk *walk);
+
+// Frees what was kept. No walk may be under way.
+void slotwordsfree();

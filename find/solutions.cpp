@@ -32,6 +32,7 @@ void solutionsreset()
     solreset();
     solutions = {};
     solutions.maxsolutions = MAXSOLUTIONSDEFAULT;
+    lastword[0] = 0;
     solreset();
 }
 
@@ -49,7 +50,7 @@ errorblock *soladdref(wordref ref, int32_t slot)
         err = listgrow(solutions.slotcount * static_cast<int32_t>(sizeof ref));
         if (!err) solprogress(++solutions.count);
     }
-    if (solutions.count) *refat(solutions.count - 1, slot) = ref;
+    if (solutions.count && slot < solutions.slotcount) *refat(solutions.count - 1, slot) = ref;
     return err;
 }
 

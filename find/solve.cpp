@@ -25,14 +25,23 @@ struct level {
 
 constexpr uint32_t POLLWORDS = 2049; // words between two polls
 
+// What a poll lets in can lower slotcount under the search.
 bool lastslot(const level &at)
 {
-    return at.slot == solutions.slotcount - 1;
+    return at.slot >= solutions.slotcount - 1;
+}
+
+// A poll can also let a document of the other kind in: its list takes no
+// references, and the search ends as for Stop.
+bool gridgone()
+{
+    return grid.kind != search.kind;
 }
 
 // Short memory is no end: the search goes on with the list as it is.
 void solutionadd(int32_t last)
 {
+    if (gridgone()) return;
     for (int32_t slot = last; slot >= 0; slot--)
         soladdref(search.slots[slot].word, slot);
 }
@@ -80,7 +89,7 @@ bool wordscounted(level *at, uint32_t words)
 
 void stopobeyed(level *at)
 {
-    if (search.stopflag) at->counter = -1;
+    if (search.stopflag || gridgone()) at->counter = -1;
 }
 
 void fullcounted(level *at, uint32_t words)
@@ -91,21 +100,26 @@ void fullcounted(level *at, uint32_t words)
 }
 
 // The pattern begins with an unknown letter: every word is tried, with its
-// spaces as they are. Polls may not change words, so the list stays.
+// spaces as they are. Polls may not change words, so the walk stays good.
 int32_t fullscan(level *at, uint32_t dictn)
 {
-    slotwordlist list = slotwords(dictn, at->length);
+    const Dictionary *dict = &dicts[dictn].dict;
+    dictcursor cursor;
+    slotwalk walk;
     uint32_t counted = 0;
-    for (int32_t i = 0; i < list.count && at->counter >= 0; i++) {
-        const slotword &row = list.words[i];
-        if (row.length != at->length || fitsuntil(*at, row.word) < at->length) continue;
-        fullcounted(at, row.wordn - counted);
-        if (at->counter < 0) break;
-        wordfits(at, row.word, makewordref(dictn, row.wordn));
+    if (!dictseek(0, dict, &cursor)) return at->counter;
+    slotwalkstart(dictn, at->length, cursor, &walk);
+    while (const slotword *row = slotwalknext(&walk)) {
+        if (row->length != at->length || fitsuntil(*at, row->word) < at->length) continue;
+        uint32_t wordn = row->wordn;
+        fullcounted(at, wordn - counted);
+        if (at->counter < 0) return -1;
+        wordfits(at, row->word, makewordref(dictn, wordn));
         fullcounted(at, 1);
-        counted = row.wordn + 1;
+        if (at->counter < 0) return -1;
+        counted = wordn + 1;
     }
-    fullcounted(at, dictcount(&dicts[dictn].dict) - counted);
+    fullcounted(at, dictcount(dict) - counted);
     return at->counter;
 }
 
@@ -143,14 +157,14 @@ int32_t solveprefix(level at, uint32_t dictn, int32_t prefix)
     if (dictisempty(dict)) return 0;
     dictfromentry(known ? dictentrybelow(at.pattern, known, dict, 0) : 0, dict, &cursor);
 
-    slotwordlist list = slotwords(dictn, at.length);
+    slotwalk walk;
+    slotwalkstart(dictn, at.length, cursor, &walk);
     uint32_t counted = cursor.wordn;
-    for (int32_t i = slotwordfrom(list, counted); i < list.count; i++) {
-        const slotword &row = list.words[i];
-        if (row.closed != at.length) continue;
-        if (wordscounted(&at, row.wordn - counted)) stopobeyed(&at);
-        if (at.counter < 0 || !prefixword(&at, row, dictn, known)) return at.counter;
-        counted = row.wordn;
+    while (const slotword *row = slotwalknext(&walk)) {
+        if (row->closed != at.length) continue;
+        if (wordscounted(&at, row->wordn - counted)) stopobeyed(&at);
+        counted = row->wordn;
+        if (at.counter < 0 || !prefixword(&at, *row, dictn, known)) return at.counter;
     }
     if (wordscounted(&at, dictcount(dict) - 1 - counted)) stopobeyed(&at);
     return at.counter;
@@ -222,6 +236,7 @@ int32_t solveslot(int32_t slot)
 
 errorblock *solvestart()
 {
+    if (search.running) return nullptr;
     errorblock *err = dictdefault();
     if (err) return err;
     markrescan();
@@ -235,8 +250,11 @@ errorblock *solvestart()
 
 errorblock *solverun(intptr_t)
 {
+    if (search.running) return nullptr;
     searchbegin();
+    search.running = 1;
     solveslot(0);
+    search.running = 0;
     slotwordsfree();
     searchend();
     solutionsrefresh();

@@ -28,7 +28,9 @@ struct cellbox {
 struct searchstate {
     slotrec slots[MAXSLOTS];
     cellbox slotbox;  // the marked area
+    int32_t kind;     // of the grid that they were found in
     int32_t stopflag; // set by Stop and Escape
+    int32_t running;  // 1 while solverun is at work
 };
 
 // Changed by the searches, and stopflag by whoever hears the user.
@@ -45,8 +47,9 @@ void slotread(int32_t slot, char *buffer);
 // Writes a word into a slot's cells, closed up over its spaces.
 void slotwrite(int32_t slot, const char *text);
 
-// The Solve button, and its run. Errors: 528, 516 without a mark, 517 without a
-// slot. POLLS, about every 2000 words.
+// The Solve button, and its run. Nothing happens while a run is under way: its
+// slots stay as they are. Errors: 528, 516 without a mark, 517 without a slot.
+// POLLS, about every 2000 words.
 errorblock *solvestart();
 errorblock *solverun(intptr_t);
 
