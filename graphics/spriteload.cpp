@@ -28,11 +28,11 @@ spritearea *headof(const flexptr *area)
     return static_cast<spritearea *>(*area);
 }
 
-// A file of length bytes has all that its head speaks of.
+// A file of length bytes has all that its head speaks of, in words.
 errorblock *headcheck(const filehead &head, int32_t length)
 {
     if (head.count < 0 || head.first < static_cast<int32_t>(sizeof(spritearea)) ||
-        head.first > head.free)
+        head.first % 4 != 0 || head.first > head.free)
         return makeerror(ECR);
     return head.free - LEFTOUT > length ? makeerror(ERRORREAD) : nullptr;
 }

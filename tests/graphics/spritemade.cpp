@@ -1,7 +1,6 @@
 #include "tests/graphics/spritemade.h"
 
-#include <algorithm>
-#include <cstring>
+#include <functional>
 
 namespace
 {
@@ -81,16 +80,6 @@ int32_t plaincolour(const spritemade &made, uint32_t pixel)
 }
 
 } // namespace
-
-std::string spriteresourcebytes;
-
-errorblock *spriteresource(intptr_t module, const char *name, const void **data, int32_t *size)
-{
-    bool there = module == 7 && !std::strcmp(name, "made");
-    *data = there ? spriteresourcebytes.data() : nullptr;
-    *size = there ? static_cast<int32_t>(spriteresourcebytes.size()) : 0;
-    return nullptr;
-}
 
 spritemade spritestriped(int32_t bpp, int32_t width, int32_t height, bool masked)
 {

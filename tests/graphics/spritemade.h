@@ -5,7 +5,6 @@
 #include "graphics/sprites.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -43,5 +42,6 @@ struct spriteshown {
 };
 int32_t spritecolourplotted(const spritemade &made, const spriteshown &shown, int32_t x, int32_t y);
 
-// Links spriteresource to these bytes: the resource "made" of module 7.
+// Of the native tests, whose spriteresource has these bytes as the resource
+// "made" of module 7.
 extern std::string spriteresourcebytes;

@@ -291,6 +291,7 @@ TEST_CASE("a damaged file adds nothing")
         {"a count that is negative", 0, 0x80000000, ECR},
         {"a sprite too many", 0, 3, ECR},
         {"a first inside the head", 4, 12, ECR},
+        {"a first off the words", 4, 17, ECR},
         {"a first behind the free space", 4, 100000, ECR},
         {"a free space before the sprites", 8, 15, ECR},
         {"more than the file has", 8, static_cast<uint32_t>(good.size()) + 5, ERRORREAD},
