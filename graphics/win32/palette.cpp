@@ -129,8 +129,8 @@ void paletterealise(intptr_t window, int32_t *changed)
 void palettechanged(intptr_t window, intptr_t other, intptr_t)
 {
     if (modeinfo.bpp > 8 || other == window) return;
-    reread(window, false);
     coloursinstall();
+    reread(window, false);
 }
 
 void paletteupdate(intptr_t window)
