@@ -175,7 +175,7 @@ std::string nextword(session *run, fuzzfeed *feed)
     if (!run->wild)
         while (!word.empty() && !tame(word))
             word.pop_back();
-    if (word.empty()) word = "a";
+    if (word.empty()) word.assign(1, 'a'); // gcc sees a clash in the plain assignment
     run->last = word.substr(0, WORDSIZE);
     return word;
 }
