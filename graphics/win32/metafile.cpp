@@ -76,7 +76,7 @@ errorblock *closefile(errorblock *error, intptr_t dc, const char *path, const ui
     HMETAFILE file = CloseMetaFile(handle(dc));
     errorblock *err = file ? nullptr : nothing("CloseMetaFile");
     void *bytes = nullptr;
-    int32_t size;
+    int32_t size = 0;
     if (!error && !err) err = bitsread(file, headersize, &bytes, &size);
     if (!err && bytes) {
         if (headersize) memcpy(bytes, header, static_cast<size_t>(headersize));
