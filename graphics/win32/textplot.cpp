@@ -82,9 +82,12 @@ errorblock *plotscaled(const textcall &call, int32_t x, int32_t y, int32_t scale
     if (!extentx || !extenty) return nullptr;
     int saved = clipenter(call);
     textdevice(call.flags, x, y, &x, &y);
+    // In its plain mode the system scales letters by their height alone.
+    int mode = SetGraphicsMode(textcontext(), GM_ADVANCED);
     surfacemap(256, extentx, 256, extenty, 0, 0, x, y);
     textout(call, 0, 0, nullptr);
     surfacemap(1, 1, 1, 1, 0, 0, 0, 0);
+    SetGraphicsMode(textcontext(), mode);
     clipleave(saved);
     return nullptr;
 }

@@ -1,0 +1,18 @@
+// tests/graphics/win32/fonttools.h - fonts and handles for tests of text.
+#pragma once
+
+#include "graphics/fonts.h"
+
+// A record of the face that every test machine has.
+fontrecord arial(int32_t height);
+
+// A font of that record on the current surface, selected there in black on
+// nothing while it lives.
+struct fontshown {
+    explicit fontshown(int32_t height);
+    ~fontshown();
+    fontshown(const fontshown &) = delete;
+    fontshown &operator=(const fontshown &) = delete;
+
+    fonthandle font;
+};
