@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 
 char anagramtext[WORDSIZE];
 
@@ -78,12 +77,8 @@ errorblock *textchoose(const char *typed)
 errorblock *anagramstart(const char *typed)
 {
     if (search.running) return nullptr; // its slots would be lost
-    errorblock *err = dictdefault();
+    errorblock *err = slotsbegin();
     if (err) return err;
-    markrescan();
-    if (grid.markleft < 0) return makeerror(ENMW);
-    solreset();
-    slotsfind();
     if (solutions.slotcount != 1) err = makeerror(EASW);
     if (!err) err = textchoose(typed);
     if (!err) err = searchlater(anagramrun);

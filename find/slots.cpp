@@ -1,7 +1,9 @@
 // The slots of a search: where the marked cells make words, and the letters in
 // them.
 
-#include "dict/dictionary.h"
+#include "base/errorcodes.h"
+#include "base/errors.h"
+#include "dict/dictset.h"
 #include "find/solutions.h"
 #include "find/solve.h"
 #include "grid/grid.h"
@@ -122,6 +124,17 @@ void slotsfind()
             slotopen(x, y, 1);
         }
     listlayout();
+}
+
+errorblock *slotsbegin()
+{
+    errorblock *err = dictdefault();
+    if (err) return err;
+    markrescan();
+    if (grid.markleft < 0) return makeerror(ENMW);
+    solreset();
+    slotsfind();
+    return nullptr;
 }
 
 void slotread(int32_t slot, char *buffer)

@@ -14,6 +14,7 @@ constexpr int32_t LISTCHUNK = 65536;
 struct keptlist {
     flexptr block; // 0 while it is not made
     int32_t count;
+    bool asked; // for these words, in this search
 };
 
 keptlist lists[MAXDICTS][WORDSIZE];
@@ -65,7 +66,8 @@ void slotwalkstart(uint32_t dictn, int32_t length, const dictcursor &from, slotw
     walk->dict = &dicts[dictn].dict;
     walk->cursor = from;
     walk->length = length;
-    if (!list->block && listmake(list, walk->dict, length)) listfree(list);
+    if (list->asked && !list->block && listmake(list, walk->dict, length)) listfree(list);
+    list->asked = true;
     if (!list->block) return;
     const slotword *words = static_cast<const slotword *>(list->block);
     walk->end = words + list->count;
@@ -87,6 +89,8 @@ const slotword *slotwalknext(slotwalk *walk)
 void slotwordsfree()
 {
     for (auto &row : lists)
-        for (keptlist &list : row)
+        for (keptlist &list : row) {
             listfree(&list);
+            list.asked = false;
+        }
 }

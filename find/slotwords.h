@@ -1,9 +1,9 @@
 // find/slotwords.h - a walk over a dictionary's words of one length.
 //
-// A search of several slots asks for the same lengths over and over. Words are
-// read from their dictionary once, when their length is first asked for, and
-// kept until the search ends; what memory is too short to keep is read from the
-// dictionary each time.
+// A search of several slots asks for the same lengths over and over. A walk
+// that may be the only one for its length reads the dictionary; from the second
+// on, the words are kept until the search ends. What memory is too short to
+// keep is read from the dictionary each time.
 #pragma once
 
 #include "dict/dictionary.h"

@@ -237,12 +237,8 @@ int32_t solveslot(int32_t slot)
 errorblock *solvestart()
 {
     if (search.running) return nullptr;
-    errorblock *err = dictdefault();
+    errorblock *err = slotsbegin();
     if (err) return err;
-    markrescan();
-    if (grid.markleft < 0) return makeerror(ENMW);
-    solreset();
-    slotsfind();
     err = solutions.slotcount ? searchlater(solverun) : makeerror(ENTS);
     solutionsrefresh();
     return err;

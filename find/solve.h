@@ -41,6 +41,10 @@ extern searchstate search;
 // are walls. A run of more than 31 cells is no slot.
 void slotsfind();
 
+// What Solve and Anagram begin with: a dictionary in use, a mark, an empty list
+// and the slots. Errors: 528, 516 without a mark.
+errorblock *slotsbegin();
+
 // The letters in a slot, into WORDSIZE bytes that are zero behind them.
 void slotread(int32_t slot, char *buffer);
 
