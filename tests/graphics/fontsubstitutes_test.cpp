@@ -66,7 +66,7 @@ pairs added(const pairs &all)
 TEST_CASE("font substitutes are sorted, and cut at their commas")
 {
     addedvalues values;
-    std::string longest = "\xFEm" + std::string(126, 'm');
+    std::string longest = std::string("\xFE") + std::string(127, 'm');
     values.add("\xFETms Rmn", "MS Serif");
     values.add("\xFEhelv", "MS Sans Serif");
     values.add("\xFE"
@@ -91,7 +91,7 @@ TEST_CASE("font substitutes and short memory")
 {
     addedvalues values;
     for (int i = 0; i < 100; i++)
-        values.add("\xFE" + std::to_string(i), std::string(100, 'x'));
+        values.add(std::string(static_cast<size_t>(1 + i), '\xFE'), std::string(100, 'x'));
     int failures = 0;
     for (int n = 0; n < 50; n++) {
         fontsubstitute *table;
