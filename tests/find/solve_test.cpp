@@ -276,6 +276,15 @@ TEST_CASE("worked solutions")
     CHECK(grid.letters[1][0] == 'b');
     CHECK(grid.letters[3][0] == 'd');
     CHECK(grid.changed == 1);
+
+    // What counts is where the first letter stands, not the first character.
+    testdict("f", {"'xy", "'x y", "x'y", "x' y"});
+    cells(3, 1);
+    mark(0, 0, 2, 0);
+    row(0, "'.y");
+    CHECK(solved() == std::vector<std::string>{"'xy"});
+    row(0, "x.y");
+    CHECK(solved() == std::vector<std::string>{"x' y", "x'y"});
     testdictsfree();
 }
 
