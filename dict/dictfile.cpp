@@ -9,7 +9,11 @@
 #include "base/trace.h"
 #include "dict/storecheck.h"
 
+#include <bit>
 #include <cstring>
+
+// The index block goes to disc as it stands.
+static_assert(std::endian::native == std::endian::little);
 
 namespace
 {
