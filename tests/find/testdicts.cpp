@@ -59,6 +59,7 @@ std::vector<std::string> realwords(size_t step)
     if (!file) return syllablewords();
     std::vector<std::string> words;
     std::string line;
+    if (shaken()) step *= 10;
     for (size_t n = 0; std::getline(file, line); n++)
         if (n % step == 0) words.push_back(line);
     return words;

@@ -13,6 +13,7 @@ namespace
 {
 
 std::string datafolder;
+bool shaking;
 
 // Leaks are found where they happen: a test ends with what it began with.
 struct blockwatch : doctest::IReporter {
@@ -45,6 +46,11 @@ struct blockwatch : doctest::IReporter {
 
 REGISTER_LISTENER("blockwatch", 1, blockwatch);
 
+bool shaken()
+{
+    return shaking;
+}
+
 std::string datafile(const std::string &leaf)
 {
     return datafolder.empty() ? std::string() : datafolder + "/" + leaf;
@@ -65,7 +71,7 @@ int main(int count, char **words)
 {
     doctest::Context context(count, words);
     for (int i = 1; i < count; i++) {
-        if (!std::strcmp(words[i], "--shake")) flexshake(true);
+        if (!std::strcmp(words[i], "--shake")) flexshake(shaking = true);
         if (!std::strncmp(words[i], "--data=", 7)) datafolder = words[i] + 7;
     }
     int result = context.run();

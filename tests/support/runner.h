@@ -11,6 +11,10 @@
 // Each test program defines this: its modules, as they are at start-up.
 void modulesreset();
 
+// True under --shake, where each edit of a dictionary copies it whole: tests of
+// long lists take shorter ones.
+bool shaken();
+
 // A file in the data folder, or empty if no folder was named; a test that
 // needs one says so with a visible skip.
 std::string datafile(const std::string &leaf);
