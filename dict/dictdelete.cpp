@@ -52,13 +52,13 @@ void wordbefore(const Dictionary *dict, uint32_t entryn, const dictcursor *curso
                 dictcursor *before)
 {
     dictfromentry(entryn, dict, before);
-    while (before->wordn + 1 < cursor->wordn && dictnext(dict, before)) {
-    }
+    while (before->wordn + 1 < cursor->wordn)
+        if (!dictnext(dict, before)) break;
 }
 
-// The index behind a deleted word. Its follower stands in its place, coded
-// anew; carried: the word was an entry's, next: the entry at or before the
-// follower, as it was.
+// The index, after a word has gone and its follower stands in its place, coded
+// anew. carried: the word had an entry; next: the last entry at or before the
+// follower, its own if that had one.
 void deleteindex(Dictionary *dict, dictcursor *follower, bool carried, uint32_t next,
                  int32_t change)
 {

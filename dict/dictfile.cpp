@@ -45,7 +45,7 @@ errorblock *headerread(bfile *file)
     if (err) return err;
     if (strncmp(header.version, VERSION, sizeof header.version) < 0) err = makeerror(EDCOLD);
     constexpr uint8_t known[sizeof header.features] = {};
-    if (memcmp(header.features, known, sizeof known)) err = makeerror(EDCAPS);
+    if (memcmp(header.features, known, sizeof known) != 0) err = makeerror(EDCAPS);
     return err;
 }
 

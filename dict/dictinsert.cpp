@@ -24,8 +24,9 @@ errorblock *insertfirst(const char *word, Dictionary *dict)
     memset(record + length, 0, ENDSIZE);
     dictcursor first = {};
     strcopyn(first.word, word, WORDSIZE);
-    errorblock *err = blockfor(&dict->words, length + ENDSIZE);
-    if (!err) memcpy(dict->words, record, static_cast<size_t>(length + ENDSIZE));
+    int32_t whole = length + ENDSIZE;
+    errorblock *err = blockfor(&dict->words, whole);
+    if (!err) memcpy(dict->words, record, static_cast<size_t>(whole));
     if (!err) err = blockfor(&dict->index, 0);
     dict->noindex = 0;
     if (!err) err = dictaddindex(dict, 0, &first);

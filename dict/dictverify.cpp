@@ -106,7 +106,7 @@ bool verifyentry(verification *check)
     if (head >= INDEXLETTERS) return fault(check, "entry %u: prefix count %u", n, head);
     char letters[INDEXLETTERS] = {};
     memcpy(letters, word->word, strnlen(word->word, INDEXLETTERS));
-    if (memcmp(entry->word, letters, INDEXLETTERS))
+    if (memcmp(entry->word, letters, INDEXLETTERS) != 0)
         return fault(check, "entry %u: letters %.8s, word %s", n, entry->word, word->word);
     check->entryn++;
     return true;

@@ -78,7 +78,7 @@ codechoice choosecode(const char *rest, size_t length)
     uint8_t code = wordcodes.first[static_cast<uint8_t>(*rest)];
     for (; code; code = wordcodes.next[code]) {
         const codetext *group = &wordcodes.texts[code];
-        if (group->length > length || memcmp(rest, group->text, group->length)) continue;
+        if (group->length > length || memcmp(rest, group->text, group->length) != 0) continue;
         if (group->length == length) {
             choice.whole = code;
             return choice;
