@@ -361,36 +361,47 @@ TEST_CASE("a warp onto an upright rectangle is a place")
     CHECK(place.flipx);
     CHECK(place.flipy);
     CHECK(spriteplacex(&place, 1) == 5);
+    const spritepoint middles[] = {{128, 2432}, {384, 2432}, {384, 2176}, {128, 2176}};
+    spritewarpcorners(middles, part, &scale, &warp);
+    REQUIRE(spritewarpupright(&warp, &place)); // an edge on a pixel's middle takes it in
+    CHECK(place.box.left == 0);
+    CHECK(place.box.right == 1);
     const spritepoint quarter[] = {{256, 300}, {256, 2560}, {5120, 2560}, {5120, 300}};
     spritewarpcorners(quarter, part, &scale, &warp);
     CHECK_FALSE(spritewarpupright(&warp, &place));
 }
 
-TEST_CASE("a quarter turn, pixel for pixel")
+TEST_CASE("a quarter turn, and one mirrored, pixel for pixel")
 {
     laid s(spritestriped(8, 3, 2, true));
     const surface scale = plainsurface();
-    const plotmatrix quarter = {0, MATRIXONE, -MATRIXONE, 0, 10, 20}; // x up, y to the left
     spritewarp warp;
     spriteplace place;
-    REQUIRE_FALSE(
-        spritewarpmatrix(spritein(s.bytes), &s.layout, {0, 0, 3, 2}, &quarter, &scale, &warp));
-    REQUIRE_FALSE(spritewarpupright(&warp, &place));
-    spritebitmap bitmap = warped(s, warp, EVERYWHERE);
-    CHECK(bitmap.x == 6); // a pixel is 2 OS units
-    CHECK(bitmap.y == 74);
-    CHECK(bitmap.width == 4);
-    CHECK(bitmap.height == 6);
-    for (int32_t y = 0; y < 6; y++)
-        for (int32_t x = 0; x < 4; x++)
-            CHECK(shownat(bitmap, 6 + x, 74 + y, false) ==
-                  spritecolourat(s.made, (5 - y) / 2, x / 2, false));
-    spritebitsfree(&bitmap);
+    for (bool mirrored : {false, true}) {
+        // x goes up, y to the left or, mirrored, to the right; a pixel is 2 OS units.
+        const plotmatrix matrix = {0, MATRIXONE, mirrored ? MATRIXONE : -MATRIXONE, 0, 10, 20};
+        const int32_t left = mirrored ? 10 : 6;
+        REQUIRE_FALSE(
+            spritewarpmatrix(spritein(s.bytes), &s.layout, {0, 0, 3, 2}, &matrix, &scale, &warp));
+        REQUIRE_FALSE(spritewarpupright(&warp, &place));
+        spritebitmap bitmap = warped(s, warp, EVERYWHERE);
+        CHECK(bitmap.x == left);
+        CHECK(bitmap.y == 74);
+        CHECK(bitmap.width == 4);
+        CHECK(bitmap.height == 6);
+        for (int32_t y = 0; y < 6; y++)
+            for (int32_t x = 0; x < 4; x++)
+                CHECK(shownat(bitmap, left + x, 74 + y, false) ==
+                      spritecolourat(s.made, (5 - y) / 2, (mirrored ? 3 - x : x) / 2, false));
+        spritebitsfree(&bitmap);
+    }
 }
 
 TEST_CASE("a matrix sets the size by the mode's pixels and the surface's scale")
 {
-    laid s(spritestriped(4, 5, 4, false));
+    spritemade made = spritestriped(4, 5, 4, false);
+    made.mode = 12; // of 2 by 4 OS units to the pixel
+    laid s(made);
     surface scale = plainsurface();
     scale.unitx = scale.unity = 180;
     scale.scalex = scale.scaley = 90;
@@ -403,8 +414,8 @@ TEST_CASE("a matrix sets the size by the mode's pixels and the surface's scale")
     REQUIRE(spritewarpupright(&warp, &place));
     CHECK(place.box.left == 2 + 2); // two pixels of the device to one of the sprite
     CHECK(place.box.right == 2 + 10);
-    CHECK(place.box.bottom == -3 - 2);
-    CHECK(place.box.top == -3 - 6);
+    CHECK(place.box.bottom == -3 - 4); // and twice as high
+    CHECK(place.box.top == -3 - 12);
 }
 
 TEST_CASE("a warp shows every part of the sprite, the same whatever the clip")

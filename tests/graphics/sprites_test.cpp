@@ -147,8 +147,17 @@ TEST_CASE("an area grows only for a file larger than its free space")
     folder.write("a.spr", spritefile({named("small", 1, 4, 2)}));
     REQUIRE_FALSE(folder.add(&a));
     CHECK(a.head().size == 256);
-    REQUIRE_FALSE(folder.add(&a));
+    std::string rest = spritefile({named("rest", 1, 4, 2)});
+    rest.resize(static_cast<size_t>(a.head().size - a.head().free));
+    folder.write("b.spr", rest);
+    REQUIRE_FALSE(folder.add(&a, "b.spr")); // all of what is free
+    CHECK(a.head().size == 256);
     CHECK(a.head().count == 2);
+    rest.resize(static_cast<size_t>(a.head().size - a.head().free) + 1);
+    folder.write("c.spr", rest);
+    int32_t wanted = a.head().free + static_cast<int32_t>(rest.size()) + 256;
+    REQUIRE_FALSE(folder.add(&a, "c.spr"));
+    CHECK(a.head().size == wanted);
 }
 
 TEST_CASE("the fine form of a file comes before the plain one, and none is no error")
@@ -335,14 +344,36 @@ TEST_CASE("a damaged file adds nothing")
     CHECK_FALSE(folder.add(&a));
 }
 
-TEST_CASE("bits that leave no pixel are damage")
+TEST_CASE("damage to the only sprite of a file")
 {
     spritefolder folder;
     area a;
     std::string bytes = spritefile({named("one", 1, 8, 1)});
-    patch(&bytes, FIRSTBIT, 9);
+    SUBCASE("bits that leave no pixel")
+    {
+        patch(&bytes, FIRSTBIT, 9);
+    }
+    SUBCASE("a size past the file")
+    {
+        patch(&bytes, NEXT, static_cast<uint32_t>(bytes.size()));
+    }
     folder.write("a.spr", bytes);
     CHECK(code(folder.add(&a)) == ECR);
+}
+
+TEST_CASE("a row of more bits than can be counted is damage")
+{
+    sprite s = {};
+    s.next = 0x7FFFFFFC;
+    s.lastbit = 31;
+    s.image = s.mask = 44;
+    s.mode = 25;
+    s.width = (1 << 24) - 1;
+    int32_t width;
+    REQUIRE_FALSE(spritesize(&s, &width, nullptr, nullptr));
+    CHECK(width == 1 << 29);
+    s.width = 1 << 27;
+    CHECK(code(spritesize(&s, nullptr, nullptr, nullptr)) == ECR);
 }
 
 TEST_CASE("a sprite of an unknown mode can be kept, not looked at")
