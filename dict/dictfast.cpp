@@ -52,8 +52,8 @@ int scanmatch(scan *scan)
         auto letter = static_cast<uint8_t>(fast.text[scan->matched]);
         auto wanted = static_cast<uint8_t>(scan->sought[scan->used]);
         bool ignored = letter == static_cast<uint8_t>(scan->ignored);
-        bool same = ignored || (letter == wanted && wanted);
-        if (!same && (!wanted || collation.fold[letter] != collation.fold[wanted])) {
+        bool same = ignored || letter == wanted;
+        if (!same && collation.fold[letter] != collation.fold[wanted]) {
             if (scan->used < scan->matched) return GOON;
             return collation.sort[letter] < collation.sort[wanted] ? GOON : PASSED;
         }

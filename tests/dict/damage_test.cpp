@@ -130,6 +130,51 @@ TEST_CASE("a good store with some bytes changed does no harm")
     CHECK(checked > 100);
 }
 
+// A foreign writer may share fewer letters than there are; an edit shares all.
+TEST_CASE("an entry is moved from a record that comes to share 8 letters")
+{
+    Dictionary dict;
+    std::string records;
+    for (char last : {'b', 'c', 'd', 'e'})
+        records += std::string(1, 0) + "sssssssss" + last;
+    madeblocks(&dict, static_cast<int32_t>(records.size()), 2);
+    records.copy(reinterpret_cast<char *>(bytes(dict)), records.size());
+    dict.nwords = 4;
+    entries(dict)[0] = {0, 0, {'s', 's', 's', 's', 's', 's', 's', 's'}};
+    entries(dict)[1] = {22, 2, {'s', 's', 's', 's', 's', 's', 's', 's'}};
+    REQUIRE_FALSE(storecheck(&dict));
+    REQUIRE(dictremove("sssssssssc", &dict) == 1);
+    CHECK_FALSE(storecheck(&dict));
+    CHECK(dictword(1, &dict) == std::string("sssssssssd"));
+    CHECK(dictword(2, &dict) == std::string("ssssssssse"));
+    dictfree(&dict);
+}
+
+// The entry stands at an escaped character, which a walk never meets: no other
+// entry may be opened behind it from before it.
+TEST_CASE("a span is not split beyond the place of the next entry")
+{
+    Dictionary dict;
+    std::string records;
+    uint32_t inside = 0;
+    for (int n = 0; n < 200; n++) {
+        records += {0, static_cast<char>('b' + n / 20), static_cast<char>('b' + n % 20)};
+        if (n != 50) continue;
+        records += {30, 3};
+        inside = static_cast<uint32_t>(records.size()) - 1;
+    }
+    madeblocks(&dict, static_cast<int32_t>(records.size()), 2);
+    records.copy(reinterpret_cast<char *>(bytes(dict)), records.size());
+    dict.nwords = 200;
+    entries(dict)[0] = {0, 0, {'b', 'b'}};
+    entries(dict)[1] = {inside, 190, {'z'}};
+    REQUIRE_FALSE(storecheck(&dict));
+    REQUIRE_FALSE(dictadd("bbb", &dict));
+    CHECK_FALSE(storecheck(&dict));
+    CHECK(dictcount(&dict) == 201);
+    dictfree(&dict);
+}
+
 // The head of the second is taken for an escape code, and what is behind for
 // something else again.
 TEST_CASE("neighbours that share 30 letters are misread, and stay loadable")
@@ -213,6 +258,18 @@ TEST_CASE("the check refuses what would lead out of the blocks, and no more")
     dict.noindex = 0;
     CHECK_FALSE(refused());
     dictfree(&dict);
+}
+
+TEST_CASE("the check refuses an index without words")
+{
+    for (int32_t size = 0; size <= 2; size++) {
+        Dictionary dict;
+        madeblocks(&dict, 0, 1);
+        REQUIRE_FALSE(flex_extend(&dict.words, size));
+        dict.nwords = 1;
+        CHECK(storecheck(&dict));
+        dictfree(&dict);
+    }
 }
 
 TEST_CASE("dictverify tells what is wrong")

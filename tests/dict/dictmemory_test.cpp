@@ -115,6 +115,26 @@ TEST_CASE("a first word without memory, at every allocation")
     }
 }
 
+TEST_CASE("an empty store that counts words has none for any reader")
+{
+    Dictionary dict;
+    fill(&dict, {});
+    for (int n = 0; n < 3; n++) {
+        flexfailafter(0);
+        CHECK(dictadd("word", &dict));
+    }
+    CHECK(dictcount(&dict) == 3);
+    dictcursor cursor;
+    uint32_t flags = 0;
+    CHECK(dictfind("word", &dict, &cursor, &flags) == 0);
+    CHECK(dictnext(&dict, &cursor) == 0);
+    CHECK(dictseek(1, &dict, &cursor) == 0);
+    saveandload(dict);
+    REQUIRE_FALSE(dictadd("word", &dict));
+    CHECK(walked(dict) == list{"word"});
+    dictfree(&dict);
+}
+
 TEST_CASE("a span that can't be split for want of memory is split by a later insert")
 {
     Dictionary dict;
