@@ -111,8 +111,8 @@ TEST_CASE("hollowbox is the outline of fillbox, and the brush comes back")
     hollowbox(1, -5, 5, 4);
     CHECK(c.picture() == rows("....... .#####. .#...#. .#...#. .#####. ......."));
     c.clear();
-    fillbox(2, -4, 2, 2);
-    CHECK(c.picture() == rows("....... ....... ..##... ..##... ....... ......."));
+    fillbox(2, -5, 4, 4);
+    CHECK(c.picture() == rows("....... ..####. ..####. ..####. ..####. ......."));
 }
 
 TEST_CASE("linebox is closed, and covers all four corners")

@@ -73,7 +73,7 @@ fontrecord arial()
 
 TEST_CASE("a colour is chosen or not")
 {
-    uint32_t word = 0x11223300;
+    uint32_t word = 0x11223345;
     int32_t result = 7;
     SUBCASE("OK gives it back")
     {
@@ -97,7 +97,7 @@ TEST_CASE("a colour is chosen or not")
         CHECK_FALSE(choosecolour(0, 0, &word, &result));
         CHECK(reply.seen >= 1);
         CHECK((result & 1) == 0);
-        CHECK(word == 0x11223300);
+        CHECK(word == 0x11223345);
     }
 }
 

@@ -219,6 +219,9 @@ TEST_CASE("a pie goes from the last point to this one round the older")
     CHECK_FALSE(black(c, 48, 12));
     CHECK(c.count() > 270);
     CHECK(c.count() < 340); // a quarter of a disc of radius 20
+    c.clear();
+    hollowbox(1, -5, 4, 4); // the pen came back
+    CHECK(c.count() == 12);
 }
 
 TEST_CASE("the cursor is told in pixels, and a curve moves it but not the ring")
