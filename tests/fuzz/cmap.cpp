@@ -76,9 +76,10 @@ int glyphof(const reading &r, int code, size_t *segment)
 
 std::vector<int> glyphsof(const reading &r)
 {
-    std::vector<int> glyphs(0x10000, -1);
+    if (!r.good) return {};
+    std::vector<int> glyphs(0x10000);
     size_t segment = 0;
-    for (int code = 0; r.good && code < 0x10000; code++)
+    for (int code = 0; code < 0x10000; code++)
         glyphs[static_cast<size_t>(code)] = glyphof(r, code, &segment);
     return glyphs;
 }
@@ -120,7 +121,8 @@ void checkranges(const reading &r, const std::vector<int> &glyphs)
             held[list[i].first + n] = true;
     }
     FUZZCHECK(steps <= (r.encoding ? 0 : 1));
-    for (size_t code = 0; code < 0xFFFF; code++)
+    FUZZCHECK(r.good || !count);
+    for (size_t code = 0; r.good && code < 0xFFFF; code++)
         if (r.encoding || glyphs[code] >= 0) FUZZCHECK(held[code] == (glyphs[code] >= 0));
     void *memory = list;
     heap_free(&memory);

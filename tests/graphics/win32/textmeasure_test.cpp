@@ -226,6 +226,7 @@ TEST_CASE("placing characters")
     CHECK(place(widthof("W") - 1, PLACEFIT).length == 0);
     CHECK(place(widthof("W") - 1, PLACEFIT).width == 0);
     CHECK(place(0, PLACEFIT).length == 0);
+    CHECK(place(-1, PLACEFIT).length == 0);
     CHECK(place(-5, PLACEFIT).width == 0);
     CHECK(place(1000, PLACEFIT).length == 3);
 
