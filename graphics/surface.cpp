@@ -54,7 +54,7 @@ void surfaceshifts(surface *s)
     s->shiftx = muldiv(s->originx, s->unitx, OSUNITS);
     s->shifty = muldiv(s->originy, s->unity, OSUNITS);
     s->deviceshiftx = muldiv(s->originx, s->scalex, OSUNITS);
-    s->deviceshifty = -muldiv(s->originy, s->scaley, OSUNITS);
+    s->deviceshifty = muldiv(s->originy, s->scaley, -OSUNITS);
 }
 
 void surfacesetunits(int32_t unitx, int32_t unity)
