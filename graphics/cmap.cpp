@@ -225,7 +225,7 @@ int32_t cmapcount(intptr_t dc)
     charmapread(dc, &map);
     segmentwalk walk = WALKSTART;
     int32_t count = 0;
-    while (segmentnext(&map, &walk))
+    while (map.words && segmentnext(&map, &walk))
         for (int32_t code = walk.first; code <= walk.last; code++)
             if (segmentglyph(&map, walk.segment, code)) count++;
     charmapfree(&map);
