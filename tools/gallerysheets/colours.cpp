@@ -16,6 +16,8 @@ namespace
 void swatch(int32_t x, int32_t y, int32_t size)
 {
     fillbox(x, y, size - 2, size - 2);
+    setcolour(FAINT);
+    hollowbox(x, y, size - 2, size - 2);
 }
 
 void wordrow(int32_t y, const char *name, const uint32_t *words)
@@ -33,11 +35,12 @@ void sixteen()
     wordrow(-100, "The sixteen", modeinfo.desktopcolours);
     for (int32_t i = 0; i < DESKTOPCOLOURS; i++) {
         labelf(200 + i * 48, -116, "%d", i);
-        labelf(200 + i * 48, -130, "%06X", static_cast<unsigned>(modeinfo.desktopcolours[i] >> 8));
+        labelf(200 + i * 48, i & 1 ? -142 : -130, "%06X",
+               static_cast<unsigned>(modeinfo.desktopcolours[i] >> 8));
     }
     std::transform(modeinfo.desktopcolours, modeinfo.desktopcolours + DESKTOPCOLOURS, words,
                    colourinverse);
-    wordrow(-190, "colourinverse", words);
+    wordrow(-200, "colourinverse", words);
     std::copy_n(modeinfo.desktopcolours, DESKTOPCOLOURS, words);
     greyscale(words, DESKTOPCOLOURS);
     wordrow(-250, "greyscale", words);

@@ -49,57 +49,56 @@ errorblock *listed()
         fonthandle font;
         fontfindall(f.face.c_str(), f.summary.charset, f.summary.weight, f.summary.italic, 0, 0, 0,
                     14, 0, &font);
-        sample(font, 420, y, "Quillmere \xE9\x80 0123");
+        sample(font, 470, y, "Quillmere \xE9\x80 0123");
     }
     return err;
 }
 
 void sizes()
 {
-    heading(620, -30, "Sizes, in points at 96 to the inch; widths of 2 to 9 points");
+    heading(680, -30, "Sizes and widths");
     int32_t y = -60;
-    surfacesetscale(OSUNITS, OSUNITS, OSUNITS, OSUNITS);
     for (int32_t points : {6, 7, 8, 9, 10, 12, 14, 18, 24, 36}) {
         fonthandle font;
-        y -= points + 6;
+        y -= points * 5 / 2 + 8;
         fontfindpixel("Arial", 0, points * 96 / 72, 0, &font);
-        sample(font, 620, y, std::to_string(points).c_str());
+        sample(font, 680, y, std::to_string(points).c_str());
         fontfindsize("Arial", 0, points * 16, 0, 0, &font);
-        sample(font, 700, y, "Size");
+        sample(font, 750, y, "Size");
     }
     for (int32_t width = 2; width < 10; width++) {
         fonthandle font;
         fontfindsize("Arial", width * 16, 10 * 16, 0, 0, &font);
         y -= 32;
-        sample(font, 620, y, "Width");
+        sample(font, 680, y, "Width");
     }
 }
 
 void weights()
 {
-    heading(940, -30, "Weights and slant");
+    heading(980, -30, "Weights and slant");
     for (int32_t i = 1; i < 10; i++) {
         fonthandle font;
         fontfindall("Arial", 1, i * 100, i & 1, 0, 0, 0, 20, 0, &font);
-        sample(font, 940, -40 - i * 28, ("Weight " + std::to_string(i * 100)).c_str());
+        sample(font, 980, -40 - i * 28, ("Weight " + std::to_string(i * 100)).c_str());
     }
-    heading(940, -340, "Families 1 to 5, any pitch, fixed, variable");
+    heading(980, -340, "Families 1 to 5, any pitch, fixed, variable");
     for (int32_t i = 0; i < 15; i++) {
         fonthandle font;
         fontfindall("", 1, 400, 0, i / 3 + 1, i % 3, 0, 20, 0, &font);
-        sample(font, 940 + i % 3 * 110, -370 - i / 3 * 28, "Family il");
+        sample(font, 980 + i % 3 * 125, -370 - i / 3 * 28, "Family il");
     }
 }
 
 errorblock *existing()
 {
-    heading(940, -540, "fontexists");
+    heading(980, -540, "fontexists");
     int32_t y = -565;
     errorblock *err = nullptr;
     for (const char *name : {"Arial", "Courier New", "No Such Font"}) {
         int32_t there = -1;
         if (!err) err = fontexists(name, &there);
-        labelf(940, y, "%s: %d", name, there);
+        labelf(980, y, "%s: %d", name, there);
         y -= 20;
     }
     return err;

@@ -20,14 +20,14 @@ struct sheetrow {
     errorblock *(*draw)(const page *p);
 };
 const sheetrow sheets[] = {
-    {"scales", 1000, 680, drawscales},    {"boxes", 690, 2050, drawboxes},
+    {"scales", 1010, 700, drawscales},    {"boxes", 690, 2050, drawboxes},
     {"shapes", 970, 760, drawshapes},     {"paths", 780, 700, drawpaths},
     {"clips", 740, 640, drawclips},       {"drags", 690, 790, drawdrags},
     {"colours", 1000, 1010, drawcolours}, {"mixes", 800, 940, drawmixes},
-    {"aligned", 1020, 1010, drawaligned}, {"text", 1100, 1120, drawtext},
-    {"measured", 880, 910, drawmeasured}, {"fonts", 1320, 880, drawfonts},
+    {"aligned", 1000, 940, drawaligned},  {"text", 1100, 1000, drawtext},
+    {"measured", 880, 910, drawmeasured}, {"fonts", 1370, 760, drawfonts},
     {"sprites", 1210, 840, drawsprites},  {"transformed", 1320, 960, drawtransformed},
-    {"shipped", 1230, 860, drawshipped},
+    {"shipped", 1230, 600, drawshipped},
 };
 
 errorblock *drawsheet(const sheetrow &row, const std::string &folder)

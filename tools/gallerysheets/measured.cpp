@@ -16,7 +16,8 @@ namespace
 
 constexpr int32_t LEFT = 40;
 const fontrecord large = {40 * 16, 0, "Times New Roman", 0, 400, 1};
-const fontrecord middle = {16 * 16, 0, "Times New Roman", 0, 400, 0};
+const fontrecord placing = {22 * 16, 0, "Times New Roman", 0, 400, 0};
+const fontrecord middle = {8 * 16, 0, "Times New Roman", 0, 400, 0};
 
 // The font stays selected; the caller loses it.
 fonthandle begin(const fontrecord &record)
@@ -51,7 +52,7 @@ errorblock *glyphs()
     errorblock *err = fontinfo(&large, &m);
     if (err) return err;
     level(y + m.ascent, "ascent", m.ascent);
-    level(y, "height", m.height);
+    level(y, "base line; height", m.height);
     level(y - m.descent, "descent", m.descent);
     fonthandle font = begin(large);
     plottext(text, TEXTOSUNITS, x, y);
@@ -101,8 +102,8 @@ errorblock *placed(int32_t y, const char *name, uint32_t flags, int32_t width)
 {
     const char text[] = "AVAWATo LTy.";
     int32_t widths[sizeof text];
-    label(LEFT, y + 42, name);
-    fonthandle font = begin(large);
+    label(LEFT, y + 46, name);
+    fonthandle font = begin(placing);
     textspan span = {text, width, 0, -1, static_cast<int32_t>(strlen(text))};
     errorblock *err = textplace(&span, widths, flags);
     if (!err) plottextx(text, span.length, TEXTOSUNITS, LEFT, y, nullptr, widths);
@@ -139,6 +140,6 @@ errorblock *drawmeasured(const page *)
     heading(20, -600, "textplace");
     if (!err) err = placed(-680, "Plain", 0, 0);
     if (!err) err = placed(-760, "Kerned", PLACEKERNED, 0);
-    if (!err) err = placed(-840, "Kerned, what fits 250", PLACEKERNED | PLACEFIT, 250);
+    if (!err) err = placed(-840, "Kerned, what fits 150", PLACEKERNED | PLACEFIT, 150);
     return err ? err : pairs();
 }

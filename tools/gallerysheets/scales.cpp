@@ -13,7 +13,6 @@ namespace
 void ruler(int32_t scale, int32_t row)
 {
     labelf(20, -60 - row * 50, "%d pixels to the inch", scale);
-    surfacesetorigin(0, 0, currentsurface);
     surfacesetscale(OSUNITS, OSUNITS, scale, scale);
     setcolour(BLUE);
     int32_t left = 220 * OSUNITS / scale, base = (-60 - row * 50) * OSUNITS / scale;
@@ -28,21 +27,23 @@ void ruler(int32_t scale, int32_t row)
 }
 
 // The pixel that each OS position falls into, and what leads back to it.
-void conversions(int32_t scale, int32_t row)
+void conversions(int32_t scale, int32_t origin, int32_t row)
 {
     int32_t y = -340 - row * 44;
-    labelf(20, y, "At %d: OS 0 to 23", scale);
+    labelf(20, y, "At %d, origin %d: OS 0 to 23", scale, origin);
     for (int32_t os = 0; os < 24; os++) {
+        currentsurface->originx = origin;
         surfacesetscale(OSUNITS, OSUNITS, scale, scale);
         int32_t x = os, unused = 0;
         surfacedevice(&x, &unused);
         int32_t back = x;
         surfacenearest(&back, &unused);
+        currentsurface->originx = 0;
         surfacesetscale(OSUNITS, OSUNITS, OSUNITS, OSUNITS);
         setcolour(x & 1 ? 0xF0D0B000 : 0xFFF0E000);
-        fillbox(150 + os * 34, y + 16, 34, -32);
-        labelf(154 + os * 34, y + 3, "%d", x);
-        labelf(164 + os * 34, y - 12, "%d", back);
+        fillbox(176 + os * 34, y + 16, 34, -32);
+        labelf(180 + os * 34, y + 3, "%d", x);
+        labelf(190 + os * 34, y - 12, "%d", back);
     }
 }
 
@@ -57,18 +58,16 @@ errorblock *drawscales(const page *)
     heading(20, -310, "OS positions to pixels (above), and the OS position nearest to that pixel");
     const int32_t odd[] = {90, 96, 120, 180, 240};
     for (int32_t i = 0; i < 5; i++)
-        conversions(odd[i], i);
+        conversions(odd[i], 0, i);
+    conversions(96, 12, 5); // fractions are dropped towards the origin
 
-    heading(20, -580, "The same box: plain, at an origin of 300, 0, by the device's own mapping");
+    heading(20, -624, "A box: plain; halved by its units; by the device's own mapping");
     setcolour(GREEN);
-    fillbox(20, -600, 60, -40);
-    surfacesetorigin(-300, 0, currentsurface);
-    surfacesetscale(OSUNITS, OSUNITS, OSUNITS, OSUNITS);
-    setcolour(GREEN);
-    fillbox(20, -600, 60, -40);
-    currentsurface->originx = 0;
-    surfacesetscale(OSUNITS, OSUNITS, OSUNITS, OSUNITS);
+    fillbox(20, -640, 60, -40);
+    surfacesetunits(2 * OSUNITS, OSUNITS);
+    fillbox(400, -640, 60, -40);
+    surfacesetunits(OSUNITS, OSUNITS);
     errorblock *err = surfacemap(1, 2, 1, 1, 0, 0, 600, 0);
-    fillbox(20, -600, 60, -40);
+    fillbox(20, -640, 60, -40);
     return err ? err : surfacemap(1, 1, 1, 1, 0, 0, 0, 0);
 }

@@ -56,7 +56,7 @@ void drawrow(const shaperow &row, plotpoint at)
     plot(PLOTMOVE, at.x + row.older.x, at.y + row.older.y);
     plot(PLOTMOVE, at.x + row.last.x, at.y + row.last.y);
     bool absolute = (row.code & 7) >= PLOTMOVE;
-    plot(row.code, absolute ? at.x + row.p.x : row.p.x, absolute ? at.y + row.p.y : -row.p.y);
+    plot(row.code, absolute ? at.x + row.p.x : row.p.x, absolute ? at.y + row.p.y : row.p.y);
     mark(at.x + row.older.x, at.y + row.older.y);
     mark(at.x + row.last.x, at.y + row.last.y);
     if (absolute) mark(at.x + row.p.x, at.y + row.p.y);

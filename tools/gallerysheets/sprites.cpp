@@ -3,6 +3,7 @@
 #include "graphics/sprites.h"
 
 #include "base/errors.h"
+#include "graphics/clip.h"
 #include "graphics/colours.h"
 #include "graphics/plot.h"
 #include "graphics/spriteplot.h"
@@ -68,7 +69,7 @@ errorblock *depthrows(const void *area)
         label(110 + static_cast<int32_t>(i) * STEP, -54, looks[i].name);
     for (size_t j = 0; j < std::size(DEPTHS); j++) {
         int32_t y = -60 - static_cast<int32_t>(j + 1) * STEP;
-        labelf(20, y + 50, "%d bits", DEPTHS[j]);
+        labelf(20, y + 50, "%d %s", DEPTHS[j], DEPTHS[j] == 1 ? "bit" : "bits");
         for (size_t i = 0; !err && i < std::size(looks); i++)
             err = drawcell(area, looks[i], DEPTHS[j], 110 + static_cast<int32_t>(i) * STEP, y);
     }
@@ -183,13 +184,24 @@ errorblock *drawtransformed(const page *)
 namespace
 {
 
+constexpr int32_t CELL = 230;
+
+// Where a sprite is larger than its cell, its middle shows.
 errorblock *shippedcell(const sprite *s, uint32_t colour, uint32_t action, int32_t size, int32_t x,
                         int32_t y)
 {
-    setcolour(colour);
-    fillbox(x, y, 230, 230);
+    int32_t width, height;
     spritefactors factors = {size, size, 1, 1};
-    return spriteplot(nullptr, spriteitself(s), action, x + 10, y + 10, &factors, nullptr);
+    errorblock *err = spritesize(s, &width, &height, nullptr);
+    setcolour(FAINT);
+    fillbox(x - 1, y - 1, CELL + 2, CELL + 2);
+    setcolour(colour);
+    fillbox(x, y, CELL, CELL);
+    if (!err) err = clipbox(x, y, x + CELL, y + CELL);
+    if (!err)
+        err = spriteplot(spritepool, spriteitself(s), action, x + (CELL - width * size) / 2,
+                         y + (CELL - height * size) / 2, &factors, nullptr);
+    return err ? err : clipreset();
 }
 
 errorblock *shippedrow(const sprite *s, int32_t y)
@@ -197,8 +209,9 @@ errorblock *shippedrow(const sprite *s, int32_t y)
     int32_t width, height, bpp;
     errorblock *err = spritesize(s, &width, &height, &bpp);
     if (err) return err;
-    labelf(20, y + 240, "%.12s, %d by %d pixels of %d bits", s->name, width, height, bpp);
-    int32_t most = std::max(1, 210 / std::max(width, height));
+    labelf(20, y + 240, "%.12s, %d by %d pixels of %d %s", s->name, width, height, bpp,
+           bpp == 1 ? "bit" : "bits");
+    int32_t most = std::max(6, 210 / std::max(width, height));
     uint32_t grey = modeinfo.desktopcolours[1], dark = modeinfo.desktopcolours[6];
     err = shippedcell(s, WHITE, 0, 1, 20, y);
     if (!err) err = shippedcell(s, WHITE, 0, most, 260, y);

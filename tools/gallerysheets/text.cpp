@@ -17,7 +17,7 @@ namespace
 constexpr int32_t LEFT = 330;
 const char sample[] = "Quillmere";
 constexpr int32_t LENGTH = 9;
-const int32_t advances[] = {24, 10, 24, 10, 24, 10, 24, 10, 24};
+const int32_t advances[] = {24, 17, 11, 11, 11, 24, 17, 14, 17};
 fonthandle font;
 
 // A row with its name; the text goes to LEFT and the base line that it gives.
@@ -50,7 +50,7 @@ void plain(int32_t n)
 
 void spaced(int32_t n)
 {
-    int32_t y = row(n, "plottextx, spacing 24 and 10");
+    int32_t y = row(n, "plottextx, with spacing");
     plottextx(sample, LENGTH, TEXTOSUNITS, LEFT, y, nullptr, advances);
     y = row(n + 1, "plottextx, clipped");
     textclip clip = {LEFT + 20, y - 4, LEFT + 80, y + 14};
@@ -110,29 +110,30 @@ plotmatrix turn(int32_t degrees)
 
 struct matrixrow {
     const char *name;
+    int32_t right; // of its column, for the room it needs
     plotmatrix matrix;
 };
 const matrixrow matrices[] = {
-    {"turned by 30", turn(30)},
-    {"turned by 90", turn(90)},
-    {"sheared", {MATRIXONE, 0, MATRIXONE / 2, MATRIXONE, 0, 0}},
-    {"mirrored", {-MATRIXONE, 0, 0, MATRIXONE, 0, 0}},
-    {"moved by 30, 20", {MATRIXONE, 0, 0, MATRIXONE, 30, 20}},
-    {"turned by 200, doubled", {}},
+    {"turned by 30", 0, turn(30)},
+    {"turned by 90", 0, turn(90)},
+    {"sheared", 0, {MATRIXONE, 0, MATRIXONE / 2, MATRIXONE, 0, 0}},
+    {"mirrored", 60, {-MATRIXONE, 0, 0, MATRIXONE, 0, 0}},
+    {"moved by 30, 20", 20, {MATRIXONE, 0, 0, MATRIXONE, 30, 20}},
+    {"turned by 200, doubled", 90, {}},
 };
 
 void matrixed(int32_t y)
 {
-    heading(20, y + 110, "plottextm; plottextxm with spacing and clip, in blue");
+    heading(20, y + 130, "plottextm; plottextxm with spacing and clip, in blue");
     for (int32_t i = 0; i < 6; i++) {
-        int32_t x = 130 + i * 165;
+        int32_t x = 80 + i * 170 + matrices[i].right;
         plotmatrix m = matrices[i].matrix;
         if (i == 5) {
             m = turn(200);
             for (int32_t *part : {&m.a, &m.b, &m.c, &m.d})
                 *part *= 2;
         }
-        label(x - 60, y + 90, matrices[i].name);
+        label(30 + i * 170, y + 108, matrices[i].name);
         fontset(font, FONTCLEAR, INK, 0);
         fontalign(0);
         plottextm(sample, TEXTOSUNITS, x, y, &m);
@@ -154,7 +155,7 @@ errorblock *drawtext(const page *)
     plain(0);
     spaced(4);
     scaled(10);
-    matrixed(-780);
+    matrixed(-790);
     fontlose(font);
     return nullptr;
 }

@@ -19,7 +19,7 @@ void paint(HWND w)
     HDC dc = GetDC(w);
     PatBlt(dc, 0, 0, SIDE, SIDE, WHITENESS);
     PatBlt(dc, 0, 0, SIDE / 3, SIDE, BLACKNESS);
-    HGDIOBJ before = SelectObject(dc, GetStockObject(GRAY_BRUSH));
+    HGDIOBJ before = SelectObject(dc, GetStockObject(LTGRAY_BRUSH));
     PatBlt(dc, SIDE / 3, 0, SIDE / 3, SIDE, PATCOPY);
     SelectObject(dc, before);
     ReleaseDC(w, dc);
@@ -79,7 +79,7 @@ void draw(const page *p, HWND w, int32_t row, int32_t type, const RECT &box)
 
 errorblock *drawdrags(const page *p)
 {
-    heading(20, -30, "The drag box");
+    heading(20, -30, "The drag box; a horizontal bar doesn't follow the pointer");
     HWND w = windowopen();
     if (!w) return syserr("CreateWindow");
     draw(p, w, 0, DRAGRUBBER, {20, 30, 140, 120});
