@@ -1,0 +1,65 @@
+// desktop/icons.h - the controls of a window.
+//
+// A control is called an icon and addressed by its window and its number, which
+// is its identifier in the template. These calls work on any control. A number
+// that the window hasn't gives the system's error. Boxes are in the work area,
+// OS units.
+#pragma once
+
+#include "desktop/events.h"
+#include "desktop/windows.h"
+
+#include <cstdint>
+
+struct errorblock;
+
+errorblock *seticonselected(window w, int32_t icon, int on);
+errorblock *iconselected(window w, int32_t icon, int *on);
+errorblock *shadeicon(window w, int32_t icon);
+errorblock *unshadeicon(window w, int32_t icon);
+errorblock *seticonshaded(window w, int32_t icon, int on);
+
+// The new state is (old without clear) exclusive-or eor.
+constexpr uint32_t ICONSELECTED = 1U << 21, ICONSHADED = 1U << 22;
+errorblock *seticonstate(window w, int32_t icon, uint32_t eor, uint32_t clear);
+errorblock *redrawicon(window w, int32_t icon);
+
+struct iconstaterecord {
+    osbox box;
+    uint32_t flags;   // 0
+    const char *text; // of geticontext's buffer
+    const char *classname;
+};
+errorblock *geticonstate(window w, int32_t icon, iconstaterecord *record);
+errorblock *iconbox(window w, int32_t icon, osbox *box);
+
+// The text of one buffer of 1024 bytes, which the next call of anyone overwrites.
+errorblock *geticontext(window w, int32_t icon, char **text);
+errorblock *copyicontext(window w, int32_t icon, char *buffer, int32_t size);
+errorblock *seticontext(window w, int32_t icon, const char *text);
+errorblock *seticontextifchanged(window w, int32_t icon, const char *text);
+// Formats, then expands tokens, to at most 1024 bytes.
+[[gnu::format(printf, 3, 4)]] errorblock *seticontextf(window w, int32_t icon, const char *format,
+                                                       ...);
+
+// icon -1 is the window itself. x, y and height are not used; index is the place
+// in the text.
+errorblock *setcaret(window w, int32_t icon, int32_t x, int32_t y, int32_t height, int32_t index);
+errorblock *caretatend(window w, int32_t icon);
+
+// Window and icon with the focus, -1 for what is absent.
+struct caretrecord {
+    window self;
+    int32_t icon;
+    int32_t start, end; // the selection
+};
+errorblock *getcaret(caretrecord *caret);
+errorblock *getcaretpair(window *w, int32_t *icon);
+
+errorblock *focuswindow(window w);
+errorblock *focusicon(window w, int32_t icon);
+errorblock *deleteicon(window w, int32_t icon);
+
+// Drawn controls (validation.h): the text and background colours, and any token.
+errorblock *setcolours(window w, int32_t icon, uint32_t fg, uint32_t bg);
+errorblock *settoken(window w, int32_t icon, char letter, const char *value);

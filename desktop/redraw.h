@@ -1,0 +1,41 @@
+// desktop/redraw.h - painting a window.
+//
+// A redraw handler has this shape, and so has an update at once, which begins
+// with updatewindow in place of redrawin:
+//
+//     redrawrecord r = {};
+//     r.self = self;
+//     int more;
+//     errorblock *err = redrawin(&r, &more);
+//     while (!err && more) {
+//         ... paint what falls into the clip ...
+//         err = redrawnext(&r, &more);
+//     }
+//
+// The clip rectangle always covers the pixels at its edges. While more is set
+// the record's surface is the current one of graphics/surface.h, with its origin
+// such that a place of the work area is drawn at its own coordinates.
+#pragma once
+
+#include "desktop/events.h"
+
+#include <cstdint>
+
+struct errorblock;
+struct surface;
+
+struct redrawrecord {
+    window self;
+    int32_t x0, y0, x1, y1;     // size of the visible area: 0, -height, width, 0
+    int32_t xscroll, yscroll;   // as in the window's state
+    int32_t cx0, cy0, cx1, cy1; // what is to be painted, in the work area
+    surface *drawing;
+};
+
+// more is 0 when nothing is to be painted.
+errorblock *redrawin(redrawrecord *r, int *more);
+errorblock *redrawnext(redrawrecord *r, int *more);
+
+// Paints now, without waiting for the system to ask: x0 to y1 of the record are
+// the rectangle, in the work area.
+errorblock *updatewindow(redrawrecord *r, int *more);
