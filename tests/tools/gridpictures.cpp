@@ -1,7 +1,7 @@
-// gridpictures GRID.qmg FOLDER [show] [upper] [WORD X Y DX DY]... - writes the
-// grid as plain.wmf, placeable.wmf and enhanced.emf into FOLDER, for
+// gridpictures GRID.qmg FOLDER [show|hide] [upper] [WORD X Y DX DY]... - writes
+// the grid as plain.wmf, placeable.wmf and enhanced.emf into FOLDER, for
 // gridpictures_test.py to read. Each WORD becomes an entry of the word list;
-// show has lines drawn through them, upper makes capitals of the letters.
+// show has lines drawn through them and hide has not, upper makes capitals of the letters.
 
 #include "base/errors.h"
 #include "find/solutions.h"
@@ -24,8 +24,8 @@ errorblock *wordsread(int argc, char **argv)
     errorblock *err = nullptr;
     solutions.slotcount = 1;
     for (int i = 3; i < argc && !err; i++) {
-        if (!strcmp(argv[i], "show")) {
-            grid.showsolutions = 1;
+        if (!strcmp(argv[i], "show") || !strcmp(argv[i], "hide")) {
+            grid.showsolutions = argv[i][0] == 's';
         } else if (!strcmp(argv[i], "upper")) {
             grid.pictureupper = 1;
         } else if (i + 4 < argc) {
@@ -50,7 +50,8 @@ errorblock *picturesof(const std::string &folder)
 int main(int argc, char **argv)
 {
     if (argc < 3) {
-        std::fprintf(stderr, "usage: gridpictures GRID.qmg FOLDER [show] [upper] [WORD ...]\n");
+        std::fprintf(stderr,
+                     "usage: gridpictures GRID.qmg FOLDER [show|hide] [upper] [WORD ...]\n");
         return 2;
     }
     gridreset();

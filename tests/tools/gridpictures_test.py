@@ -1,0 +1,269 @@
+#!/usr/bin/env python3
+"""Pictures of grids, as readers see them that share no code with their writer:
+one lists the records, the other is an office suite that paints them.
+
+usage: gridpictures_test.py QUILL GRIDPICTURES...   (a native quill; the emulator
+                                                     and the exe "gridpictures")
+"""
+import pathlib
+import random
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+sys.dont_write_bytecode = True  # beside the sources
+import metarecords
+
+QUILL = pathlib.Path(sys.argv[1]).resolve()
+PROGRAM = [str(pathlib.Path(word).resolve()) for word in sys.argv[2:]]
+KINDS = ("plain.wmf", "placeable.wmf", "enhanced.emf")
+BLACK, WHITE = "#000000", "#ffffff"
+
+BLOCKS = "CAT#.\n.###.\na.DOG\n"
+BARS = "ABCD\nEFGH\nIJKL\n\nleft 1,0 3,2\ntop 0,1 2,2\n"
+SQUARE = "catx\nxxox\nxxxg\ndogs\n"
+
+
+class Grid:
+    """What a picture's text says, told again."""
+
+    def __init__(self, text):
+        rows, _, bars = text.partition("\n\n")
+        self.rows = rows.split("\n") if bars else text.rstrip("\n").split("\n")
+        self.width, self.height = len(self.rows[0]), len(self.rows)
+        self.bars = {"left": set(), "top": set()}
+        for line in bars.splitlines():
+            edge, *cells = line.split()
+            self.bars[edge] |= {tuple(map(int, cell.split(","))) for cell in cells}
+
+    def block(self, x, y):
+        return self.rows[y][x] == "#"
+
+    def run(self, x, y, dx, dy):
+        """The cells of the word that runs from here on."""
+        edge = "left" if dx else "top"
+        cells = []
+        while x < self.width and y < self.height and not self.block(x, y) and \
+                not (cells and (x, y) in self.bars[edge]):
+            cells.append((x, y))
+            x, y = x + dx, y + dy
+        return cells
+
+    def numbers(self):
+        """Each numbered cell: it starts a word of two cells that none before runs
+        through."""
+        found, claimed = {}, {(1, 0): set(), (0, 1): set()}
+        for y in range(self.height):
+            for x in range(self.width):
+                if self.block(x, y):
+                    continue
+                runs = {step: self.run(x, y, *step) for step in claimed}
+                if any(len(runs[step]) > 1 and (x, y) not in claimed[step] and
+                       runs[step][1] not in claimed[step] for step in claimed):
+                    found[x, y] = len(found) + 1
+                    for step in claimed:
+                        claimed[step] |= set(runs[step])
+        return found
+
+
+class Made:
+    """The pictures of one grid."""
+
+    def __init__(self, folder, text, *words, wordsquare=False):
+        self.folder, self.grid = pathlib.Path(folder), Grid(text)
+        (self.folder / "grid.txt").write_text(text)
+        build = [QUILL, "grid", "build", "grid.qmg", "grid.txt"]
+        subprocess.run(build + ["--wordsquare"] * wordsquare, cwd=folder, check=True)
+        run = subprocess.run(PROGRAM + ["grid.qmg", "."] + list(map(str, words)), cwd=folder,
+                             capture_output=True, text=True, timeout=120)
+        if "Pictures written" not in run.stdout:
+            raise AssertionError(run.stderr)
+        self.square = int(run.stdout.split()[1])
+        self.files = {leaf: metarecords.read((self.folder / leaf).read_bytes()) for leaf in KINDS}
+
+    def drawn(self, leaf, *kinds):
+        return [shape for shape in self.files[leaf].drawing if shape[0] in kinds]
+
+    def painted(self):
+        """Each kind as an office suite paints it."""
+        subprocess.run(["soffice", f"-env:UserInstallation=file://{self.folder}/profile",
+                        "--headless", "--convert-to", "pdf", *KINDS], cwd=self.folder, check=True,
+                       capture_output=True, timeout=120)
+        pages = {}
+        for leaf in KINDS:
+            name = leaf.split(".")[0]
+            subprocess.run(["pdftoppm", "-gray", "-r", "300", "-singlefile", name + ".pdf", name],
+                           cwd=self.folder, check=True)
+            pages[leaf] = Page((self.folder / (name + ".pgm")).read_bytes(), self.grid)
+        return pages
+
+
+class Page:
+    """A painted page, cut to the picture on it. Places are in squares."""
+
+    def __init__(self, pgm, grid):
+        fields = pgm.split(None, 4)[:4]
+        width, height = int(fields[1]), int(fields[2])
+        pixels = pgm[-width * height:]
+        rows = [pixels[y * width:(y + 1) * width] for y in range(height)]
+        ink = [y for y in range(height) if min(rows[y]) < 128]
+        columns = [min(column) for column in zip(*(rows[ink[0]:ink[-1] + 1]))]
+        across = [x for x in range(width) if columns[x] < 128]
+        self.rows = [row[across[0]:across[-1] + 1] for row in rows[ink[0]:ink[-1] + 1]]
+        self.size = ((len(self.rows[0]) - 1) / grid.width, (len(self.rows) - 1) / grid.height)
+
+    def dark(self, x0, y0, x1, y1):
+        """Dark pixels in a box: their places, in squares."""
+        w, h = self.size
+        return [((x + .5) / w, (y + .5) / h)
+                for y in range(round(y0 * h), round(y1 * h))
+                for x in range(round(x0 * w), round(x1 * w)) if self.rows[y][x] < 128]
+
+    def share(self, x0, y0, x1, y1):
+        w, h = self.size
+        area = (round(x1 * w) - round(x0 * w)) * (round(y1 * h) - round(y0 * h))
+        return len(self.dark(x0, y0, x1, y1)) / area
+
+
+class PictureTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+
+    def shapes(self, made, *kinds):
+        """Those shapes, which all kinds of file draw alike."""
+        drawings = [made.drawn(leaf, *kinds) for leaf in KINDS]
+        self.assertEqual(drawings[0], drawings[1])
+        self.assertEqual(drawings[0], drawings[2])
+        return drawings[0]
+
+    def checkgrid(self, made):
+        grid, square = made.grid, made.square
+        width, height = grid.width * square, grid.height * square
+        boxes = self.shapes(made, "box")
+        self.assertEqual(boxes[0], ("box", 0, 0, width, height, WHITE, WHITE))
+        lines = set(self.shapes(made, "line"))
+        for x in range(grid.width + 1):
+            self.assertIn(("line", x * square, 0, x * square, height, BLACK), lines)
+        for y in range(grid.height + 1):
+            self.assertIn(("line", 0, y * square, width, y * square, BLACK), lines)
+        return boxes[1:], len(lines) - grid.width - grid.height - 2
+
+    def checkcrossword(self, made):
+        grid, s = made.grid, made.square
+        boxes, others = self.checkgrid(made)
+        self.assertEqual(others, 0)
+        wanted = [(x * s - 1, y * s, x * s + 1, y * s + s) for x, y in grid.bars["left"]]
+        wanted += [(x * s, y * s - 1, x * s + s, y * s + 1) for x, y in grid.bars["top"]]
+        wanted += [(x * s, y * s, x * s + s + 1, y * s + s + 1)
+                   for x in range(grid.width) for y in range(grid.height) if grid.block(x, y)]
+        self.assertEqual(sorted(boxes), sorted(("box", *box, BLACK, BLACK) for box in wanted))
+        texts = self.shapes(made, "text")
+        numbers = {shape[3]: shape for shape in texts if shape[3].isdigit()}
+        self.assertEqual(len(numbers), len(grid.numbers()))
+        base = next(iter(numbers.values()), (0, 0, 0))[2] % s  # in its square
+        for (x, y), number in grid.numbers().items():
+            self.assertEqual(numbers[str(number)][1:3], (x * s + 3, y * s + base))
+        self.checkletters(made, [shape for shape in texts if not shape[3].isdigit()])
+
+    def checkletters(self, made, letters):
+        """Each at the middle of its square, and all on one height in theirs."""
+        grid, s = made.grid, made.square
+        wanted = sorted((x * s + s // 2, y, row[x]) for y, row in enumerate(grid.rows)
+                        for x in range(grid.width) if row[x] not in "#.")
+        self.assertEqual(sorted((shape[1], shape[2] // s, shape[3]) for shape in letters), wanted)
+        heights = {shape[2] % s for shape in letters}
+        self.assertEqual(len(heights), 1)
+        self.assertTrue(s // 2 < heights.pop() < s)
+
+    def test_blocks(self):
+        made = Made(self.folder, BLOCKS)
+        self.checkcrossword(made)
+        for leaf, page in made.painted().items():
+            with self.subTest(leaf):
+                self.assertpainted(page, made.grid)
+
+    def assertpainted(self, page, grid):
+        for y in range(grid.height):
+            for x in range(grid.width):
+                inside = (x + .1, y + .1, x + .9, y + .9)
+                if grid.block(x, y):
+                    self.assertEqual(page.share(*inside), 1)
+                    continue
+                ink = page.dark(x + .25, y + .38, x + .9, y + .9)  # clear of a number
+                if grid.rows[y][x] == ".":
+                    self.assertEqual(ink, [])
+                else:
+                    middle = (min(ink)[0] + max(ink)[0]) / 2
+                    self.assertAlmostEqual(middle, x + .5, delta=.08)
+                    self.assertLess(len(ink) / page.size[0] / page.size[1], .4)
+                corner = page.dark(x + .06, y + .06, x + .25, y + .38)
+                self.assertEqual(bool(corner), (x, y) in grid.numbers())
+
+    def test_bars(self):
+        made = Made(self.folder, BARS, "upper")
+        self.checkcrossword(made)
+        for leaf, page in made.painted().items():
+            with self.subTest(leaf):
+                thin, thick = self.across(page, 2, 0), self.across(page, 1, 0)
+                self.assertGreaterEqual(thick, thin + 1)
+                self.assertGreaterEqual(self.across(page, 3, 2), thin + 1)
+
+    def across(self, page, x, y):
+        """How many pixels thick the left edge of a square is."""
+        w, h = page.size
+        row = page.rows[round((y + .5) * h)]
+        return sum(value < 128 for value in row[round((x - .1) * w):round((x + .1) * w)])
+
+    def test_capitals(self):
+        made = Made(self.folder, BLOCKS.replace("C", "c"), "upper")
+        letters = {shape[3] for shape in self.shapes(made, "text")}
+        self.assertTrue({"C", "A"} <= letters)
+        self.assertFalse({"c", "a"} & letters)
+
+    def test_words_struck_through(self):
+        words = ["cat", 0, 0, 1, 0, "cog", 1, 0, 1, 1, "lost", -1, -1, -1, -1]
+        made = Made(self.folder, SQUARE, *words, "show", wordsquare=True)
+        boxes, others = self.checkgrid(made)
+        self.assertEqual((boxes, others), ([], 3))
+        s = made.square
+        lines = self.shapes(made, "line")
+        middle = lambda x, y: (x * s + s // 2, y * s + s // 2)
+        self.assertEqual(lines[-3][1:5], middle(0, 0) + middle(2, 0))
+        self.assertEqual(lines[-2][1:5], middle(1, 0) + middle(3, 2))
+        texts = self.shapes(made, "text")
+        self.checkletters(made, texts)  # and no numbers
+        for leaf, page in made.painted().items():
+            if leaf != "plain.wmf":  # there a line outside makes the picture larger
+                with self.subTest(leaf):
+                    self.assertTrue(page.dark(.9, .45, 1.1, .55))
+                    self.assertFalse(page.dark(.1, 1.45, .2, 1.55))
+
+    def test_words_not_shown(self):
+        made = Made(self.folder, SQUARE, "hide", "cat", 0, 0, 1, 0, wordsquare=True)
+        self.assertEqual(self.checkgrid(made), ([], 0))
+
+    def test_sizes(self):
+        source = random.Random(5)
+        large = "\n".join("".join(source.choice("ABC.#") for _ in range(127)) for _ in range(127))
+        for text in (large + "\n", "A\nB\n.\n", "X\n"):
+            made = Made(self.folder, text)
+            self.checkcrossword(made)
+            right, bottom = made.grid.width * made.square + 1, made.grid.height * made.square + 1
+            header = made.files["placeable.wmf"].header
+            self.assertEqual([header[name] for name in
+                              ("left", "top", "right", "bottom", "inch", "checksum")],
+                             [0, 0, right, bottom, 120, 0])
+            for file in made.files.values():
+                self.assertEqual(file.window["extent"], (right, bottom))
+            description = made.files["enhanced.emf"].header["description"]
+            self.assertEqual(description.split("\0")[0], "Calendar")
+
+
+if __name__ == "__main__":
+    if not shutil.which("soffice") or not shutil.which("pdftoppm"):
+        sys.exit("gridpictures_test: soffice and pdftoppm are wanted")
+    unittest.main(argv=sys.argv[:1])
