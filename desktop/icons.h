@@ -19,39 +19,57 @@ errorblock *shadeicon(window w, int32_t icon);
 errorblock *unshadeicon(window w, int32_t icon);
 errorblock *seticonshaded(window w, int32_t icon, int on);
 
-// The new state is (old without clear) exclusive-or eor.
+// The new state is (old without clear) exclusive-or eor. With both 0 the icon is
+// just redrawn.
 constexpr uint32_t ICONSELECTED = 1U << 21, ICONSHADED = 1U << 22;
 errorblock *seticonstate(window w, int32_t icon, uint32_t eor, uint32_t clear);
 errorblock *redrawicon(window w, int32_t icon);
 
 struct iconstaterecord {
     osbox box;
-    uint32_t flags;   // 0
-    const char *text; // of geticontext's buffer
-    const char *classname;
+    uint32_t flags;        // 0
+    const char *text;      // of geticontext's buffer
+    const char *classname; // of one buffer, which the next call overwrites
 };
 errorblock *geticonstate(window w, int32_t icon, iconstaterecord *record);
 errorblock *iconbox(window w, int32_t icon, osbox *box);
 
-// The text of one buffer of 1024 bytes, which the next call of anyone overwrites.
+// The text of one buffer of ICONTEXTSIZE bytes, which the next call of anyone
+// overwrites: copy it before reading another or polling. copyicontext cuts to
+// size.
+constexpr int32_t ICONTEXTSIZE = 1024;
 errorblock *geticontext(window w, int32_t icon, char **text);
 errorblock *copyicontext(window w, int32_t icon, char *buffer, int32_t size);
 errorblock *seticontext(window w, int32_t icon, const char *text);
 errorblock *seticontextifchanged(window w, int32_t icon, const char *text);
-// Formats, then expands tokens, to at most 1024 bytes.
+// Formats, then expands tokens, to at most ICONTEXTSIZE bytes. Error: 30 for a
+// longer text, which is then not set.
 [[gnu::format(printf, 3, 4)]] errorblock *seticontextf(window w, int32_t icon, const char *format,
                                                        ...);
 
-// icon -1 is the window itself. x, y and height are not used; index is the place
-// in the text.
+// The most characters that can be typed into a writable icon; what is set by
+// program isn't cut.
+errorblock *seticonlimit(window w, int32_t icon, int32_t characters);
+
+// The numbers that an up-down icon gives to the field beside it, low and high
+// among them. Its arrows start from what stands in the field, typed or set; a
+// typed number isn't limited. Fields that a template hasn't joined are joined
+// here: the one before the arrows in its order.
+errorblock *seticonrange(window w, int32_t icon, int32_t low, int32_t high);
+errorblock *iconrange(window w, int32_t icon, int32_t *low, int32_t *high);
+
+// Gives the focus to an icon, if it hasn't it, or with icon -1 to the window.
+// Text that can be edited gets its caret to index, with nothing selected. x, y
+// and height are not used.
 errorblock *setcaret(window w, int32_t icon, int32_t x, int32_t y, int32_t height, int32_t index);
 errorblock *caretatend(window w, int32_t icon);
 
-// Window and icon with the focus, -1 for what is absent.
+// The window and the icon with the focus, and what is selected in it; -1 for
+// what is absent.
 struct caretrecord {
     window self;
     int32_t icon;
-    int32_t start, end; // the selection
+    int32_t start, end;
 };
 errorblock *getcaret(caretrecord *caret);
 errorblock *getcaretpair(window *w, int32_t *icon);
@@ -61,5 +79,6 @@ errorblock *focusicon(window w, int32_t icon);
 errorblock *deleteicon(window w, int32_t icon);
 
 // Drawn controls (validation.h): the text and background colours, and any token.
+// They are drawn again at once. A value that doesn't fit is cut.
 errorblock *setcolours(window w, int32_t icon, uint32_t fg, uint32_t bg);
 errorblock *settoken(window w, int32_t icon, char letter, const char *value);

@@ -1,0 +1,100 @@
+// Selected, shaded, and where an icon lies.
+
+#include "desktop/icons.h"
+#include "desktop/win32/iconhandle.h"
+
+#include "base/errors.h"
+#include "base/syserr.h"
+#include "graphics/modeinfo.h"
+
+errorblock *seticonselected(window w, int32_t icon, int on)
+{
+    HWND control;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (!err) SendMessageA(control, BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+    return err;
+}
+
+errorblock *iconselected(window w, int32_t icon, int *on)
+{
+    HWND control;
+    errorblock *err = iconhandle(w, icon, &control);
+    *on = !err && SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return err;
+}
+
+errorblock *shadeicon(window w, int32_t icon)
+{
+    return seticonshaded(w, icon, 1);
+}
+
+errorblock *unshadeicon(window w, int32_t icon)
+{
+    return seticonshaded(w, icon, 0);
+}
+
+// The call tells what the state was, not whether it worked.
+errorblock *seticonshaded(window w, int32_t icon, int on)
+{
+    HWND control;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (!err) EnableWindow(control, !on);
+    return err;
+}
+
+errorblock *redrawicon(window w, int32_t icon)
+{
+    HWND control;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (err) return err;
+    return InvalidateRect(control, nullptr, TRUE) ? nullptr : syserr("InvalidateRect");
+}
+
+errorblock *seticonstate(window w, int32_t icon, uint32_t eor, uint32_t clear)
+{
+    HWND control;
+    int selected = 0;
+    uint32_t named = eor | clear;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (!err) err = iconselected(w, icon, &selected);
+    if (err) return err;
+    uint32_t state = (selected ? ICONSELECTED : 0) | (IsWindowEnabled(control) ? 0 : ICONSHADED);
+    state = (state & ~clear) ^ eor;
+    if (named & ICONSHADED) err = seticonshaded(w, icon, (state & ICONSHADED) != 0);
+    if (!err && named & ICONSELECTED) err = seticonselected(w, icon, (state & ICONSELECTED) != 0);
+    if (!err) err = redrawicon(w, icon);
+    return err;
+}
+
+errorblock *iconbox(window w, int32_t icon, osbox *box)
+{
+    HWND control, around = reinterpret_cast<HWND>(w);
+    RECT r;
+    POINT corners[2];
+    windowstaterecord state;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (!err) err = windowstate(w, &state);
+    if (!err && !GetWindowRect(control, &r)) err = syserr("GetWindowRect");
+    if (err) return err;
+    corners[0] = {r.left, r.top};
+    corners[1] = {r.right, r.bottom};
+    MapWindowPoints(nullptr, around, corners, 2);
+    *box = {devtoosx(corners[0].x) + state.xscroll, state.yscroll - devtoosy(corners[1].y),
+            devtoosx(corners[1].x) + state.xscroll, state.yscroll - devtoosy(corners[0].y)};
+    return nullptr;
+}
+
+errorblock *geticonstate(window w, int32_t icon, iconstaterecord *record)
+{
+    static char classname[256];
+    HWND control;
+    char *text = nullptr;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (!err) err = iconbox(w, icon, &record->box);
+    if (!err) err = geticontext(w, icon, &text);
+    if (!err && !GetClassNameA(control, classname, sizeof classname)) err = syserr("GetClassName");
+    record->flags = 0;
+    record->text = text;
+    record->classname = classname;
+    return err;
+}
