@@ -4,7 +4,6 @@
 
 #include "desktop/stages.h"
 
-#include "base/trace.h"
 #include "desktop/eventsource.h"
 #include "desktop/poll.h"
 
@@ -16,12 +15,6 @@ errorblock *modeinfoinit()
 
 errorblock *initsprites()
 {
-    return nullptr;
-}
-
-errorblock *hourglassinit()
-{
-    trace("##### hourglass init #####");
     return nullptr;
 }
 
