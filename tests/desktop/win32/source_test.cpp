@@ -17,10 +17,6 @@
 
 #include <vector>
 
-// Lines go nowhere: this process's own console is where the results are.
-void tracewrite(const char *, int) {}
-void tracewritew(const wchar_t *, int) {}
-
 namespace
 {
 
@@ -87,22 +83,18 @@ std::string textof(HWND w)
     return text;
 }
 
-} // namespace
-
-void modulesreset()
+void start()
 {
-    blockend();
-    timedreset();
-    handlersreset();
-    pollreset();
-    setleave(leavethrown);
     seen.clear();
     fired = quits = 0;
+    REQUIRE(blockstart() == nullptr);
 }
+
+} // namespace
 
 TEST_CASE("messages come whole and in order, looked for or waited for")
 {
-    REQUIRE(blockstart() == nullptr);
+    start();
     addpollfilter(see, -1, -1, 0);
     PostThreadMessageA(GetCurrentThreadId(), WM_APP, 11, -12);
     PostThreadMessageA(GetCurrentThreadId(), WM_APP + 1, 0, 0);
@@ -120,7 +112,8 @@ TEST_CASE("messages come whole and in order, looked for or waited for")
 
 TEST_CASE("the quit notice ends the process behind its broadcast")
 {
-    REQUIRE(blockstart() == nullptr);
+    start();
+    setleave(leavethrown);
     addbroadcasthandler(quit, BROADCASTQUIT);
     SUBCASE("waited for") {}
     SUBCASE("looked for")
@@ -140,7 +133,7 @@ TEST_CASE("the quit notice ends the process behind its broadcast")
 
 TEST_CASE("timed calls wake the wait, once each")
 {
-    REQUIRE(blockstart() == nullptr);
+    start();
     DWORD start = GetTickCount();
     addtimedcall(fire, 1, 10);
     addtimedcall(fire, 2, 20);
@@ -159,7 +152,7 @@ TEST_CASE("timed calls wake the wait, once each")
 
 TEST_CASE("timed calls go on in a box of the system")
 {
-    REQUIRE(blockstart() == nullptr);
+    start();
     addtimedcall(closebox, 0, 10);
     int answer = boxshow(0, "Closed by a timed call", "A box of the test", BOXOKCANCEL);
     CHECK(answer == IDCANCEL);
@@ -168,7 +161,7 @@ TEST_CASE("timed calls go on in a box of the system")
 
 TEST_CASE("a subclassed control, and a control's way up to its window")
 {
-    REQUIRE(blockstart() == nullptr);
+    start();
     HWND frame =
         CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 100, 50, nullptr, nullptr, nullptr, nullptr);
     HWND edit = CreateWindowA("EDIT", "", WS_CHILD, 0, 0, 90, 20, frame, reinterpret_cast<HMENU>(7),
@@ -193,7 +186,7 @@ TEST_CASE("a subclassed control, and a control's way up to its window")
 
 TEST_CASE("a poll moves the caret of a control by its characters")
 {
-    REQUIRE(blockstart() == nullptr);
+    start();
     addnullhandler(idle, 0);
     HWND edit =
         CreateWindowA("EDIT", "", WS_POPUP, 0, 0, 90, 20, nullptr, nullptr, nullptr, nullptr);
