@@ -8,12 +8,16 @@
 
 struct errorblock;
 struct Dictionary;
+struct fontrecord;
 
 void dictmenubuild(); // makes the menu of names anew
 void dictmenudelete();
 
 // Opens the editor on a loaded dictionary.
 errorblock *dicteditopen(uint32_t number, Dictionary *dict, const char *name);
+
+// The lists of words take this font and measure it. Redraws nothing.
+void dictmetricsupdate(const fontrecord *font);
 
 // The document's list of dictionaries was changed by the user.
 void dictsetchanged();

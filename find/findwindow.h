@@ -11,6 +11,10 @@ struct errorblock;
 // The list changed: scroll home, set the extent, redraw.
 void solutionsrefresh();
 
+// solfont or dictfont changed: measures the lists anew, those of words by
+// dictmetricsupdate (dict/dictwindow.h). Redraws nothing.
+void metricsupdate();
+
 // The count in the Stop pane.
 void progressshow(int32_t n);
 

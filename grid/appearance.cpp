@@ -1,6 +1,7 @@
 #include "grid/appearance.h"
 
 fontrecord solfont, dictfont;
+uint32_t cursorcolour = CURSORCOLOURDEFAULT, selectedcolour = SELECTEDCOLOURDEFAULT;
 
 namespace
 {

@@ -11,6 +11,11 @@
 // change them too.
 extern fontrecord solfont, dictfont;
 
+// What the cursor's cell and marked cells are filled with, 0xBBGGRR00. They are
+// the user's, not the document's: the choices alone change them.
+constexpr uint32_t CURSORCOLOURDEFAULT = 0xFFBB0000, SELECTEDCOLOURDEFAULT = 0xBBEEEE00;
+extern uint32_t cursorcolour, selectedcolour;
+
 // The slot as the factory has it; the document and the list fonts stay.
 void appearancereset();
 

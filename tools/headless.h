@@ -12,6 +12,7 @@ struct errorblock;
 struct headlessstate {
     // Calls made, by name.
     int redraws, cellredraws, extents, titles, resultsdropped, kindsapplied, wordlists;
+    int metrics;
     int refreshes, begins, ends, polls, busy, menubuilds, menudeletes, setchanges, edits;
     int32_t cells[4];   // the last gridcellsredraw
     int32_t marklength; // the last length shown; -1 emptied

@@ -15,6 +15,8 @@ void dictsetchanged()
     headless.setchanges++;
 }
 
+void dictmetricsupdate(const fontrecord *) {}
+
 errorblock *dicteditopen(uint32_t, Dictionary *, const char *)
 {
     headless.edits++;

@@ -7,6 +7,10 @@ void solutionsrefresh()
 {
     headless.refreshes++;
 }
+void metricsupdate()
+{
+    headless.metrics++;
+}
 void progressshow(int32_t n)
 {
     headless.progress = n;
