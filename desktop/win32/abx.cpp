@@ -173,7 +173,8 @@ answer setcursor(HWND control, UINT, WPARAM, LPARAM lparam)
 answer mouse(HWND control, UINT message, WPARAM wparam, LPARAM lparam)
 {
     abxmouse(control, message, wparam, lparam);
-    return DONE;
+    // Behind a right click the system asks the parent for help or a menu.
+    return message == WM_RBUTTONUP && IsWindow(control) ? SYSTEM : DONE;
 }
 
 struct messagerow {
