@@ -13,8 +13,9 @@
 //     }
 //
 // The clip rectangle always covers the pixels at its edges. While more is set
-// the record's surface is the current one of graphics/surface.h, with its origin
-// such that a place of the work area is drawn at its own coordinates.
+// the record's surface is the current one of graphics/surface.h, with its view
+// such that a place of the work area is drawn at its own coordinates; the poll
+// must not run meanwhile. The loop must be one: how often it runs is not told.
 #pragma once
 
 #include "desktop/events.h"
@@ -30,6 +31,7 @@ struct redrawrecord {
     int32_t xscroll, yscroll;   // as in the window's state
     int32_t cx0, cy0, cx1, cy1; // what is to be painted, in the work area
     surface *drawing;
+    surface *outer; // what was current before
 };
 
 // more is 0 when nothing is to be painted.

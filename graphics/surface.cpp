@@ -44,6 +44,7 @@ void surfaceinit(surface *s)
     s->brush = s->savedbrush = 0;
     s->font = s->savedfont = 0;
     s->originx = s->originy = 0;
+    s->viewx = s->viewy = 0;
     s->unitx = s->unity = OSUNITS;
     s->scalex = modeinfo.xdpi;
     s->scaley = modeinfo.ydpi;
@@ -53,8 +54,15 @@ void surfaceshifts(surface *s)
 {
     s->shiftx = muldiv(s->originx, s->unitx, OSUNITS);
     s->shifty = muldiv(s->originy, s->unity, OSUNITS);
-    s->deviceshiftx = muldiv(s->originx, s->scalex, OSUNITS);
-    s->deviceshifty = muldiv(s->originy, s->scaley, -OSUNITS);
+    s->deviceshiftx = muldiv(s->originx, s->scalex, OSUNITS) - s->viewx;
+    s->deviceshifty = muldiv(s->originy, s->scaley, -OSUNITS) - s->viewy;
+}
+
+void surfaceview(surface *s, int32_t x, int32_t y)
+{
+    s->viewx = x;
+    s->viewy = y;
+    surfaceshifts(s);
 }
 
 void surfacesetunits(int32_t unitx, int32_t unity)

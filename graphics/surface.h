@@ -44,7 +44,8 @@ struct surface {
     int32_t clipleft, clipright, clipbottom, cliptop; // device pixels
     int32_t shiftx, shifty;                           // the origin in scaled OS units
     int32_t deviceshiftx, deviceshifty;               // the origin in device pixels
-    surface *next, *prev;                             // of all open surfaces
+    int32_t viewx, viewy; // device pixels that what is drawn is moved left and up by
+    surface *next, *prev; // of all open surfaces
 };
 
 // The newest surface first; changed by surfacenew and surfacefree.
@@ -60,11 +61,17 @@ void clearcurrentsurface();
 errorblock *surfacenew(surface **s);
 void surfacefree(surface *s);
 
-// Clears the pens, brushes, fonts and the origin, and sets the screen's scale.
+// Clears the pens, brushes, fonts, the origin and the view, and sets the screen's
+// scale.
 void surfaceinit(surface *s);
 
 // Works out the four shifts; follows any change of origin, unit or scale.
 void surfaceshifts(surface *s);
+
+// Moves what is drawn by whole pixels, at any scale: the view of a window that
+// has scrolled. A position falls on the same pixel of what is scrolled, wherever
+// that is, which is what lets the system scroll by copying.
+void surfaceview(surface *s, int32_t x, int32_t y);
 
 // surfaceinit at an origin, with the shifts, and the palette on a device that
 // has one.

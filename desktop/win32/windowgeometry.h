@@ -1,0 +1,19 @@
+// desktop/win32/windowgeometry.h - windows as the system has them.
+#pragma once
+
+#include "desktop/windowplace.h"
+
+#include <windows.h>
+
+struct errorblock;
+
+inline HWND systemwindow(window w)
+{
+    return reinterpret_cast<HWND>(w);
+}
+
+// Where the window is now.
+errorblock *geometryread(window w, windowgeometry *geometry);
+
+// The size of its client area, in pixels.
+errorblock *clientsize(window w, int32_t *width, int32_t *height);

@@ -1,0 +1,57 @@
+#include "desktop/windowplace.h"
+
+#include "graphics/modeinfo.h"
+#include "graphics/surface.h"
+
+pixelbox placeclient(const windowstaterecord &state)
+{
+    return {ostodevx(state.x0), ostoscreeny(state.y1), ostodevx(state.x1), ostoscreeny(state.y0)};
+}
+
+pixelbox placeframe(const windowstaterecord &state, const windowgeometry &now)
+{
+    pixelbox wanted = placeclient(state);
+    return {wanted.left + now.frame.left - now.client.left,
+            wanted.top + now.frame.top - now.client.top,
+            wanted.right + now.frame.right - now.client.right,
+            wanted.bottom + now.frame.bottom - now.client.bottom};
+}
+
+osbox placebox(const pixelbox &pixels)
+{
+    return {devtoosx(pixels.left), screentoosy(pixels.bottom), devtoosx(pixels.right),
+            screentoosy(pixels.top)};
+}
+
+void placestate(const pixelbox &client, windowstaterecord *state)
+{
+    osbox box = placebox(client);
+    state->x0 = box.x0;
+    state->y0 = box.y0;
+    state->x1 = box.x1;
+    state->y1 = box.y1;
+}
+
+void centrestate(windowstaterecord *state, int32_t n)
+{
+    constexpr int32_t STEP = 40;
+    int32_t width = state->x1 - state->x0, height = state->y1 - state->y0;
+    state->x0 = (modeinfo.widthos - width) / 2 + STEP * (n % 4);
+    state->y0 = (modeinfo.heightos - height) / 2 - STEP * (n % 5);
+    state->x1 = state->x0 + width;
+    state->y1 = state->y0 + height;
+}
+
+// Drawing drops fractions: the last unit of the box decides its last pixel.
+static int32_t behind(int32_t units, int32_t dpi)
+{
+    return muldiv64(int64_t{units} - 1, dpi, OSUNITS) + 1;
+}
+
+pixelbox placework(const osbox &box, int32_t xscroll, int32_t yscroll)
+{
+    int32_t x = ostodevx(xscroll), y = ostodevy(yscroll);
+    return {muldiv64(box.x0, modeinfo.xdpi, OSUNITS) - x,
+            muldiv64(-int64_t{box.y1}, modeinfo.ydpi, OSUNITS) + y,
+            behind(box.x1, modeinfo.xdpi) - x, behind(-box.y0, modeinfo.ydpi) + y};
+}

@@ -1,0 +1,34 @@
+// desktop/windowplace.h - where windows lie: their states in OS units against
+// the system's boxes in pixels.
+//
+// A position is always converted by itself and a size follows as the difference
+// of two, so that reading a state and opening by it moves nothing.
+#pragma once
+
+#include "desktop/windows.h"
+
+#include <cstdint>
+
+// Pixels, y down, right and bottom left out.
+struct pixelbox {
+    int32_t left, top, right, bottom;
+};
+
+// What the system tells of a window, on the screen.
+struct windowgeometry {
+    pixelbox frame, client;
+};
+
+// The client area that a state asks for, on the screen.
+pixelbox placeclient(const windowstaterecord &state);
+
+// The frame round it, by the borders that the window has now.
+pixelbox placeframe(const windowstaterecord &state, const windowgeometry &now);
+
+// The four words of a state for a client area, and a box for one of the screen.
+void placestate(const pixelbox &client, windowstaterecord *state);
+osbox placebox(const pixelbox &pixels);
+
+// A box of the work area in pixels of the client area, which shows the given
+// scroll position (of a state): every pixel that some of it falls on.
+pixelbox placework(const osbox &box, int32_t xscroll, int32_t yscroll);
