@@ -8,6 +8,7 @@
 #include "base/errors.h"
 #include "base/flex.h"
 #include "desktop/message.h"
+#include "desktop/stages.h"
 #include "desktop/task.h"
 #include "dict/dictset.h"
 #include "grid/grid.h"
@@ -50,6 +51,7 @@ int quitquery()
 void quittask()
 {
     sendmessage(TASKEND, 0, 0);
+    modeinfoend();
     flex_end();
     leave(0);
 }

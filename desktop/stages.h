@@ -13,3 +13,6 @@ errorblock *initsprites();   // the task's pool of sprites
 errorblock *hourglassinit(); // the busy cursors
 errorblock *addspritesshared(const char *directory, const char *name); // into the pool
 errorblock *tasktemplates(); // the library's own template table
+
+// The end of modeinfoinit, called once at the end of the task.
+void modeinfoend();

@@ -7,23 +7,6 @@
 #include "desktop/eventsource.h"
 #include "desktop/poll.h"
 
-// Screen facts are wanted by drawing and by window geometry.
-errorblock *modeinfoinit()
-{
-    return nullptr;
-}
-
-errorblock *initsprites()
-{
-    return nullptr;
-}
-
-// No sprites are among the program's resources; a missing resource is no error.
-errorblock *addspritesshared(const char *, const char *)
-{
-    return nullptr;
-}
-
 // The template of the About box.
 errorblock *tasktemplates()
 {

@@ -66,7 +66,7 @@ std::string applog()
 }
 
 const char wholelog[] = "linktemplates, linkmenus, choicesload, message 3, openmainwindow, "
-                        "message 65543, wait, message 4";
+                        "message 65543, wait, message 4, modeinfoend";
 
 std::string gridfile(const char *leaf)
 {
@@ -123,8 +123,9 @@ TEST_CASE("a main window that doesn't open is the end")
 {
     fake.failstage = "openmainwindow";
     CHECK(run() == 0);
-    CHECK(applog() ==
-          "linktemplates, linkmenus, choicesload, message 3, openmainwindow, message 4");
+    CHECK(
+        applog() ==
+        "linktemplates, linkmenus, choicesload, message 3, openmainwindow, message 4, modeinfoend");
     CHECK(headless.boxes == 1);
 }
 

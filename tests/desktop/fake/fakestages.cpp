@@ -14,6 +14,11 @@ errorblock *modeinfoinit()
     return stage("modeinfoinit");
 }
 
+void modeinfoend()
+{
+    fake.log.push_back("modeinfoend");
+}
+
 errorblock *inittemp()
 {
     return stage("inittemp");
