@@ -7,6 +7,7 @@
 
 #include <climits>
 #include <cstdlib>
+#include <initializer_list>
 
 namespace
 {
@@ -286,6 +287,29 @@ TEST_CASE("initialised, a surface has nothing and the screen's scale")
     CHECK(s.scalex == 72);
     CHECK(s.scaley == 144);
     CHECK(s.flags == SURFACECLIPPED);
+}
+
+TEST_CASE("a view moves by whole pixels, at any scale and whatever is set later")
+{
+    surface *s = drawn(100, -50);
+    for (int32_t unit : {180, 90, 37}) {
+        surfaceview(s, 0, 0);
+        surfacesetunits(unit, unit);
+        int32_t x = devicex(1003), y = devicey(-777);
+        surfaceview(s, 13, 29);
+        CHECK(devicex(1003) == x - 13);
+        CHECK(devicey(-777) == y - 29);
+        surfacescale kept;
+        surfacestate(s, &kept);
+        surfacesetscale(1, 1, 3, 3);
+        surfacesetstate(s, &kept);
+        CHECK(devicex(1003) == x - 13);
+        CHECK(devicey(-777) == y - 29);
+    }
+    surfaceinit(s);
+    surfaceshifts(s);
+    CHECK(devicex(180) == 96);
+    clearcurrentsurface();
 }
 
 TEST_CASE("the chain of surfaces")

@@ -1,0 +1,123 @@
+#include "desktop/windowplace.h"
+
+#include "graphics/modeinfo.h"
+#include "graphics/surface.h"
+
+#include <doctest/doctest.h>
+
+#include <initializer_list>
+
+namespace
+{
+
+void screen(int32_t dpi)
+{
+    modefacts facts = {};
+    facts.xdpi = facts.ydpi = dpi;
+    facts.widthpx = 1024;
+    facts.heightpx = 768;
+    facts.bitspixel = 32;
+    modeinfoset(facts);
+}
+
+windowstaterecord stateof(int32_t x0, int32_t y0, int32_t x1, int32_t y1)
+{
+    windowstaterecord state = {};
+    state.x0 = x0;
+    state.y0 = y0;
+    state.x1 = x1;
+    state.y1 = y1;
+    return state;
+}
+
+// Whether a box of pixels is that one.
+bool is(const pixelbox &box, const pixelbox &other)
+{
+    return box.left == other.left && box.top == other.top && box.right == other.right &&
+           box.bottom == other.bottom;
+}
+
+} // namespace
+
+TEST_CASE("a state's rectangle in pixels, from the top of the screen down")
+{
+    SUBCASE("96 dpi")
+    {
+        screen(96);
+        CHECK(is(placeclient(stateof(180, 360, 540, 900)), {96, 288, 288, 576}));
+        CHECK(is(placeclient(stateof(0, 0, 1920, 1440)), {0, 0, 1024, 768}));
+    }
+    SUBCASE("144 dpi")
+    {
+        screen(144);
+        CHECK(is(placeclient(stateof(180, 360, 540, 900)), {144, 48, 432, 480}));
+    }
+}
+
+TEST_CASE("a state that was read puts the window back to the very pixel")
+{
+    for (int32_t dpi : {72, 96, 120, 144}) {
+        screen(dpi);
+        for (int32_t at = -50; at < 500; at++) {
+            pixelbox client = {at, at + 3, 2 * at + 200, 3 * at + 400};
+            windowstaterecord state = {};
+            placestate(client, &state);
+            REQUIRE(is(placeclient(state), client));
+        }
+    }
+}
+
+TEST_CASE("the frame keeps the borders that it has")
+{
+    screen(96);
+    windowgeometry now = {{100, 100, 420, 360}, {104, 126, 400, 356}};
+    // The same borders round another place and size.
+    pixelbox frame = placeframe(stateof(180, 360, 540, 900), now);
+    CHECK(is(frame, {92, 262, 308, 580}));
+
+    windowstaterecord state = {};
+    placestate(now.client, &state);
+    CHECK(is(placeframe(state, now), now.frame));
+}
+
+TEST_CASE("windows are centred, and a cascade of them drifts apart")
+{
+    screen(96); // 1920 by 1440 units
+    struct {
+        int32_t n, right, down;
+    } places[] = {{0, 0, 0}, {1, 40, 40}, {3, 120, 120}, {4, 0, 160}, {5, 40, 0}, {19, 120, 160}};
+    for (const auto &place : places) {
+        CAPTURE(place.n);
+        windowstaterecord state = stateof(7, 9, 407, 309);
+        state.xscroll = 11;
+        state.behind = BEHINDSAME;
+        centrestate(&state, place.n);
+        CHECK(state.x0 == 760 + place.right);
+        CHECK(state.y0 == 570 - place.down);
+        CHECK(state.x1 == state.x0 + 400);
+        CHECK(state.y1 == state.y0 + 300);
+        CHECK(state.xscroll == 11);
+        CHECK(state.behind == BEHINDSAME);
+    }
+}
+
+TEST_CASE("a box of the work area covers each pixel that drawing in it falls on")
+{
+    for (int32_t dpi : {96, 144}) {
+        screen(dpi);
+        for (int32_t scroll : {0, 1, 100, 333}) {
+            surface s = {};
+            setcurrentsurface(&s);
+            surfaceinit(&s);
+            surfaceview(&s, ostodevx(scroll), ostodevy(scroll));
+            for (int32_t at = -20; at < 400; at++) {
+                pixelbox box = placework({at, -at - 5, at + 5, -at}, scroll, -scroll);
+                int32_t left = at, top = -at, right = at + 4, bottom = -at - 4;
+                surfacedevice(&left, &top);
+                surfacedevice(&right, &bottom);
+                REQUIRE(is(box, {left, top, right + 1, bottom + 1}));
+            }
+            clearcurrentsurface();
+        }
+    }
+}
