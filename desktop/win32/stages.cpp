@@ -5,6 +5,7 @@
 #include "desktop/stages.h"
 
 #include "desktop/eventsource.h"
+#include "desktop/mouse.h"
 #include "desktop/poll.h"
 
 // The template of the About box.
@@ -22,6 +23,9 @@ bool sourcenavigates(window)
 {
     return false;
 }
+
+// There are no presses and no drags.
+void mouseend(window) {}
 
 void keydeliver(const systemmessage *, bool *claimed)
 {

@@ -23,6 +23,7 @@ void modulesreset()
     pollreset();
     endtrans();
     initerror();
+    modeinfoinit();
     hourglassinit();
     menustate = {};
 }

@@ -1,0 +1,28 @@
+// tests/desktop/win32/taskwindows.h - windows of the library with any style, for
+// tests of windows that need no template.
+#pragma once
+
+#include "desktop/events.h"
+
+#include <windows.h>
+
+#include <cstdint>
+
+inline HWND taskhandle(window w)
+{
+    return reinterpret_cast<HWND>(w);
+}
+
+// A hidden window of the library's class. Frames of a popup are the system's own,
+// without a window manager.
+window taskwindow(DWORD style, window parent = 0);
+
+// Deletes all that are left, without a word to anyone.
+void taskwindowsend();
+
+// Opens it with a client area at a place of the screen, in pixels.
+void taskopen(window w, int32_t left, int32_t top, int32_t width, int32_t height,
+              intptr_t behind = -3);
+
+// The client area in pixels of the screen.
+RECT taskclient(window w);

@@ -1,0 +1,428 @@
+// Windows of the system itself, placed and ended by the library.
+#include "desktop/windows.h"
+
+#include "base/errors.h"
+#include "base/flex.h"
+#include "base/messages.h"
+#include "desktop/blocks.h"
+#include "desktop/handlers.h"
+#include "desktop/wdata.h"
+#include "desktop/windowinternal.h"
+#include "desktop/windowplace.h"
+#include "graphics/modeinfo.h"
+#include "tests/desktop/win32/taskwindows.h"
+#include "tests/support/driver.h"
+
+#include <doctest/doctest.h>
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+constexpr DWORD BORDERED = WS_POPUP | WS_CAPTION | WS_THICKFRAME;
+
+// The order of some windows of the screen, the uppermost first, by their place in
+// the list given.
+std::string order(std::initializer_list<window> windows)
+{
+    std::string found;
+    for (HWND h = GetTopWindow(nullptr); h; h = GetWindow(h, GW_HWNDNEXT)) {
+        char name = 'a';
+        for (window w : windows) {
+            if (taskhandle(w) == h) found += name;
+            name++;
+        }
+    }
+    return found;
+}
+
+errorblock *openbehind(window w, intptr_t behind)
+{
+    windowstaterecord state;
+    errorblock *err = windowstate(w, &state);
+    state.behind = behind;
+    return err ? err : openwindow(&state);
+}
+
+bool visible(window w)
+{
+    return IsWindowVisible(taskhandle(w));
+}
+
+void checkclient(window w, int32_t left, int32_t top, int32_t width, int32_t height)
+{
+    RECT client = taskclient(w);
+    CHECK(client.left == left);
+    CHECK(client.top == top);
+    CHECK(client.right - client.left == width);
+    CHECK(client.bottom - client.top == height);
+}
+
+} // namespace
+
+TEST_CASE("a window opens with its client area where the state says, whatever its frame")
+{
+    for (DWORD style : {BORDERED, DWORD{WS_POPUP}, DWORD{WS_POPUP | WS_BORDER}}) {
+        window w = taskwindow(style);
+        CHECK_FALSE(visible(w));
+        taskopen(w, 96, 144, 288, 192);
+        CHECK(visible(w));
+        checkclient(w, 96, 144, 288, 192);
+
+        // By its state again, nothing moves; and the state says what was asked.
+        windowstaterecord state;
+        REQUIRE_FALSE(windowstate(w, &state));
+        CHECK(state.self == w);
+        CHECK(state.x0 == devtoosx(96));
+        CHECK(state.x1 == devtoosx(384));
+        CHECK(state.y1 == screentoosy(144));
+        CHECK(state.y0 == screentoosy(336));
+        RECT before, after;
+        GetWindowRect(taskhandle(w), &before);
+        REQUIRE_FALSE(openwindow(&state));
+        GetWindowRect(taskhandle(w), &after);
+        CHECK(EqualRect(&before, &after));
+    }
+    taskwindowsend();
+}
+
+TEST_CASE("a child opens at a place of the screen too, inside its parent")
+{
+    window parent = taskwindow(BORDERED);
+    taskopen(parent, 100, 120, 400, 300);
+    window child = taskwindow(WS_CHILD | WS_BORDER, parent);
+    taskopen(child, 130, 160, 200, 100);
+    checkclient(child, 130, 160, 200, 100);
+    taskopen(parent, 180, 140, 400, 300); // it goes along
+    checkclient(child, 210, 180, 200, 100);
+
+    windowstaterecord state;
+    REQUIRE_FALSE(windowstate(child, &state));
+    placestate({250, 200, 350, 260}, &state);
+    REQUIRE_FALSE(openwindowex(&state));
+    RECT frame;
+    GetWindowRect(taskhandle(child), &frame);
+    CHECK(frame.left == 250);
+    CHECK(frame.top == 200);
+    CHECK(frame.right == 350);
+    CHECK(frame.bottom == 260);
+    taskwindowsend();
+}
+
+TEST_CASE("behind places a window in the stacking order")
+{
+    window a = taskwindow(WS_POPUP), b = taskwindow(WS_POPUP), c = taskwindow(WS_POPUP);
+    for (window w : {c, b, a})
+        REQUIRE_FALSE(openbehind(w, BEHINDTOP));
+    auto now = [=] { return order({a, b, c}); };
+    CHECK(now() == "abc");
+    openbehind(c, BEHINDTOP);
+    CHECK(now() == "cab");
+    openbehind(c, BEHINDBOTTOM);
+    CHECK(now() == "abc");
+    openbehind(a, b);
+    CHECK(now() == "bac");
+    for (intptr_t same : {BEHINDSAME, a}) {
+        openbehind(a, same);
+        CHECK(now() == "bac");
+    }
+    openbehind(a, BEHINDTOPMOST);
+    CHECK((GetWindowLongA(taskhandle(a), GWL_EXSTYLE) & WS_EX_TOPMOST));
+    openbehind(c, BEHINDTOP);
+    CHECK(now() == "acb");
+    openbehind(a, BEHINDNOTTOPMOST);
+    CHECK_FALSE((GetWindowLongA(taskhandle(a), GWL_EXSTYLE) & WS_EX_TOPMOST));
+
+    windowstaterecord state;
+    windowstate(b, &state);
+    openbehind(b, state.behind); // as it was read
+    CHECK(now() == "acb");
+    taskwindowsend();
+}
+
+TEST_CASE("a window behind its own parent goes to the bottom")
+{
+    window parent = taskwindow(WS_POPUP);
+    window a = taskwindow(WS_CHILD, parent), b = taskwindow(WS_CHILD, parent);
+    openbehind(b, BEHINDTOP);
+    openbehind(a, BEHINDTOP);
+    CHECK(GetTopWindow(taskhandle(parent)) == taskhandle(a));
+    CHECK_FALSE(openbehind(a, parent));
+    CHECK(GetTopWindow(taskhandle(parent)) == taskhandle(b));
+    taskwindowsend();
+}
+
+TEST_CASE("hiding still places, and a state tells how a window is shown")
+{
+    window w = taskwindow(WS_OVERLAPPEDWINDOW);
+    windowstaterecord state;
+    windowstate(w, &state);
+    CHECK(state.wflags == STATEREAD);
+    taskopen(w, 96, 96, 192, 192);
+    windowstate(w, &state);
+    CHECK(state.wflags == (STATEREAD | STATEOPEN));
+    taskopen(w, 144, 96, 192, 240, BEHINDHIDE);
+    CHECK_FALSE(visible(w));
+    checkclient(w, 144, 96, 192, 240);
+
+    ShowWindow(taskhandle(w), SW_SHOWMAXIMIZED);
+    windowstate(w, &state);
+    CHECK(state.wflags == (STATEREAD | STATEOPEN | STATEMAXIMISED));
+    ShowWindow(taskhandle(w), SW_SHOWMINIMIZED);
+    windowstate(w, &state);
+    CHECK(state.wflags == (STATEREAD | STATEOPEN | STATEMINIMISED));
+    taskwindowsend();
+}
+
+TEST_CASE("a window is centred and raised")
+{
+    window w = taskwindow(BORDERED);
+    taskopen(w, 0, 0, 320, 240);
+    REQUIRE_FALSE(opencentred(w, 0));
+    checkclient(w, (modeinfo.widthpx - 320) / 2, (modeinfo.heightpx - 240) / 2, 320, 240);
+
+    window over = taskwindow(WS_POPUP);
+    openbehind(over, BEHINDTOP);
+    CHECK(order({w, over}) == "ba");
+    static windowstaterecord seen;
+    static intptr_t word;
+    auto callback = [](window, intptr_t data, windowstaterecord *state) -> errorblock * {
+        seen = *state;
+        word = data;
+        return nullptr;
+    };
+    REQUIRE_FALSE(raisewindow(w, 17, callback));
+    CHECK(order({w, over}) == "ab");
+    CHECK(seen.self == w);
+    CHECK(word == 17);
+    taskwindowsend();
+}
+
+TEST_CASE("positions of the work area, of the screen and of the frame agree")
+{
+    window w = taskwindow(BORDERED | WS_VSCROLL | WS_HSCROLL);
+    taskopen(w, 96, 96, 192, 192);
+    REQUIRE_FALSE(setextent(w, 0, -3000, 3000, 0));
+    REQUIRE_FALSE(scrollto(w, 60, -90));
+    windowinforecord info;
+    REQUIRE_FALSE(windowinfo(w, &info));
+    CHECK(info.state.xscroll == 60);
+    CHECK(info.state.yscroll == -90);
+    CHECK(info.xorigin == info.state.x0 - 60);
+    CHECK(info.yorigin == info.state.y1 + 90);
+
+    osbox outline;
+    REQUIRE_FALSE(windowoutline(w, &outline));
+    RECT frame;
+    GetWindowRect(taskhandle(w), &frame);
+    CHECK(outline.x0 == devtoosx(frame.left));
+    CHECK(outline.y1 == screentoosy(frame.top));
+    CHECK(outline.x1 == devtoosx(frame.right));
+    CHECK(outline.y0 == screentoosy(frame.bottom));
+    taskwindowsend();
+}
+
+TEST_CASE("a window with the flag grows to its extent and no further")
+{
+    window w = taskwindow(WS_OVERLAPPEDWINDOW | WS_VSCROLL);
+    REQUIRE_FALSE(setextent(w, 0, -devtoosy(400), devtoosx(300), 0));
+    taskopen(w, 50, 50, 250, 380);
+    REQUIRE_FALSE(setflags(w, WINDOWMAXEXTENT, 0));
+    uint32_t flags;
+    REQUIRE_FALSE(getflags(w, &flags));
+    CHECK(flags == WINDOWMAXEXTENT);
+    SetWindowPos(taskhandle(w), nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
+    RECT client = taskclient(w);
+    CHECK(client.right - client.left == 300);
+    CHECK(client.bottom - client.top == 400);
+
+    REQUIRE_FALSE(setflags(w, 0, WINDOWMAXEXTENT));
+    SetWindowPos(taskhandle(w), nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
+    CHECK(taskclient(w).right - taskclient(w).left > 800);
+    taskwindowsend();
+}
+
+TEST_CASE("a title has its tokens expanded")
+{
+    const char catalogue[] = "NAME:a grid\n";
+    REQUIRE_FALSE(addtranstext(catalogue, sizeof catalogue - 1));
+    window w = taskwindow(BORDERED);
+    REQUIRE_FALSE(settitle(w, "Edit {NAME}"));
+    CHECK(drivetext(w) == "Edit a grid");
+    CHECK(settitle(w, std::string(1024, 'x').c_str()));
+    CHECK(drivetext(w) == "Edit a grid");
+    taskwindowsend();
+}
+
+TEST_CASE("the active window can be set")
+{
+    window a = taskwindow(BORDERED), b = taskwindow(BORDERED);
+    taskopen(a, 50, 50, 100, 100);
+    taskopen(b, 250, 50, 100, 100);
+    CHECK_FALSE(setactive(a));
+    CHECK(GetActiveWindow() == taskhandle(a));
+    CHECK_FALSE(setactive(b));
+    CHECK(GetActiveWindow() == taskhandle(b));
+    taskwindowsend();
+    CHECK(setactive(b)); // it is gone
+}
+
+namespace
+{
+
+std::vector<window> told;
+
+errorblock *hears(window w, intptr_t)
+{
+    told.push_back(w);
+    return nullptr;
+}
+
+errorblock *removes(window w, intptr_t)
+{
+    told.push_back(w);
+    return removewindow(&w);
+}
+
+// Deletes another one, which then hears nothing.
+errorblock *removesother(window w, intptr_t other)
+{
+    told.push_back(w);
+    window gone = other;
+    return removewindow(&gone);
+}
+
+// A window and its three dependants, which a walk meets from the last.
+struct family {
+    window parent, a, b, c;
+};
+
+family made()
+{
+    REQUIRE_FALSE(blockstart());
+    told.clear();
+    family f = {};
+    f.parent = taskwindow(BORDERED);
+    f.a = taskwindow(WS_CHILD, f.parent);
+    f.b = taskwindow(BORDERED, f.parent); // owned, not inside
+    f.c = taskwindow(WS_CHILD, f.parent);
+    taskopen(f.parent, 50, 50, 300, 200);
+    taskopen(f.a, 60, 60, 50, 50);
+    taskopen(f.b, 400, 60, 50, 50);
+    taskopen(f.c, 140, 60, 50, 50);
+    return f;
+}
+
+using windowlist = std::vector<window>;
+
+} // namespace
+
+TEST_CASE("a closed window is hidden, and its dependants hear of it")
+{
+    family f = made();
+    addparentclosedhandler(hears, f.a, 0);
+    addparentclosedhandler(removes, f.b, 0);
+    addparentclosedhandler(hears, f.c, 0);
+    CHECK_FALSE(closewindow(f.parent));
+    CHECK(told == windowlist{f.c, f.b, f.a});
+    CHECK_FALSE(visible(f.parent));
+    CHECK_FALSE(IsWindow(taskhandle(f.b)));
+    CHECK(IsWindow(taskhandle(f.a)));
+
+    taskopen(f.parent, 50, 50, 300, 200); // and can be opened again
+    CHECK(visible(f.parent));
+    CHECK(visible(f.a));
+    taskwindowsend();
+}
+
+TEST_CASE("a dependant that does nothing about it stays where it isn't inside")
+{
+    family f = made();
+    CHECK_FALSE(closewindow(f.parent));
+    CHECK(visible(f.b));
+    CHECK_FALSE(visible(f.a));
+    taskwindowsend();
+}
+
+TEST_CASE("a deleted window takes its dependants with it")
+{
+    family f = made();
+    addparentdeletedhandler(hears, f.a, 0);
+    SUBCASE("that do nothing")
+    {
+        addparentdeletedhandler(hears, f.b, 0);
+        CHECK_FALSE(deletewindow(f.parent));
+        CHECK(told == windowlist{f.b, f.a});
+    }
+    SUBCASE("that delete themselves")
+    {
+        addparentdeletedhandler(removes, f.c, 0);
+        addparentdeletedhandler(removes, f.b, 0);
+        CHECK_FALSE(deletewindow(f.parent));
+        CHECK(told == windowlist{f.c, f.b, f.a});
+    }
+    SUBCASE("that delete one another")
+    {
+        addparentdeletedhandler(removesother, f.c, f.b);
+        addparentdeletedhandler(hears, f.b, 0);
+        CHECK_FALSE(deletewindow(f.parent));
+        CHECK(told == windowlist{f.c, f.a});
+    }
+    SUBCASE("that have dependants themselves")
+    {
+        window inner = taskwindow(WS_CHILD, f.a);
+        CHECK_FALSE(deletewindow(f.parent));
+        CHECK_FALSE(IsWindow(taskhandle(inner)));
+    }
+    CHECK(wdatas == nullptr);
+    for (window w : {f.parent, f.a, f.b, f.c})
+        CHECK_FALSE(IsWindow(taskhandle(w)));
+}
+
+TEST_CASE("removing sets the word to none, once")
+{
+    window w = taskwindow(BORDERED);
+    CHECK_FALSE(removewindow(&w));
+    CHECK(w == 0);
+    CHECK_FALSE(removewindow(&w));
+    CHECK(wdatas == nullptr);
+}
+
+namespace
+{
+
+bool refused(const errorblock *err)
+{
+    return err && std::string(err->text).find("(1400)") != std::string::npos;
+}
+
+} // namespace
+
+TEST_CASE("a handle that is nobody's gives the system's own error")
+{
+    window bad = 0x12340;
+    windowstaterecord state;
+    extentrecord extent = {bad, 0, 0, 0, 0};
+    uint32_t flags;
+    osbox box;
+    CHECK(refused(windowstate(bad, &state)));
+    CHECK(refused(openwindow(&state)));
+    CHECK(refused(openwindowex(&state)));
+    CHECK(refused(closewindow(bad)));
+    CHECK(deletewindow(bad)); // the system may call it forbidden
+    CHECK(refused(forceredraw(bad, 0, 0, 9, 9)));
+    CHECK(refused(setextent(bad, 0, -9, 9, 0)));
+    CHECK(refused(getextent(&extent)));
+    CHECK(refused(setscrollx(bad, 1)));
+    CHECK(refused(setflags(bad, 1, 0)));
+    CHECK(refused(getflags(bad, &flags)));
+    CHECK(refused(windowoutline(bad, &box)));
+    CHECK(refused(settitle(bad, "x")));
+    CHECK(refused(setbackground(bad, 0)));
+    window w = bad;
+    CHECK(refused(removewindow(&w)));
+    CHECK(w == 0);
+}
