@@ -131,8 +131,7 @@ static void finishall(bool (*fits)(const ddeconversation *, window), window w)
         }
         if (!(c->flags & DDECLOSING)) {
             trace("ddescrap first %x ddec %x", number(ddeself(c)), number(ddepartner(c)));
-            PostMessageA(ddehandle(ddepartner(c)), WM_DDE_TERMINATE,
-                         static_cast<WPARAM>(ddeself(c)), 0);
+            ddepost(ddepartner(c), WM_DDE_TERMINATE, ddeself(c), 0);
         }
         ddefinish(c);
         c = dde.first;
@@ -182,8 +181,7 @@ errorblock *ddeclose(ddeconversation *conversation)
 {
     if (!islisted(conversation) || conversation->flags & DDECLOSING) return nullptr;
     conversation->flags |= DDECLOSING;
-    errorblock *err = PostMessageA(ddehandle(ddepartner(conversation)), WM_DDE_TERMINATE,
-                                   static_cast<WPARAM>(ddeself(conversation)), 0)
+    errorblock *err = ddepost(ddepartner(conversation), WM_DDE_TERMINATE, ddeself(conversation), 0)
                           ? nullptr
                           : syserr("PostMessage");
     if (!err) return nullptr;
@@ -197,7 +195,7 @@ static void terminate(window w, window partner)
     trace("dde term hwnd %x client %x", number(w), number(partner));
     ddeconversation *conversation = ddefind(w, partner, DDECLOSING);
     if (!conversation) { // it isn't the answer to ours
-        PostMessageA(ddehandle(partner), WM_DDE_TERMINATE, static_cast<WPARAM>(w), 0);
+        ddepost(partner, WM_DDE_TERMINATE, w, 0);
         conversation = ddefind(w, partner);
     }
     if (conversation) ddefinish(conversation);

@@ -18,7 +18,7 @@ void ddeanswered(window w, window server, ATOM app, ATOM topic)
 {
     GlobalDeleteAtom(app);
     GlobalDeleteAtom(topic);
-    if (ddefind(w, server)) return; // it answers twice
+    if (!IsWindow(ddehandle(server)) || ddefind(w, server)) return; // the same, twice
     ddeconversation *made = nullptr;
     errorblock *err = ddenew(server, w, DDEOURS, nullptr, 0, &made);
     reporterror(err);

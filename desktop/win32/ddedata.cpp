@@ -19,11 +19,21 @@ constexpr UINT POSITIVE = 0x8000;     // in one
 constexpr int32_t HEADERSIZE = 4;
 static_assert(sizeof(dataheader) == HEADERSIZE);
 
-bool ddepost(window to, UINT message, window from, UINT_PTR low, UINT_PTR high)
+bool ddepost(window to, UINT message, window from, LPARAM parameter)
+{
+    if (IsWindow(ddehandle(to)))
+        return PostMessageA(ddehandle(to), message, static_cast<WPARAM>(from), parameter);
+    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return false;
+}
+
+bool ddepostpacked(window to, UINT message, window from, UINT_PTR low, UINT_PTR high)
 {
     LPARAM packed = PackDDElParam(message, low, high);
-    if (PostMessageA(ddehandle(to), message, static_cast<WPARAM>(from), packed)) return true;
+    if (ddepost(to, message, from, packed)) return true;
+    DWORD code = GetLastError();
     FreeDDElParam(message, packed);
+    SetLastError(code);
     return false;
 }
 
@@ -51,8 +61,8 @@ static errorblock *send(UINT message, const ddeconversation *conversation, const
     ATOM atom = GlobalAddAtomA(item);
     if (!atom)
         err = syserr("GlobalAddAtom");
-    else if (!ddepost(ddepartner(conversation), message, ddeself(conversation),
-                      reinterpret_cast<UINT_PTR>(block), atom))
+    else if (!ddepostpacked(ddepartner(conversation), message, ddeself(conversation),
+                            reinterpret_cast<UINT_PTR>(block), atom))
         err = syserr("PostMessage");
     if (!err) return nullptr;
     if (atom) GlobalDeleteAtom(atom);
@@ -100,7 +110,7 @@ static void readblock(HGLOBAL block, arrival *into)
 static void answer(UINT message, window w, window partner, const arrival &arrived, ATOM item)
 {
     bool wanted = message == WM_DDE_POKE || arrived.header.flags & ANSWER;
-    if (!wanted || !ddepost(partner, WM_DDE_ACK, w, arrived.text ? POSITIVE : 0, item))
+    if (!wanted || !ddepostpacked(partner, WM_DDE_ACK, w, arrived.text ? POSITIVE : 0, item))
         GlobalDeleteAtom(item);
 }
 

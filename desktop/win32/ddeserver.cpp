@@ -82,5 +82,5 @@ void ddeexecute(window w, window client, LPARAM packed)
     bool done = text && ddecommand(text);
     heap_free(reinterpret_cast<void **>(&text));
     constexpr UINT POSITIVE = 0x8000;
-    if (!ddepost(client, WM_DDE_ACK, w, done ? POSITIVE : 0, block)) GlobalFree(handle);
+    if (!ddepostpacked(client, WM_DDE_ACK, w, done ? POSITIVE : 0, block)) GlobalFree(handle);
 }

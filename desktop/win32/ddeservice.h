@@ -51,9 +51,12 @@ void ddefinish(ddeconversation *conversation);
 // Ends those whose partner is no more.
 void ddesweep();
 
-// Posts a message with two words in a packed parameter, for those that take one.
-// When it can't be posted the parameter is freed, not what is in it.
-bool ddepost(window to, UINT message, window from, UINT_PTR low, UINT_PTR high);
+// Post a message to one window: what a partner gives as its own may stand for
+// none, or for all. The packed form has two words in its parameter; when it can't
+// be posted the parameter is freed, not what is in it. False leaves the system's
+// error.
+bool ddepost(window to, UINT message, window from, LPARAM parameter);
+bool ddepostpacked(window to, UINT message, window from, UINT_PTR low, UINT_PTR high);
 
 // The messages.
 void ddeinitiate(window w, window client, ATOM app, ATOM topic);
