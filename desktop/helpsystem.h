@@ -1,0 +1,22 @@
+// desktop/helpsystem.h - what help asks of the system. A test puts its own in
+// the place of these to see what was asked for.
+//
+// The system's help is a library of its own, which is loaded when it is first
+// wanted: a program runs without it.
+#pragma once
+
+#include "desktop/events.h"
+
+#include <cstdint>
+
+struct errorblock;
+
+// Opens a help file, or a topic in it.
+errorblock *helpsystemtopic(window w, const char *path);
+
+// A small box with a text, its top middle at a place of the screen in pixels.
+// font is "name, points, ,".
+errorblock *helpsystempopup(window w, const char *text, int32_t x, int32_t y, const char *font);
+
+// Opens an address with the program that the user has for it.
+errorblock *helpsystemopen(window w, const char *address);
