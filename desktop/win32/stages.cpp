@@ -2,6 +2,8 @@
 // about windows of the library, of which there are none yet. Each goes to the
 // module that it is about when that is built.
 
+#include "desktop/stages.h"
+
 #include "desktop/eventsource.h"
 #include "desktop/mouse.h"
 #include "desktop/poll.h"
