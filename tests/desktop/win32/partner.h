@@ -1,0 +1,41 @@
+// tests/desktop/win32/partner.h - another program to talk to
+// (tests/desktop/win32/partner), and a window of the library's class.
+#pragma once
+
+#include "desktop/events.h"
+
+#include <string>
+
+// It lies beside this program.
+std::string partnerpath();
+
+// Started with the object, and gone with it.
+struct partnerprogram {
+    intptr_t process, in, out; // handles of the system
+
+    partnerprogram();
+    ~partnerprogram();
+
+    // Has it do what a line says and runs the poll until its answer comes, "silent"
+    // if none does.
+    std::string ask(const std::string &line);
+    // The end that it doesn't see coming.
+    void kill();
+};
+
+// The library's class of windows while the object is there: the library's own if
+// that is joined, else one with what these services are handed.
+struct taskclass {
+    bool made;
+
+    taskclass();
+    ~taskclass();
+};
+
+// Hidden, of the class "Task", and gone with the object if it still is there.
+struct hiddenwindow {
+    window w;
+
+    explicit hiddenwindow(uint32_t flags = 0);
+    ~hiddenwindow();
+};
