@@ -1,11 +1,10 @@
 #include "desktop/templates.h"
 
-#include "base/errors.h"
 #include "base/flex.h"
 #include "base/syserr.h"
-#include "base/text.h"
 #include "base/trace.h"
 #include "desktop/stages.h"
+#include "desktop/templatechain.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
 
@@ -15,9 +14,6 @@
 
 #include <cstdio>
 #include <cstring>
-
-// Every linked table, the newest first.
-static templatelink *chain;
 
 namespace
 {
@@ -127,8 +123,7 @@ errorblock *addtemplates(const char *, const char *, templaterow *table, templat
     if (err) return err;
     err = resourcesfind(table);
     if (!err) {
-        *link = {chain, table};
-        chain = link;
+        templatelinked(table, link);
     } else if (made(table)) {
         rowsfree(table);
     }
@@ -137,33 +132,9 @@ errorblock *addtemplates(const char *, const char *, templaterow *table, templat
 
 errorblock *remtemplates(templatelink *link)
 {
-    for (templatelink **place = &chain; *place; place = &(*place)->next)
-        if (*place == link) {
-            *place = link->next;
-            if (made(link->table)) rowsfree(link->table);
-            *link = {};
-            break;
-        }
+    if (templateunlinked(link) && made(link->table)) rowsfree(link->table);
+    *link = {};
     return nullptr;
-}
-
-errorblock *findtemplate(int32_t number, const void **resource)
-{
-    for (const templatelink *link = chain; link; link = link->next)
-        for (const templaterow *row = link->table; row->number; row++)
-            if (row->number == number) {
-                *resource = row->resource;
-                return nullptr;
-            }
-    return makeerrorf(ERRORTEMPLATETAG, static_cast<int>(number));
-}
-
-int32_t templatenumber(const char *name)
-{
-    for (const templatelink *link = chain; link; link = link->next)
-        for (const templaterow *row = link->table; row->number; row++)
-            if (!cstricmp(row->name, name)) return row->number;
-    return 0;
 }
 
 // All work is the window procedure's. Without a dialog procedure the system
@@ -195,7 +166,7 @@ static errorblock *dialogerror()
 
 errorblock *createwindow(int32_t number, const char *title, window *w, window parent)
 {
-    const void *resource;
+    const void *resource = nullptr;
     errorblock *err = findtemplate(number, &resource);
     if (err) return err;
     trace("create win parent %x tempno=%x", static_cast<unsigned>(parent),

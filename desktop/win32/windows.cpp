@@ -53,7 +53,7 @@ errorblock *clientsize(window w, int32_t *width, int32_t *height)
 
 static errorblock *clientread(window w, pixelbox *client)
 {
-    int32_t width, height;
+    int32_t width = 0, height = 0;
     errorblock *err = clientsize(w, &width, &height);
     if (err) return err;
     POINT corner = {};

@@ -96,7 +96,8 @@ def enhancedcreate(player, kind, data):
 
 def enhancedfont(player, data):
     handle, height = struct.unpack_from("<Ii", data)
-    name = data[32:32 + 64].decode("utf-16-le").split("\0")[0]
+    units = [data[at:at + 2] for at in range(32, 32 + 64, 2)] + [b"\0\0"]
+    name = b"".join(units[:units.index(b"\0\0")]).decode("utf-16-le")  # behind it lies anything
     player.objects[handle] = ("font", (name, height))
 
 

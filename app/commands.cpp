@@ -1,0 +1,180 @@
+#include "app/commands.h"
+
+#include "app/filecommands.h"
+#include "app/longwork.h"
+#include "app/mainwindow.h"
+#include "app/menus.h"
+#include "app/startup.h"
+#include "desktop/help.h"
+#include "desktop/menus.h"
+#include "desktop/poll.h"
+#include "dict/dictmenu.h"
+#include "dict/dictset.h"
+#include "dict/dictwindow.h"
+#include "find/findwindow.h"
+#include "find/solutions.h"
+#include "grid/grid.h"
+#include "grid/gridfile.h"
+#include "grid/gridwindow.h"
+
+namespace
+{
+
+constexpr const char *HELPFILE =
+    "<HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\"
+    "Quillmere.exe\\Path>\\Quillmere.chm>";
+constexpr int32_t ABOUTVERSION = 220;
+constexpr const char *ABOUTDATE = "(26-June-2012)";
+
+errorblock *newgrid()
+{
+    gridnew();
+    return nullptr;
+}
+
+errorblock *newwords()
+{
+    gridnewwords();
+    return nullptr;
+}
+
+errorblock *programexit()
+{
+    if (!quitquery()) postquit(0);
+    return nullptr;
+}
+
+errorblock *manual()
+{
+    return helpcontents(mainwindow, HELPFILE);
+}
+
+errorblock *about()
+{
+    return showabout(mainwindow, ABOUTVERSION, ABOUTDATE, nullptr);
+}
+
+bool named()
+{
+    return grid.filename[0];
+}
+
+bool crossword()
+{
+    return grid.kind == GRIDCROSSWORD;
+}
+
+bool wordsquare()
+{
+    return grid.kind == GRIDWORDSQUARE;
+}
+
+bool spellable()
+{
+    return crossword() && dictdirectoryexists();
+}
+
+bool upper()
+{
+    return grid.casemode & CASEUPPER;
+}
+
+bool lower()
+{
+    return grid.casemode & CASELOWER;
+}
+
+struct commandrow {
+    int32_t id;
+    errorblock *(*function)();
+    bool stops;        // a search that is under way comes to its end first
+    bool (*enabled)(); // 0 for always
+    bool (*ticked)();  // 0 for never
+};
+
+const commandrow commands[] = {
+    {40001, newgrid, true, nullptr, nullptr},
+    {40002, newwords, true, nullptr, nullptr},
+    {40022, fileopen, true, nullptr, nullptr},
+    {40028, gridsavecommand, false, named, nullptr},
+    {40004, filesaveas, false, nullptr, nullptr},
+    {40005, filesaveclues, false, nullptr, nullptr},
+    {40006, gridsavedefault, false, nullptr, nullptr},
+    {40007, programexit, false, nullptr, nullptr},
+    {40017, nullptr, true, spellable, nullptr},
+    {40020, nullptr, true, dictdirectoryexists, nullptr},
+    {40030, nullptr, true, nullptr, crossword},
+    {40031, nullptr, true, nullptr, wordsquare},
+    {40008, nullptr, true, nullptr, nullptr},
+    {40009, nullptr, true, crossword, nullptr},
+    {40010, nullptr, true, crossword, nullptr},
+    {40023, nullptr, true, crossword, nullptr},
+    {40011, nullptr, true, crossword, nullptr},
+    {40013, nullptr, true, nullptr, upper},
+    {40014, nullptr, true, nullptr, lower},
+    {40026, nullptr, true, nullptr, nullptr},
+    {40027, nullptr, true, nullptr, nullptr},
+    {40015, manual, false, nullptr, nullptr},
+    {40016, about, false, nullptr, nullptr},
+};
+
+errorblock *commandnow(intptr_t row)
+{
+    return commands[row].function();
+}
+
+// Solutions are references into dictionaries: those of one that is gone, or
+// whose number has moved, mean nothing.
+void solutionsforget(uint32_t known, bool loaded, uint32_t number)
+{
+    bool gone = ndicts != known || (loaded && !dicts[number].loaded);
+    if (gone && crossword()) resultsdrop();
+}
+
+errorblock *dictionarynow(intptr_t choice)
+{
+    int32_t position = static_cast<int32_t>(choice >> 16), id = choice & 0xFFFF;
+    auto number = static_cast<uint32_t>(id - DICTMENUFIRST);
+    uint32_t known = ndicts;
+    bool loaded = number < ndicts && dicts[number].loaded;
+    errorblock *err = dictmenuselect(position, id);
+    solutionsforget(known, loaded, number);
+    return err;
+}
+
+} // namespace
+
+errorblock *commandrun(int32_t id)
+{
+    for (const commandrow &row : commands) {
+        if (row.id != id || !row.function) continue;
+        return row.stops ? aftersearch(commandnow, &row - commands) : row.function();
+    }
+    return nullptr;
+}
+
+errorblock *commanddictionary(int32_t position, int32_t id)
+{
+    return aftersearch(dictionarynow, intptr_t{position} << 16 | id);
+}
+
+void commandsprepare()
+{
+    for (const commandrow &row : commands) {
+        shademenu(MENUMAIN, row.id, row.function && (!row.enabled || row.enabled()));
+        if (row.ticked) tickmenu(MENUMAIN, row.id, row.ticked());
+    }
+}
+
+void dictsetchanged()
+{
+    gridchange();
+}
+
+void resultsdrop()
+{
+    if (!solutions.count) return;
+    solreset();
+    gridclearcounts();
+    solutionsrefresh();
+}

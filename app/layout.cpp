@@ -1,0 +1,26 @@
+#include "app/layout.h"
+
+#include "grid/grid.h"
+
+#include <algorithm>
+
+panelayout layoutpanes(const pixelbox &area, int32_t barheight, uint32_t fraction)
+{
+    int32_t width = std::max(area.right - area.left, 0);
+    int32_t under = area.top + std::clamp(barheight, 0, std::max(area.bottom - area.top, 0));
+    int32_t split = area.left + static_cast<int32_t>(int64_t{width} * fraction >> 16);
+    int32_t listright = std::max(split - SPLITTERWIDTH / 2, area.left);
+    int32_t gridleft = std::min(split + SPLITTERWIDTH / 2, area.left + width);
+    return {
+        .bar = {area.left, area.top, area.left + width, under},
+        .list = {area.left, under, listright, std::max(area.bottom, under)},
+        .grid = {gridleft, under, area.left + width, std::max(area.bottom, under)},
+    };
+}
+
+uint32_t layoutfraction(int32_t left, int32_t right, int32_t x)
+{
+    if (right <= left) return SPLITDEFAULT;
+    int64_t fraction = (int64_t{x} - left) * 65536 / (int64_t{right} - left);
+    return static_cast<uint32_t>(std::clamp<int64_t>(fraction, SPLITMIN, SPLITMAX));
+}

@@ -1,0 +1,28 @@
+// app/layout.h - where the panes of the main window lie.
+//
+// The button bar runs along the top. Below it, the list of solutions is on the
+// left and the grid on the right, with a gap between them in which the main
+// window shows: the splitter.
+//
+// Places are pixels of the screen, y down.
+#pragma once
+
+#include <cstdint>
+
+struct pixelbox {
+    int32_t left, top, right, bottom; // right and bottom lie just outside
+};
+
+struct panelayout {
+    pixelbox bar, list, grid;
+};
+
+constexpr int32_t SPLITTERWIDTH = 4;
+
+// Lays the panes out in an area. fraction, 16.16, is where the middle of the
+// splitter is. A pane for which no room is left is empty, never turned inside
+// out.
+panelayout layoutpanes(const pixelbox &area, int32_t barheight, uint32_t fraction);
+
+// The fraction of a splitter that was let go at x, inside its limits.
+uint32_t layoutfraction(int32_t left, int32_t right, int32_t x);

@@ -1,0 +1,103 @@
+#include "app/longwork.h"
+
+#include "app/buttons.h"
+#include "base/boxes.h"
+#include "desktop/handlers.h"
+#include "desktop/hourglass.h"
+#include "desktop/poll.h"
+#include "desktop/timed.h"
+#include "find/findwindow.h"
+
+namespace
+{
+
+constexpr int32_t SOON = 10; // centiseconds
+
+errorblock *(*pending)(intptr_t); // the search that waits to begin, 0 for none
+int32_t running;                  // searches under way: one, or none
+
+struct waitrecord {
+    afterfunction function; // 0 for none
+    intptr_t data;
+};
+waitrecord waiting;
+
+errorblock *searchstart(intptr_t data)
+{
+    auto worker = pending;
+    pending = nullptr;
+    return worker ? worker(data) : nullptr;
+}
+
+errorblock *waitover(intptr_t)
+{
+    if (running) return addtimedcall(waitover, 0, SOON);
+    waitrecord due = waiting;
+    waiting = {};
+    return due.function ? due.function(due.data) : nullptr;
+}
+
+// It keeps the poll from waiting for a message.
+errorblock *nothing(intptr_t)
+{
+    return nullptr;
+}
+
+void searchdrop()
+{
+    if (!pending) return;
+    pending = nullptr;
+    remtimedcall(searchstart, 0);
+}
+
+} // namespace
+
+bool searching()
+{
+    return pending || running;
+}
+
+errorblock *aftersearch(afterfunction function, intptr_t data)
+{
+    searchdrop();
+    if (!running) return function(data);
+    stoprequest();
+    waiting = {function, data};
+    return addtimedcall(waitover, 0, SOON);
+}
+
+// One search at a time: a second start takes the place of one that hasn't begun,
+// whose slots it has built anew.
+errorblock *searchlater(errorblock *(*worker)(intptr_t))
+{
+    errorblock *err = addtimedcall(searchstart, 0, SOON);
+    if (!err) pending = worker;
+    return err;
+}
+
+void searchbegin()
+{
+    running++;
+    reporterror(swapbuttons(1));
+    reporterror(addnullhandler(nothing, 0));
+}
+
+void searchend()
+{
+    remnullhandler(nothing, 0);
+    reporterror(swapbuttons(0));
+    running--;
+}
+
+void searchpoll()
+{
+    pollonce();
+}
+
+void searchbusy(bool on)
+{
+    if (on)
+        hourglasson();
+    else
+        hourglassoff();
+}

@@ -1,0 +1,206 @@
+#include "app/mainwindow.h"
+
+#include "app/buttons.h"
+#include "app/filecommands.h"
+#include "app/layout.h"
+#include "app/menus.h"
+#include "app/startup.h"
+#include "base/boxes.h"
+#include "desktop/handlers.h"
+#include "desktop/menus.h"
+#include "desktop/mouse.h"
+#include "desktop/poll.h"
+#include "desktop/templates.h"
+#include "find/solutionsview.h"
+#include "graphics/modeinfo.h"
+#include "grid/grid.h"
+#include "grid/gridview.h"
+#include "grid/gridwindow.h"
+
+#include <initializer_list>
+
+window mainwindow;
+
+namespace
+{
+
+constexpr int32_t TEMPLATEMAIN = 256;
+
+// The size that the file read last remembers, which may be read before there is
+// a window; 0 for none.
+int32_t filewidth, fileheight;
+
+pixelbox pixels(const windowstaterecord &state)
+{
+    return {ostodevx(state.x0), ostoscreeny(state.y1), ostodevx(state.x1), ostoscreeny(state.y0)};
+}
+
+// Where a pane is scrolled to stays.
+errorblock *paneplace(window pane, const pixelbox &box)
+{
+    if (!pane) return nullptr;
+    windowstaterecord state;
+    errorblock *err = windowstate(pane, &state);
+    if (err) return err;
+    state.x0 = devtoosx(box.left);
+    state.x1 = devtoosx(box.right);
+    state.y0 = screentoosy(box.bottom);
+    state.y1 = screentoosy(box.top);
+    state.behind = BEHINDSAME;
+    return openwindowex(&state);
+}
+
+errorblock *panesplace(const windowstaterecord &main)
+{
+    osbox bar = {};
+    errorblock *err = buttonwindow ? windowoutline(buttonwindow, &bar) : nullptr;
+    if (err) return err;
+    int32_t barheight = ostoscreeny(bar.y0) - ostoscreeny(bar.y1);
+    panelayout panes = layoutpanes(pixels(main), barheight, grid.splitfraction);
+    err = paneplace(buttonwindow, panes.bar);
+    if (!err) err = paneplace(solutionswindow, panes.list);
+    if (!err) err = paneplace(gridwindow, panes.grid);
+    return err;
+}
+
+errorblock *mainclose(window, intptr_t)
+{
+    if (!quitquery()) postquit(0);
+    return nullptr;
+}
+
+// The main window itself sees the pointer in the gap between its panes alone.
+errorblock *splitterpointer(window self, intptr_t, mouserecord *mouse, int *handled)
+{
+    if (mouse->window != self) return nullptr;
+    *handled = 1;
+    return setpointer(POINTERPROGRAM, 0, "splith");
+}
+
+errorblock *splitterdone(window self, intptr_t, const dragresult *box)
+{
+    windowstaterecord state;
+    errorblock *err = windowstate(self, &state);
+    if (err) return err;
+    grid.splitfraction = layoutfraction(state.x0, state.x1, box->x0);
+    return panesplace(state);
+}
+
+errorblock *splitterclick(window self, intptr_t, mouserecord *mouse)
+{
+    if (mouse->buttons != BUTTONLEFTDRAG) return nullptr;
+    windowstaterecord state;
+    errorblock *err = windowstate(self, &state);
+    if (err) return err;
+    int32_t x = static_cast<int32_t>(mouse->x);
+    dragbox bar = {
+        .window = self,
+        .type = DRAGBAR,
+        .x0 = x,
+        .y0 = state.y0,
+        .x1 = x,
+        .y1 = state.y1,
+        .minx = state.x0,
+        .miny = state.y0,
+        .maxx = state.x1,
+        .maxy = state.y1,
+    };
+    setdragfunctions(self, 0, splitterdone);
+    return startdrag(&bar);
+}
+
+errorblock *panescreate()
+{
+    errorblock *err = gridviewopen(mainwindow);
+    if (!err) err = solutionsopen(mainwindow);
+    if (!err) err = swapbuttons(0);
+    return err;
+}
+
+errorblock *mainhandlers()
+{
+    errorblock *err = addclosehandler(mainclose, mainwindow, 0);
+    if (!err) err = addopenhandler(layoutmain, mainwindow, 0);
+    for (window w : {mainwindow, gridwindow, solutionswindow})
+        if (!err && w) err = dropsaccept(w);
+    if (!err) err = addclickhandler(splitterclick, mainwindow, 0);
+    if (!err) err = addpointerhandler(splitterpointer, mainwindow, 0);
+    return err;
+}
+
+// Opened in the middle of the screen, and once more with the size that the
+// default grid remembers.
+errorblock *mainshow()
+{
+    windowstaterecord state;
+    errorblock *err = opencentred(mainwindow, 0);
+    if (!err) err = windowstate(mainwindow, &state);
+    if (!err && filewidth && fileheight) {
+        state.x1 = state.x0 + filewidth;
+        state.y0 = state.y1 - fileheight;
+        centrestate(&state, 0);
+        state.behind = BEHINDTOP;
+        err = openwindow(&state);
+    }
+    if (!err) err = panesplace(state);
+    if (!err) err = setactive(mainwindow);
+    return err;
+}
+
+} // namespace
+
+errorblock *layoutmain(window, intptr_t, openrecord *open)
+{
+    if (open->state.wflags & STATEMINIMISED) return nullptr;
+    return panesplace(open->state);
+}
+
+errorblock *layoutnow()
+{
+    windowstaterecord state;
+    errorblock *err = windowstate(mainwindow, &state);
+    return err ? err : panesplace(state);
+}
+
+errorblock *openmainwindow()
+{
+    errorblock *err = createwindow(TEMPLATEMAIN, nullptr, &mainwindow, 0);
+    if (err) return err;
+    errorblock *panes = panescreate();
+    settitlefromgrid();
+    err = attachmenu(mainwindow, MENUMAIN);
+    errorblock *wired = mainhandlers();
+    errorblock *shown = mainshow();
+    if (!err) err = wired;
+    if (!err) err = shown;
+    return err ? err : panes;
+}
+
+errorblock *mainrestoresize()
+{
+    if (!mainwindow || !filewidth || !fileheight) return nullptr;
+    windowstaterecord state;
+    errorblock *err = windowstate(mainwindow, &state);
+    if (err) return err;
+    state.x1 = state.x0 + filewidth;
+    state.y0 = state.y1 - fileheight;
+    state.behind = BEHINDSAME;
+    err = openwindow(&state);
+    return err ? err : panesplace(state);
+}
+
+void mainwindowresize(int32_t width, int32_t height)
+{
+    filewidth = width;
+    fileheight = height;
+    reporterror(mainrestoresize());
+}
+
+void mainwindowsize(int32_t *width, int32_t *height)
+{
+    *width = *height = 0;
+    windowstaterecord state;
+    if (!mainwindow || windowstate(mainwindow, &state)) return;
+    *width = state.x1 - state.x0;
+    *height = state.y1 - state.y0;
+}

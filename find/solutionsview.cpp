@@ -1,0 +1,244 @@
+#include "find/solutionsview.h"
+
+#include "base/boxes.h"
+#include "base/flex.h"
+#include "desktop/handlers.h"
+#include "desktop/keys.h"
+#include "desktop/redraw.h"
+#include "desktop/templates.h"
+#include "desktop/windows.h"
+#include "dict/dictwindow.h"
+#include "find/findwindow.h"
+#include "find/solutions.h"
+#include "find/solve.h"
+#include "graphics/colours.h"
+#include "graphics/fonts.h"
+#include "graphics/modeinfo.h"
+#include "graphics/plot.h"
+#include "graphics/textmeasure.h"
+#include "graphics/textplot.h"
+#include "grid/appearance.h"
+#include "grid/grid.h"
+
+#include <algorithm>
+#include <cstring>
+
+window solutionswindow;
+
+namespace
+{
+
+constexpr int32_t TEMPLATESOLUTIONS = 257;
+
+// OS units.
+constexpr int32_t TEXTLEFT = 6, TEXTTOP = 2, PICTURETOP = 10, BARRIGHT = 4;
+
+constexpr uint32_t BLACK = 0, WHITE = 0xFFFFFF00;
+
+// A letter, or a line of a picture, as the grid's case has it.
+void textcase(char *text)
+{
+    for (; *text; text++)
+        *text = static_cast<char>(gridcase(static_cast<uint8_t>(*text)));
+}
+
+errorblock *rowline(int32_t row, int32_t top)
+{
+    char text[sizeof wsentry::text];
+    bool square = grid.kind == GRIDWORDSQUARE;
+    bool selected = square && solword(row)->selected;
+    strcpy(text, square ? solword(row)->text : wordtext(solref(row, 0)));
+    textcase(text);
+    if (selected) {
+        setcolour(BLACK);
+        fillbox(0, top - solutions.rowheight, solutions.listwidth - BARRIGHT, solutions.rowheight);
+    }
+    fontcolour(selected ? WHITE : BLACK);
+    int32_t down = TEXTTOP + (solutions.rowheight - solutions.textheight) / 2 + solutions.ascent;
+    return plottext(text, TEXTOSUNITS, TEXTLEFT, top - down);
+}
+
+// The letters of a solution, in their places in the marked area: rows of the
+// area, 0 where there is none.
+struct boxletters {
+    flexptr cells;
+    int32_t width, height;
+};
+
+char *lettersrow(const boxletters &letters, int32_t line)
+{
+    return static_cast<char *>(letters.cells) + line * letters.width;
+}
+
+void slotletters(const boxletters &letters, int32_t row, int32_t slot)
+{
+    const slotrec &place = search.slots[slot];
+    int32_t x = place.x - search.slotbox.left, y = place.y - search.slotbox.top;
+    const char *word = wordtext(solref(row, slot));
+    for (; *word && x < letters.width && y < letters.height; word++) {
+        lettersrow(letters, y)[x] = static_cast<char>(gridcase(static_cast<uint8_t>(*word)));
+        if (place.direction)
+            y++;
+        else
+            x++;
+    }
+}
+
+// Each letter stands in the middle of its column.
+void lettersline(const boxletters &letters, int32_t line, int32_t y)
+{
+    for (int32_t x = 0; x < letters.width; x++) {
+        char letter = lettersrow(letters, line)[x];
+        if (!letter || letter == ' ') continue;
+        int32_t middle = solutions.charwidth * x + solutions.charwidth / 2;
+        plottextn(&letter, 1, TEXTOSUNITS, TEXTLEFT + middle, y);
+    }
+}
+
+void rowpicture(const boxletters &letters, int32_t row, int32_t top)
+{
+    memset(letters.cells, 0, static_cast<size_t>(letters.width) * letters.height);
+    for (int32_t slot = 0; slot < solutions.slotcount; slot++)
+        slotletters(letters, row, slot);
+    for (int32_t line = 0; line < letters.height; line++)
+        lettersline(letters, line,
+                    top - PICTURETOP - line * solutions.textheight - solutions.ascent);
+}
+
+// The rows that meet the clip, first to behind.
+struct rowrange {
+    int32_t first, behind;
+};
+
+rowrange rowsinclip(const redrawrecord &r)
+{
+    if (solutions.rowheight <= 0) return {0, 0};
+    return {std::max(-r.cy1 / solutions.rowheight, 0),
+            std::min(-r.cy0 / solutions.rowheight + 1, solutions.count)};
+}
+
+errorblock *rowspaint(const redrawrecord &r)
+{
+    rowrange rows = rowsinclip(r);
+    for (int32_t row = rows.first; row < rows.behind; row++)
+        rowline(row, -row * solutions.rowheight);
+    return nullptr;
+}
+
+errorblock *picturespaint(const redrawrecord &r)
+{
+    const cellbox &box = search.slotbox;
+    boxletters letters = {nullptr, box.right - box.left + 1, box.bottom - box.top + 1};
+    errorblock *err = flex_alloc(&letters.cells, letters.width * letters.height);
+    if (err) return err;
+    rowrange rows = rowsinclip(r);
+    fontalign(FONTCENTRE);
+    for (int32_t row = rows.first; row < rows.behind; row++)
+        rowpicture(letters, row, -row * solutions.rowheight);
+    flex_free(&letters.cells);
+    return nullptr;
+}
+
+errorblock *listpaint(const redrawrecord &r)
+{
+    fonthandle font;
+    errorblock *err = fontfind(&solfont, &font);
+    if (err) return err;
+    fontset(font, FONTCLEAR, BLACK, 0);
+    fontalign(0);
+    err = solutions.slotcount < 2 ? rowspaint(r) : picturespaint(r);
+    fontlose(font);
+    return err;
+}
+
+errorblock *listredraw(window self, intptr_t)
+{
+    redrawrecord r = {};
+    r.self = self;
+    int more;
+    errorblock *err = redrawin(&r, &more);
+    while (!err && more) {
+        errorblock *painted = listpaint(r);
+        err = redrawnext(&r, &more);
+        if (!err) err = painted;
+    }
+    return err;
+}
+
+// The row under the pointer, -1 for none.
+int32_t rowat(window self, const mouserecord *mouse)
+{
+    windowinforecord info;
+    if (windowinfo(self, &info) || solutions.rowheight <= 0) return -1;
+    int32_t down = info.yorigin - static_cast<int32_t>(mouse->y) - TEXTTOP;
+    int32_t row = down / solutions.rowheight;
+    return row < solutions.count ? row : -1;
+}
+
+errorblock *wordclick(window self, int32_t row, intptr_t buttons)
+{
+    cursordrawoff();
+    cursorremove();
+    bool toggle = buttons == BUTTONRIGHT || (keymodifiers() & KEYCTRL);
+    dirtyreset();
+    errorblock *err = nullptr;
+    if ((buttons == BUTTONLEFT || buttons == BUTTONRIGHT) && solselect(row, toggle))
+        err = redrawall(self);
+    dirtyredraw();
+    return err;
+}
+
+// A search writes into the cells of its slots; it is let be.
+errorblock *listclick(window self, intptr_t, mouserecord *mouse)
+{
+    int32_t row = rowat(self, mouse);
+    if (grid.kind == GRIDWORDSQUARE) return wordclick(self, row, mouse->buttons);
+    if (mouse->buttons == BUTTONLEFT && !search.running) solapply(row);
+    return nullptr;
+}
+
+errorblock *listextent()
+{
+    return setextent(solutionswindow, 0, -solutions.count * solutions.rowheight,
+                     solutions.listwidth, 0);
+}
+
+} // namespace
+
+errorblock *solutionsopen(window parent)
+{
+    metricsupdate();
+    errorblock *err = createchild(TEMPLATESOLUTIONS, &solutionswindow, parent);
+    if (!err) err = setbackground(solutionswindow, BACKGROUNDWHITE);
+    if (!err) err = addredrawhandler(listredraw, solutionswindow, 0);
+    if (!err) err = addclickhandler(listclick, solutionswindow, 0);
+    if (!err) err = listextent();
+    return err;
+}
+
+void solutionsrefresh()
+{
+    windowstaterecord state;
+    if (!solutionswindow) return;
+    errorblock *err = windowstate(solutionswindow, &state);
+    if (!err && (state.wflags & STATEOPEN)) err = scrollto(solutionswindow, 0, 0);
+    if (!err) err = listextent();
+    if (!err) err = redrawall(solutionswindow);
+    reporterror(err);
+}
+
+void metricsupdate()
+{
+    int32_t widest = 0;
+    fontmetrics font = {};
+    errorblock *err = fontmaxwidth(&solfont, &widest);
+    if (!err) err = fontinfo(&solfont, &font);
+    if (!err) {
+        solutions.charwidth = devtoosx(widest) + 1;
+        solutions.textheight = devtoosy(font.height);
+        solutions.lineheight = devtoosy(font.height + font.externalleading);
+        solutions.ascent = devtoosy(font.ascent);
+    }
+    dictmetricsupdate(&dictfont);
+    reporterror(err);
+}
