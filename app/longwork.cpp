@@ -52,11 +52,6 @@ void searchdrop()
 
 } // namespace
 
-bool searching()
-{
-    return pending || running;
-}
-
 errorblock *aftersearch(afterfunction function, intptr_t data)
 {
     searchdrop();

@@ -18,6 +18,3 @@ using afterfunction = errorblock *(*)(intptr_t data);
 // the search has heard that it is to stop. A search that waits to begin is
 // dropped. Of several that wait, the last is called.
 errorblock *aftersearch(afterfunction function, intptr_t data);
-
-// Whether a search runs or waits to begin.
-bool searching();

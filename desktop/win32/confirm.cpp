@@ -8,6 +8,7 @@
 #include "desktop/dialogs.h"
 #include "desktop/handlers.h"
 #include "desktop/icons.h"
+#include "desktop/keys.h"
 #include "desktop/poll.h"
 #include "desktop/templates.h"
 #include "desktop/wdata.h"
@@ -20,7 +21,6 @@ namespace
 
 constexpr int32_t QUESTION = 12;
 constexpr int PENDING = -2, CANCELLED = -1;
-constexpr int32_t RETURN = 13, ESCAPE = 27;
 constexpr int32_t TEXTSIZE = 256;
 
 struct {
@@ -40,12 +40,12 @@ struct buttonrow {
 
 constexpr buttonrow BUTTONS[] = {
     {CONFIRMYESNO, 0, 'N', 0, 0},
-    {CONFIRMYESNO, 11, 'Y', RETURN, 1},
+    {CONFIRMYESNO, 11, 'Y', KEYRETURN, 1},
     {CONFIRMDISCARDCANCEL, 3, 'D', 0, 1}, // whether to go ahead
     {CONFIRMDISCARDCANCEL, 4, 'C', 0, CANCELLED},
     {CONFIRMDISCARDCANCELSAVE, 3, 'D', 0, 0}, // whether to keep
     {CONFIRMDISCARDCANCELSAVE, 5, 'C', 0, CANCELLED},
-    {CONFIRMDISCARDCANCELSAVE, 6, 'S', RETURN, 1},
+    {CONFIRMDISCARDCANCELSAVE, 6, 'S', KEYRETURN, 1},
 };
 
 constexpr int32_t ALLBUTTONS[] = {0, 11, 3, 4, 5, 6};
@@ -77,7 +77,7 @@ errorblock *keyed(window, intptr_t, int32_t, int32_t *code)
 {
     if (*code < 0 || *code > 255) return nullptr;
     int32_t key = charupper(static_cast<uint8_t>(*code));
-    int answer = key == ESCAPE ? CANCELLED : PENDING;
+    int answer = key == KEYESCAPE ? CANCELLED : PENDING;
     for (const buttonrow &row : BUTTONS)
         if (row.kind == question.kind && (row.key == key || row.otherkey == key))
             answer = row.answer;

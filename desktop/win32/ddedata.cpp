@@ -15,7 +15,6 @@ struct dataheader {
 };
 constexpr uint16_t RELEASE = 1 << 13; // the receiver frees the block
 constexpr uint16_t ANSWER = 1 << 15;  // data: an acknowledge is wanted
-constexpr UINT POSITIVE = 0x8000;     // in one
 constexpr int32_t HEADERSIZE = 4;
 static_assert(sizeof(dataheader) == HEADERSIZE);
 
@@ -110,7 +109,7 @@ static void readblock(HGLOBAL block, arrival *into)
 static void answer(UINT message, window w, window partner, const arrival &arrived, ATOM item)
 {
     bool wanted = message == WM_DDE_POKE || arrived.header.flags & ANSWER;
-    if (!wanted || !ddepostpacked(partner, WM_DDE_ACK, w, arrived.text ? POSITIVE : 0, item))
+    if (!wanted || !ddepostpacked(partner, WM_DDE_ACK, w, arrived.text ? DDEPOSITIVE : 0, item))
         GlobalDeleteAtom(item);
 }
 

@@ -81,6 +81,5 @@ void ddeexecute(window w, window client, LPARAM packed)
           text ? text : "");
     bool done = text && ddecommand(text);
     heap_free(reinterpret_cast<void **>(&text));
-    constexpr UINT POSITIVE = 0x8000;
-    if (!ddepostpacked(client, WM_DDE_ACK, w, done ? POSITIVE : 0, block)) GlobalFree(handle);
+    if (!ddepostpacked(client, WM_DDE_ACK, w, done ? DDEPOSITIVE : 0, block)) GlobalFree(handle);
 }

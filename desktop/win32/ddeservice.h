@@ -9,7 +9,8 @@
 // Nobody else sees it any more.
 constexpr uint32_t DDECLOSING = 2;
 
-constexpr int DDENAMESIZE = 256; // of the system's names, with the end
+constexpr int DDENAMESIZE = 256;         // of the system's names, with the end
+constexpr uint32_t DDEPOSITIVE = 0x8000; // in an acknowledge
 
 struct ddeservice {
     HWND hidden; // "osdde"; 0 while the service is off

@@ -137,9 +137,9 @@ errorblock *remtemplates(templatelink *link)
     return nullptr;
 }
 
-// All work is the window procedure's. Without a dialog procedure the system
-// would leave out messages of the start.
-static INT_PTR CALLBACK dialogstub(HWND, UINT, WPARAM, LPARAM)
+// It leaves all messages to the window procedure of the template's class. With no
+// dialog procedure at all the system would leave out messages of the start.
+static INT_PTR CALLBACK dialogprocedure(HWND, UINT, WPARAM, LPARAM)
 {
     trace("dialog proc");
     return 0;
@@ -151,7 +151,7 @@ static window dialogmake(const void *resource, window parent)
     wdataparent = parent;
     HWND dialog = CreateDialogIndirectParamA(GetModuleHandleA(nullptr),
                                              static_cast<const DLGTEMPLATE *>(resource),
-                                             reinterpret_cast<HWND>(parent), dialogstub, 0);
+                                             reinterpret_cast<HWND>(parent), dialogprocedure, 0);
     wdataparent = 0; // which a window that wasn't made left there
     return reinterpret_cast<window>(dialog);
 }
@@ -171,7 +171,6 @@ errorblock *createwindow(int32_t number, const char *title, window *w, window pa
     if (err) return err;
     trace("create win parent %x tempno=%x", static_cast<unsigned>(parent),
           static_cast<unsigned>(number));
-    wdataparent = parent;
     window result = dialogmake(resource, parent);
     if (!result) return dialogerror();
     if (title) err = settitle(result, title);

@@ -387,50 +387,53 @@ std::string boxtext(HWND box)
     return "";
 }
 
-} // namespace
-
-std::string drivebox(int button, const std::function<void()> &work)
+void boxpress(HWND box, int button)
 {
-    std::string text;
+    PostMessageA(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
+}
+
+// While work runs, hands the box of the system that comes up to script: whether
+// one did before work was over.
+bool boxaside(const std::function<void()> &work, const std::function<void(HWND)> &script)
+{
     std::atomic<bool> worked = false;
-    auto script = [&] {
-        DWORD start = GetTickCount();
+    bool found = false;
+    auto wait = [&] {
         HWND box = nullptr;
-        while (!box && GetTickCount() - start < 10000) {
+        DWORD start = GetTickCount();
+        while (!box && !worked && GetTickCount() - start < 10000) {
             box = handle(drivefind("", "#32770"));
-            if (!box && worked) return; // it ended without a box
-            Sleep(10);
+            if (!box) Sleep(10);
         }
-        if (!box) return;
-        text = boxtext(box);
-        // A box with OK alone calls its button Cancel.
-        int there = GetDlgItem(box, button) ? button : IDCANCEL;
-        PostMessageA(box, WM_COMMAND, MAKEWPARAM(there, BN_CLICKED),
-                     reinterpret_cast<LPARAM>(GetDlgItem(box, there)));
+        found = box;
+        if (box) script(box);
     };
     driveaside(
         [&] {
             work();
             worked = true;
         },
-        script);
+        wait);
+    return found;
+}
+
+} // namespace
+
+std::string drivebox(int button, const std::function<void()> &work)
+{
+    std::string text;
+    boxaside(work, [&](HWND box) {
+        text = boxtext(box);
+        // A box with OK alone calls its button Cancel.
+        boxpress(box, GetDlgItem(box, button) ? button : IDCANCEL);
+    });
     return text;
 }
 
 bool drivefilebox(const std::string &path, int row, bool ok, const std::function<void()> &work)
 {
-    bool found = false;
-    std::atomic<bool> worked = false;
-    auto script = [&] {
-        DWORD start = GetTickCount();
-        HWND box = nullptr;
-        while (!box && GetTickCount() - start < 10000) {
-            box = handle(drivefind("", "#32770"));
-            if (!box && worked) return;
-            Sleep(10);
-        }
-        if (!box) return;
-        found = true;
+    return boxaside(work, [&](HWND box) {
         Sleep(100); // its own first messages
         constexpr int types = 0x470, name = 0x480, names = 0x47C;
         HWND typelist = GetDlgItem(box, types);
@@ -443,17 +446,8 @@ bool drivefilebox(const std::string &path, int row, bool ok, const std::function
         for (int control : {names, name})
             if (HWND edit = GetDlgItem(box, control); edit && !path.empty())
                 SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
-        int button = ok ? IDOK : IDCANCEL;
-        PostMessageA(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
-                     reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
-    };
-    driveaside(
-        [&] {
-            work();
-            worked = true;
-        },
-        script);
-    return found;
+        boxpress(box, ok ? IDOK : IDCANCEL);
+    });
 }
 
 drivecounts drivecountnow()
