@@ -94,12 +94,14 @@ void savefilterchange(int32_t filterindex, char *name, int32_t size)
     *shown.currentindex = row;
 }
 
-errorblock *savefilterdone(char *path)
+errorblock *savefilterdone(const char *chosen, char *path, int32_t size)
 {
+    // The handler may change the caller's path.
     char extension[EXTENSIONSIZE], copy[PATHSIZE];
     filetypetext(savechoice.type, extension, sizeof extension);
-    errorblock *err = pathsetext(path, extension);
-    if (!err) err = xzstrncpyu(copy, path, sizeof copy);
+    errorblock *err = xzstrncpyu(copy, chosen, sizeof copy);
+    if (!err) err = pathsetext(copy, extension);
+    if (!err) err = xzstrncpyu(path, copy, size);
     if (!err && savechoice.handler) err = savechoice.handler(copy, savechoice.type);
     return err;
 }

@@ -44,6 +44,7 @@ void savefilterbuild(char *path, int32_t defaulttype, savehandler handler);
 // The user has chosen the row filterindex, counted from 1; name is made to fit.
 void savefilterchange(int32_t filterindex, char *name, int32_t size);
 
-// The dialog's end: gives path, of PATHSIZE bytes, the type's extension and
-// saves there.
-errorblock *savefilterdone(char *path);
+// The dialog's end: chosen, with the type's extension, becomes path, of size
+// bytes, and the handler saves there. Errors: 30, and then nothing is saved; the
+// handler's.
+errorblock *savefilterdone(const char *chosen, char *path, int32_t size);

@@ -70,9 +70,8 @@ errorblock *handler(const char *path, int32_t type)
 
 std::string done(const char *path)
 {
-    char out[PATHSIZE];
-    strcpy(out, path);
-    CHECK(savefilterdone(out) == nullptr);
+    char out[PATHSIZE] = "";
+    CHECK(savefilterdone(path, out, sizeof out) == nullptr);
     CHECK(savedpath == out);
     return out;
 }
@@ -134,11 +133,15 @@ TEST_CASE("a path that an extension doesn't fit is not saved to")
     char path[PATHSIZE];
     savefilterbuild(path, 0xFFF, handler);
     savedpath.clear();
-    strcpy(path, std::string(PATHSIZE - 2, 'p').c_str());
-    errorblock *err = savefilterdone(path);
+    errorblock *err = savefilterdone(std::string(PATHSIZE - 2, 'p').c_str(), path, sizeof path);
+    REQUIRE(err);
+    CHECK(err->code == ERRORMAXSTRING);
+    err = savefilterdone("a.txt", path, 5); // the caller's own room
     REQUIRE(err);
     CHECK(err->code == ERRORMAXSTRING);
     CHECK(savedpath == "");
+    CHECK_FALSE(savefilterdone("a.txt", path, 6));
+    CHECK(savedpath == "a.txt");
 }
 
 TEST_CASE("a save filter that overruns says so and stays well formed")
