@@ -2,22 +2,14 @@
 #include "base/errorcodes.h"
 #include "base/errors.h"
 #include "base/files.h"
-#include "base/platform.h"
-#include "base/text.h"
+#include "base/userfiles.h"
 #include "grid/gridfile.h"
 #include "grid/gridwindow.h"
 
 namespace
 {
 
-errorblock *defaultpath(char *path)
-{
-    char login[256], directory[PATHSIZE];
-    errorblock *err = platformloginname(login, sizeof login);
-    if (!err) err = platformprogramdirectory(directory, sizeof directory);
-    if (!err) err = xzsnprintf(PATHSIZE, nullptr, path, "%sDefault\\%s.qmg", directory, login);
-    return err;
-}
+constexpr const char *FOLDER = "Default", *EXTENSION = "qmg";
 
 void appearancedefault()
 {
@@ -43,17 +35,18 @@ errorblock *gridsavecommand()
 errorblock *gridsavedefault()
 {
     char path[PATHSIZE];
-    errorblock *err = defaultpath(path);
-    if (!err) err = gridsave(path);
-    if (!err) gridrememberdefaults();
-    return err;
+    errorblock *err = userfilefind(FOLDER, EXTENSION, path);
+    if (err) return err;
+    userfilesave(FOLDER, EXTENSION, gridwrite);
+    gridrememberdefaults();
+    return nullptr;
 }
 
 // A default grid that doesn't load is as none: the program starts all the same.
 errorblock *gridloaddefault()
 {
     char path[PATHSIZE];
-    errorblock *err = defaultpath(path);
+    errorblock *err = userfilefind(FOLDER, EXTENSION, path);
     if (err) return err;
     int32_t type;
     if (fileobject(path, &type) || type != OBJECTFILE || gridload(path))

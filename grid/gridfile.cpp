@@ -144,24 +144,6 @@ void cellssettle(uint8_t forgotten)
         }
 }
 
-// The bytes behind the face's terminator mean nothing and are kept, so that the
-// file can be written as it was. Heights become pixels by a product that must
-// not overflow.
-errorblock *fontread(bfile *file, fontrecord *font)
-{
-    constexpr int32_t FONTMAX = 0x7fff; // sixteenths; 2000 points and more
-    errorblock *err = readsigned(file, &font->height);
-    if (!err) err = readsigned(file, &font->width);
-    if (!err) err = breadall(file, font->face, sizeof font->face);
-    if (!err) err = readsigned(file, &font->charset);
-    if (!err) err = readsigned(file, &font->weight);
-    if (!err) err = readsigned(file, &font->italic);
-    font->height = std::clamp(font->height, 0, FONTMAX);
-    font->width = std::clamp(font->width, 0, FONTMAX);
-    font->face[sizeof font->face - 1] = 0;
-    return err;
-}
-
 errorblock *appearanceread(bfile *file)
 {
     trace("text height %d", grid.gridfont.height);
@@ -253,17 +235,6 @@ errorblock *cellswrite(bfile *file, const uint8_t (*cells)[GRIDSTRIDE])
     errorblock *err = nullptr;
     for (int32_t x = 0; x < grid.width && !err; x++)
         err = bwriteall(file, cells[x], grid.height);
-    return err;
-}
-
-errorblock *fontwrite(bfile *file, const fontrecord &font)
-{
-    errorblock *err = bwrite32(file, static_cast<uint32_t>(font.height));
-    if (!err) err = bwrite32(file, static_cast<uint32_t>(font.width));
-    if (!err) err = bwriteall(file, font.face, sizeof font.face);
-    if (!err) err = bwrite32(file, static_cast<uint32_t>(font.charset));
-    if (!err) err = bwrite32(file, static_cast<uint32_t>(font.weight));
-    if (!err) err = bwrite32(file, static_cast<uint32_t>(font.italic));
     return err;
 }
 

@@ -37,10 +37,10 @@ errorblock *gridsaveto(const char *path);
 // Error 532 for a document without a name.
 errorblock *gridsavecommand();
 
-// The user's default, "%sDefault\%s.qmg" of the program's directory and the
-// login name. Saving it makes the document's appearance the built-in one, and
-// so does loading it; without one the factory's applies. Errors: those of the
-// two names, and nothing is done then.
+// The user's default, of the folder Default (base/userfiles.h). Saving it, as
+// silently as gridsave does, makes the document's appearance the built-in one,
+// and so does loading it; without one the factory's applies. Errors: those of
+// userfilefind, and nothing is done then.
 errorblock *gridsavedefault();
 errorblock *gridloaddefault();
 
