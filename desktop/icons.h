@@ -76,6 +76,15 @@ errorblock *getcaretpair(window *w, int32_t *icon);
 
 errorblock *focuswindow(window w);
 errorblock *focusicon(window w, int32_t icon);
+
+// Gives the focus to what Tab leads to from a window that stands among the icons
+// of w; with back set, Shift+Tab. Text that can be edited is selected.
+errorblock *focusnext(window w, window from, int back);
+
+// What such a window goes behind (windows.h) to stand over an icon and, in the
+// order of Tab, just before it.
+errorblock *iconbehind(window w, int32_t icon, intptr_t *behind);
+
 errorblock *deleteicon(window w, int32_t icon);
 
 // Drawn controls (validation.h): the text and background colours, and any token.

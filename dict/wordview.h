@@ -29,6 +29,7 @@
 #include <cstdint>
 
 struct errorblock;
+struct fontrecord;
 
 struct wordview {
     window owner;
@@ -73,6 +74,10 @@ errorblock *wordviewsync(wordview *view);
 // field stays.
 errorblock *wordviewselect(wordview *view, int32_t row);
 
+// Paints the rows that meet the clip: the pane's redraw handler, whose data is the
+// view.
+errorblock *wordviewredraw(window self, intptr_t data);
+
 // The font of the lists has changed: open views are measured and painted anew.
 errorblock *wordviewsrefresh();
 
@@ -83,3 +88,6 @@ struct wordmetricsrecord {
     int32_t ascent; // from a row's top down to the words' base line
 };
 extern wordmetricsrecord wordmetrics;
+
+// The font that was measured.
+extern fontrecord wordfont;

@@ -25,6 +25,25 @@ errorblock *focusicon(window w, int32_t icon)
     return err ? err : focusto(control);
 }
 
+errorblock *focusnext(window w, window from, int back)
+{
+    HWND control = GetNextDlgTabItem(reinterpret_cast<HWND>(w), reinterpret_cast<HWND>(from), back);
+    if (!control) return nullptr;
+    if (SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL)
+        SendMessageA(control, EM_SETSEL, 0, -1);
+    return focusto(control);
+}
+
+errorblock *iconbehind(window w, int32_t icon, intptr_t *behind)
+{
+    HWND control;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (err) return err;
+    HWND before = GetWindow(control, GW_HWNDPREV);
+    *behind = before ? reinterpret_cast<intptr_t>(before) : BEHINDTOP;
+    return nullptr;
+}
+
 // In a combo box the field inside it has the focus.
 static bool hasfocus(HWND control)
 {

@@ -1,0 +1,120 @@
+// The look of a list of words: its font and its rows.
+
+#include "base/boxes.h"
+#include "desktop/redraw.h"
+#include "dict/dictwindow.h"
+#include "dict/wordview.h"
+#include "graphics/colours.h"
+#include "graphics/fonts.h"
+#include "graphics/modeinfo.h"
+#include "graphics/plot.h"
+#include "graphics/textmeasure.h"
+#include "graphics/textplot.h"
+
+#include <algorithm>
+
+wordmetricsrecord wordmetrics = {1, 0, 0};
+fontrecord wordfont;
+
+namespace
+{
+
+constexpr int32_t CHARACTERS = 32; // of a list's width
+
+// OS units: words begin in from the left, and rows are drawn up by a little, so
+// that a row's mark is as far from the letters above as below.
+constexpr int32_t TEXTLEFT = 4, ROWUP = 2;
+
+constexpr uint32_t BLACK = 0, WHITE = 0xFFFFFF00;
+
+struct rowplace {
+    int32_t top, width;
+};
+
+void rowfill(const rowplace &place)
+{
+    setcolour(BLACK);
+    fillbox(0, place.top - wordmetrics.rowheight, place.width, wordmetrics.rowheight);
+}
+
+// The outline stays inside the row's own part of the work area, where all of it
+// can be seen at the list's top too.
+void rowoutline(const rowplace &place, uint32_t colour)
+{
+    int32_t left = 0, right = place.width - devtoosx(1);
+    int32_t top = place.top - ROWUP - devtoosy(1);
+    int32_t bottom = place.top - wordmetrics.rowheight + devtoosy(1);
+    setcolour(colour);
+    pathdotted();
+    moveto(left, top);
+    lineto(right, top);
+    lineto(right, bottom);
+    lineto(left, bottom);
+    lineto(left, top);
+}
+
+void rowpaint(const wordview *view, const dictcursor &cursor, const rowplace &place)
+{
+    auto row = static_cast<int32_t>(cursor.wordn);
+    uint32_t ink = row == view->rowsel ? WHITE : BLACK;
+    if (row == view->rowsel) rowfill(place);
+    fontcolour(ink);
+    plottext(cursor.word, TEXTOSUNITS, TEXTLEFT, place.top - wordmetrics.ascent);
+    if (row == view->rowcaret) rowoutline(place, ink);
+}
+
+void rowspaint(const wordview *view, const redrawrecord &r)
+{
+    dictcursor cursor;
+    rowplace place;
+    int32_t row = std::max(-r.cy1 / wordmetrics.rowheight, 0);
+    place.top = ROWUP - row * wordmetrics.rowheight;
+    place.width = std::max(r.x1 - r.x0, wordmetrics.listwidth);
+    int more = dictseek(static_cast<uint32_t>(row), view->wordrows, &cursor);
+    while (more && place.top > r.cy0) {
+        rowpaint(view, cursor, place);
+        place.top -= wordmetrics.rowheight;
+        more = dictnext(view->wordrows, &cursor);
+    }
+}
+
+errorblock *listpaint(const wordview *view, const redrawrecord &r)
+{
+    fonthandle font;
+    errorblock *err = fontfind(&wordfont, &font);
+    if (err) return err;
+    fontset(font, FONTCLEAR, BLACK, 0);
+    fontalign(0);
+    rowspaint(view, r);
+    return fontlose(font);
+}
+
+} // namespace
+
+errorblock *wordviewredraw(window self, intptr_t data)
+{
+    auto view = reinterpret_cast<const wordview *>(data);
+    redrawrecord r = {};
+    r.self = self;
+    int more;
+    errorblock *err = redrawin(&r, &more);
+    while (!err && more) {
+        errorblock *painted = listpaint(view, r);
+        err = redrawnext(&r, &more);
+        if (!err) err = painted;
+    }
+    return err;
+}
+
+void dictmetricsupdate(const fontrecord *font)
+{
+    fontmetrics metrics = {};
+    errorblock *err = fontinfo(font, &metrics);
+    if (!err) {
+        wordfont = *font;
+        wordmetrics.rowheight = std::max(devtoosy(metrics.height + metrics.externalleading), 1);
+        wordmetrics.listwidth = devtoosx(CHARACTERS * metrics.averagewidth);
+        wordmetrics.ascent = devtoosy(metrics.ascent);
+    }
+    reporterror(err);
+}

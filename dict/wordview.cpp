@@ -1,0 +1,292 @@
+#include "dict/wordview.h"
+
+#include "desktop/handlers.h"
+#include "desktop/icons.h"
+#include "desktop/keys.h"
+#include "desktop/templates.h"
+#include "desktop/windows.h"
+#include "graphics/modeinfo.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+constexpr int32_t TEMPLATEPANE = 263;
+constexpr int32_t FRAME = 2; // pixels of the edge that the place draws around itself
+
+wordview *views; // the open ones
+
+int32_t rowcount(const wordview *view)
+{
+    return static_cast<int32_t>(dictcount(view->wordrows));
+}
+
+// What the pane shows: the work area's top, counted downward, and the height.
+struct visiblepart {
+    int32_t top, height;
+};
+
+errorblock *visible(const wordview *view, visiblepart *part)
+{
+    windowstaterecord state;
+    errorblock *err = windowstate(view->pane, &state);
+    if (!err) *part = {-state.yscroll, state.y1 - state.y0};
+    return err;
+}
+
+// Where the field's text stands in the store, or would stand; -1 in an empty one.
+// Only the whole word in the same case is found.
+struct fieldplace {
+    int32_t row;
+    bool found;
+};
+
+fieldplace fieldlook(const wordview *view, const char *text)
+{
+    dictcursor cursor = {};
+    uint32_t flags = 0;
+    if (dictisempty(view->wordrows)) return {-1, false};
+    int there = dictfind(text, view->wordrows, &cursor, &flags);
+    bool found = there && !(flags & FINDCASEDIFFERS) && strlen(text) <= WORDLENGTH;
+    return {static_cast<int32_t>(cursor.wordn), found};
+}
+
+errorblock *fieldset(wordview *view, int32_t row)
+{
+    return seticontext(view->owner, view->field,
+                       row < 0 ? "" : dictword(static_cast<uint32_t>(row), view->wordrows));
+}
+
+// One row up or down, within the list.
+errorblock *rowstep(wordview *view, int32_t by)
+{
+    int32_t row = view->arrowscaret ? view->rowcaret : view->rowsel;
+    int32_t next = std::min(std::max(row + by, 0), rowcount(view) - 1);
+    if (next == row) return nullptr;
+    errorblock *err = wordviewselect(view, next);
+    if (!err) err = fieldset(view, next);
+    if (!err) err = wordviewreveal(view, next);
+    return err;
+}
+
+errorblock *viewkey(window, intptr_t data, int32_t, int32_t *code)
+{
+    auto view = reinterpret_cast<wordview *>(data);
+    int32_t key = *code;
+    *code = KEYCLAIMED;
+    switch (key) {
+    case KEYPRESS | KEYUP:
+        return rowstep(view, -1);
+    case KEYPRESS | KEYDOWN:
+        return rowstep(view, 1);
+    case KEYPRESS | KEYTAB:
+        return focusnext(view->owner, view->pane, 0);
+    case KEYPRESS | KEYSHIFT | KEYTAB:
+        return focusnext(view->owner, view->pane, 1);
+    }
+    *code = key;
+    return nullptr;
+}
+
+errorblock *rowclick(wordview *view, const mouserecord *mouse)
+{
+    windowinforecord info;
+    errorblock *err = windowinfo(view->pane, &info);
+    if (err) return err;
+    int32_t down = info.yorigin - static_cast<int32_t>(mouse->y);
+    int32_t row = down < 0 ? -1 : down / wordmetrics.rowheight;
+    err = wordviewselect(view, row);
+    if (!err) err = fieldset(view, row);
+    if (!err) err = focuswindow(view->pane);
+    return err;
+}
+
+errorblock *viewclick(window, intptr_t data, mouserecord *mouse)
+{
+    auto view = reinterpret_cast<wordview *>(data);
+    if (mouse->buttons == BUTTONLEFT) return rowclick(view, mouse);
+    if (mouse->buttons == BUTTONRIGHT && view->menu) return view->menu(view);
+    return nullptr;
+}
+
+// The row that gets the outline with the focus: what is selected, or else the
+// one in the middle of what is seen.
+errorblock *caretrow(const wordview *view, int32_t *row)
+{
+    visiblepart part;
+    *row = view->rowsel;
+    if (*row >= 0) return nullptr;
+    errorblock *err = visible(view, &part);
+    if (err) return err;
+    int32_t middle = (part.top + part.height / 2) / wordmetrics.rowheight;
+    *row = std::min(middle, rowcount(view) - 1);
+    return nullptr;
+}
+
+errorblock *viewfocus(window, intptr_t data, int gained)
+{
+    auto view = reinterpret_cast<wordview *>(data);
+    int32_t row = view->rowcaret;
+    errorblock *err = gained ? caretrow(view, &row) : nullptr;
+    view->rowcaret = gained ? row : -1;
+    return err || row < 0 ? err : wordviewpaint(view, row);
+}
+
+errorblock *fieldchanged(window, int32_t icon, intptr_t data)
+{
+    auto view = reinterpret_cast<wordview *>(data);
+    return icon == view->field ? wordviewsync(view) : nullptr;
+}
+
+errorblock *handlersadd(wordview *view)
+{
+    auto data = reinterpret_cast<intptr_t>(view);
+    errorblock *err = addredrawhandler(wordviewredraw, view->pane, data);
+    if (!err) err = addclickhandler(viewclick, view->pane, data);
+    if (!err) err = addkeyhandler(viewkey, view->pane, data);
+    if (!err) err = addfocushandler(viewfocus, view->pane, data);
+    if (!err) err = addtextchangehandler(fieldchanged, view->owner, data);
+    return err;
+}
+
+void handlersremove(wordview *view)
+{
+    auto data = reinterpret_cast<intptr_t>(view);
+    remredrawhandler(wordviewredraw, view->pane, data);
+    remclickhandler(viewclick, view->pane, data);
+    remkeyhandler(viewkey, view->pane, data);
+    remfocushandler(viewfocus, view->pane, data);
+    remtextchangehandler(fieldchanged, view->owner, data);
+}
+
+void unlink(wordview *view)
+{
+    for (wordview **link = &views; *link; link = &(*link)->next) {
+        if (*link != view) continue;
+        *link = view->next;
+        return;
+    }
+}
+
+} // namespace
+
+errorblock *wordviewopen(wordview *view, window owner, int32_t field, int32_t place,
+                         const Dictionary *store)
+{
+    view->owner = owner;
+    view->pane = 0;
+    view->wordrows = store;
+    view->rowsel = view->rowcaret = -1;
+    view->field = field;
+    view->place = place;
+    view->next = views;
+    errorblock *err = createchild(TEMPLATEPANE, &view->pane, owner);
+    if (err) return err;
+    views = view;
+    err = setbackground(view->pane, BACKGROUNDWHITE);
+    if (!err) err = handlersadd(view);
+    if (!err) err = wordviewextent(view);
+    if (err) wordviewclose(view);
+    return err;
+}
+
+// In the order of Tab the list comes where its place is, and over it.
+errorblock *wordviewplace(wordview *view)
+{
+    osbox box;
+    windowinforecord info;
+    windowstaterecord state;
+    errorblock *err = iconbox(view->owner, view->place, &box);
+    if (!err) err = windowinfo(view->owner, &info);
+    if (!err) err = windowstate(view->pane, &state);
+    if (!err) err = iconbehind(view->owner, view->place, &state.behind);
+    if (err) return err;
+    state.x0 = info.xorigin + box.x0 + devtoosx(FRAME);
+    state.x1 = info.xorigin + box.x1 - devtoosx(FRAME);
+    state.y0 = info.yorigin + box.y0 + devtoosy(FRAME);
+    state.y1 = info.yorigin + box.y1 - devtoosy(FRAME);
+    return openwindowex(&state);
+}
+
+void wordviewclose(wordview *view)
+{
+    if (!view->pane) return;
+    unlink(view);
+    handlersremove(view);
+    removewindow(&view->pane);
+}
+
+errorblock *wordviewextent(wordview *view)
+{
+    return setextent(view->pane, 0, -rowcount(view) * wordmetrics.rowheight, wordmetrics.listwidth,
+                     0);
+}
+
+// More than the row: its mark and what stands out of it are drawn a little up.
+errorblock *wordviewpaint(wordview *view, int32_t row)
+{
+    windowstaterecord state;
+    if (row < 0) return redrawall(view->pane);
+    errorblock *err = windowstate(view->pane, &state);
+    if (err) return err;
+    int32_t pixel = devtoosy(1), width = std::max(state.x1 - state.x0, wordmetrics.listwidth);
+    int32_t top = 2 * pixel - 2 - row * wordmetrics.rowheight;
+    return forceredraw(view->pane, 0, top - wordmetrics.rowheight - 4 * pixel, width, top);
+}
+
+errorblock *wordviewcentre(wordview *view, int32_t row)
+{
+    visiblepart part;
+    errorblock *err = visible(view, &part);
+    if (err) return err;
+    return setscrolly(view->pane, (row + 1) * wordmetrics.rowheight - part.height / 2);
+}
+
+// In a pane lower than a row the row's top is what is seen.
+errorblock *wordviewreveal(wordview *view, int32_t row)
+{
+    visiblepart part;
+    errorblock *err = visible(view, &part);
+    if (err) return err;
+    int32_t above = row * wordmetrics.rowheight;
+    int32_t below = above + wordmetrics.rowheight - part.height;
+    int32_t top = std::min(std::max(part.top, below), above);
+    return top == part.top ? nullptr : setscrolly(view->pane, top);
+}
+
+errorblock *wordviewsync(wordview *view)
+{
+    char *text;
+    errorblock *err = geticontext(view->owner, view->field, &text);
+    if (err) return err;
+    fieldplace at = fieldlook(view, text);
+    if (at.found && at.row == view->rowsel) return nullptr;
+    int32_t before = view->rowsel;
+    view->rowsel = at.found ? at.row : -1;
+    if (at.row >= 0) err = wordviewreveal(view, at.row);
+    if (!err && before >= 0) err = wordviewpaint(view, before);
+    if (!err && at.found) err = wordviewpaint(view, at.row);
+    return err;
+}
+
+errorblock *wordviewselect(wordview *view, int32_t row)
+{
+    if (row < 0 || row >= rowcount(view)) return nullptr;
+    if (row == view->rowsel && row == view->rowcaret) return nullptr;
+    int32_t before = view->rowsel >= 0 ? view->rowsel : view->rowcaret;
+    view->rowsel = view->rowcaret = row;
+    errorblock *err = before >= 0 ? wordviewpaint(view, before) : nullptr;
+    return err ? err : wordviewpaint(view, row);
+}
+
+errorblock *wordviewsrefresh()
+{
+    errorblock *err = nullptr;
+    for (wordview *view = views; view && !err; view = view->next) {
+        err = wordviewextent(view);
+        if (!err) err = wordviewpaint(view, -1);
+    }
+    return err;
+}
