@@ -11,7 +11,7 @@
 
 struct errorblock;
 
-// Opens a help file, or a topic in it.
+// Opens a help file, or a topic in it. Errors: 28 for one that isn't there.
 errorblock *helpsystemtopic(window w, const char *path);
 
 // A small box with a text, its top middle at a place of the screen in pixels.
@@ -20,3 +20,13 @@ errorblock *helpsystempopup(window w, const char *text, int32_t x, int32_t y, co
 
 // Opens an address with the program that the user has for it.
 errorblock *helpsystemopen(window w, const char *address);
+
+// The top left of a window or a control on the screen, OS units.
+errorblock *helpsystemplace(window w, int32_t *x, int32_t *y);
+
+// The font of a window, or the system's own for windows that have none.
+struct helpfont {
+    char name[32];
+    int32_t height; // of its characters, pixels
+};
+void helpsystemfont(window w, helpfont *font);

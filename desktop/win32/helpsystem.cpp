@@ -1,0 +1,98 @@
+#include "desktop/helpsystem.h"
+
+#include "base/errors.h"
+#include "base/syserr.h"
+#include "base/text.h"
+#include "graphics/modeinfo.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+// The call of the system's help library, and its commands that are used here.
+using helpcall = HWND(WINAPI *)(HWND caller, const char *file, UINT command, DWORD_PTR data);
+static constexpr UINT TOPIC = 0, TEXTPOPUP = 14;
+
+struct helptext {
+    int size;
+    HINSTANCE module;
+    UINT resource;
+    const char *text; // used where resource is 0
+    POINT place;
+    COLORREF foreground, background; // -1 for the system's
+    RECT margins;                    // likewise
+    const char *font;
+};
+
+static HWND handleof(window w)
+{
+    return reinterpret_cast<HWND>(w);
+}
+
+// Looked for once and kept: its windows live on.
+static errorblock *helplibrary(helpcall *call)
+{
+    static FARPROC found;
+    if (!found) {
+        HMODULE library = LoadLibraryA("hhctrl.ocx");
+        if (!library) return syserr("LoadLibrary", "%s", "hhctrl.ocx");
+        found = GetProcAddress(library, "HtmlHelpA");
+        if (!found) return syserr("GetProcAddress", "%s", "HtmlHelpA");
+    }
+    *call = reinterpret_cast<helpcall>(reinterpret_cast<void *>(found));
+    return nullptr;
+}
+
+errorblock *helpsystemtopic(window w, const char *path)
+{
+    helpcall call = nullptr;
+    errorblock *err = helplibrary(&call);
+    if (err || !call) return err;
+    return call(handleof(w), path, TOPIC, 0) ? nullptr : makeerrorf(ERRORNOTFOUND, path);
+}
+
+errorblock *helpsystempopup(window w, const char *text, int32_t x, int32_t y, const char *font)
+{
+    helpcall call = nullptr;
+    errorblock *err = helplibrary(&call);
+    if (err || !call) return err;
+    constexpr auto ANYCOLOUR = static_cast<COLORREF>(-1);
+    helptext shown = {sizeof shown, nullptr,          0,   text, {x, y}, ANYCOLOUR,
+                      ANYCOLOUR,    {-1, -1, -1, -1}, font};
+    call(handleof(w), nullptr, TEXTPOPUP, reinterpret_cast<DWORD_PTR>(&shown));
+    return nullptr;
+}
+
+errorblock *helpsystemopen(window w, const char *address)
+{
+    HINSTANCE opened = ShellExecuteA(handleof(w), "open", address, nullptr, nullptr, SW_SHOWNORMAL);
+    constexpr intptr_t FAILURES = 32; // up to this one
+    return reinterpret_cast<intptr_t>(opened) > FAILURES ? nullptr
+                                                         : syserr("ShellExecute", "%s", address);
+}
+
+errorblock *helpsystemplace(window w, int32_t *x, int32_t *y)
+{
+    RECT frame;
+    if (!GetWindowRect(handleof(w), &frame)) return syserr("GetWindowRect");
+    *x = devtoosx(frame.left);
+    *y = screentoosy(frame.top);
+    return nullptr;
+}
+
+// A window of controls has their font, which it needn't tell.
+static HGDIOBJ fontof(HWND w)
+{
+    LRESULT font = SendMessageA(w, WM_GETFONT, 0, 0);
+    HWND control = GetWindow(w, GW_CHILD);
+    if (!font && control) font = SendMessageA(control, WM_GETFONT, 0, 0);
+    return font ? reinterpret_cast<HGDIOBJ>(font) : GetStockObject(DEFAULT_GUI_FONT);
+}
+
+void helpsystemfont(window w, helpfont *font)
+{
+    LOGFONTA facts = {};
+    GetObjectA(fontof(handleof(w)), sizeof facts, &facts);
+    strcopyn(font->name, facts.lfFaceName, sizeof font->name);
+    font->height = facts.lfHeight < 0 ? -facts.lfHeight : facts.lfHeight;
+}
