@@ -126,6 +126,15 @@ void slotsfind()
     listlayout();
 }
 
+// The slots that the list was found for stay.
+void solrelayout()
+{
+    if (grid.kind == GRIDWORDSQUARE)
+        solwordslayout();
+    else
+        listlayout();
+}
+
 errorblock *slotsbegin()
 {
     errorblock *err = dictdefault();

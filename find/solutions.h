@@ -44,6 +44,12 @@ errorblock *soladdref(wordref ref, int32_t slot);
 // Adds a word; of its text 35 characters are kept. Error 2.
 errorblock *soladdword(int32_t x, int32_t y, int32_t dx, int32_t dy, const char *text);
 
+// The rows of a Wordsquare's list, by the metrics as they are; an empty list is
+// one of words then. And the rows of the list that there is, when the metrics
+// have changed.
+void solwordslayout();
+void solrelayout();
+
 // Adds the word typed under the list, unplaced, and remembers it in lastword.
 errorblock *soladdtyped(const char *text);
 extern char lastword[sizeof wsentry::text];

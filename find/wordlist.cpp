@@ -54,11 +54,16 @@ void entryselect(wsentry *entry, bool on)
 
 } // namespace
 
-errorblock *soladdtyped(const char *text)
+void solwordslayout()
 {
     solutions.slotcount = 1;
     solutions.listwidth = 17 * solutions.charwidth;
     solutions.rowheight = solutions.lineheight;
+}
+
+errorblock *soladdtyped(const char *text)
+{
+    solwordslayout();
     errorblock *err = soladdword(-1, -1, -1, -1, text);
     strcopyn(lastword, text, sizeof lastword);
     solutionsrefresh();

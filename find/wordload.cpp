@@ -13,6 +13,7 @@ int wordload(const char *path)
     wsdeselect();
     solclearplaces();
     solreset();
+    solwordslayout();
     wordfeed feed = {};
     errorblock *err = nullptr;
     int32_t byte = 0;

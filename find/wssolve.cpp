@@ -52,9 +52,7 @@ errorblock *wssolve()
 {
     if (dictdefault()) return nullptr;
     solreset();
-    solutions.slotcount = 1;
-    solutions.listwidth = 17 * solutions.charwidth;
-    solutions.rowheight = solutions.lineheight;
+    solwordslayout();
     errorblock *err = searchlater(wssolverun);
     solutionsrefresh();
     return err;

@@ -292,6 +292,13 @@ TEST_CASE("a typed word goes below the others")
     CHECK(std::string(lastword) == std::string(35, 'y'));
     CHECK(solutions.count == 3);
     CHECK(solword(0)->x == -1);
+    solutions.charwidth = 7;
+    solutions.lineheight = 30;
+    grid.kind = GRIDWORDSQUARE;
+    solrelayout(); // another font
+    CHECK(solutions.listwidth == 119);
+    CHECK(solutions.rowheight == 30);
+    CHECK(solutions.slotcount == 1);
     solreset();
     flexfailafter(0);
     errorblock *err = soladdtyped("crane");
@@ -324,6 +331,12 @@ TEST_CASE("a row's words are written into the grid")
     grid.markleft = -1;
     solapply(0);
     CHECK(grid.changed == 0);
+    solutions.charwidth = 5;
+    solutions.textheight = 10;
+    solrelayout(); // of the slots that the list was found for
+    CHECK(solutions.listwidth == 15);
+    CHECK(solutions.rowheight == 40);
+    CHECK(solutions.slotcount == 2);
 
     markrescan();
     solapply(0);
