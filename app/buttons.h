@@ -24,10 +24,9 @@ errorblock *swapbuttons(int solving);
 // Whether the bar with Stop is up.
 bool barsolving();
 
-// Whether the user wants long work to end, and a way to say so for what isn't
-// the button.
+// Whether the user wants long work to end. What isn't the button says so by
+// stoprequest (grid/gridwindow.h).
 int stopflag();
-void stoprequest();
 
 // Takes a kind over for the document as it stands, with its bar.
 errorblock *showkind(int32_t kind);

@@ -7,6 +7,7 @@
 #include "desktop/poll.h"
 #include "desktop/timed.h"
 #include "find/findwindow.h"
+#include "grid/gridwindow.h"
 
 namespace
 {
@@ -82,6 +83,11 @@ void searchend()
     remnullhandler(nothing, 0);
     reporterror(swapbuttons(0));
     running--;
+}
+
+bool searchunderway()
+{
+    return running;
 }
 
 void searchpoll()

@@ -8,7 +8,9 @@
 
 void gridredraw();
 void gridcellsredraw(int32_t left, int32_t top, int32_t right, int32_t bottom);
-void gridextent(); // the size of the work area follows the grid's
+void gridextent();                       // the size of the work area follows the grid's
+void gridcellshow(int32_t x, int32_t y); // scrolls as little as shows the cell
+void gridbeep();                         // the user asked for what can't be done
 
 // The title follows the document's name and its changed mark.
 void settitlefromgrid();
@@ -25,6 +27,11 @@ void gridkindapply(int32_t kind);
 // The main window's size in os units; 0, 0 without one.
 void mainwindowsize(int32_t *width, int32_t *height);
 void mainwindowresize(int32_t width, int32_t height);
+
+// A search is under way: it writes into the cells, and nobody else may. The
+// second asks it to come to its end.
+bool searchunderway();
+void stoprequest();
 
 // A text file of words becomes the Wordsquare's word list, which lies above.
 void wordlistload(const char *path);

@@ -12,12 +12,15 @@ struct errorblock;
 struct headlessstate {
     // Calls made, by name.
     int redraws, cellredraws, extents, titles, resultsdropped, kindsapplied, wordlists;
+    int beeps, stops;
     int metrics;
     int refreshes, begins, ends, polls, busy, menubuilds, menudeletes, setchanges, edits;
-    int32_t cells[4];   // the last gridcellsredraw
-    int32_t marklength; // the last length shown; -1 emptied
-    int32_t progress;   // the last count shown
-    int32_t kind;       // the last kind applied
+    int32_t cells[4];       // the last gridcellsredraw
+    int32_t shownx, showny; // the last cell that was to be seen
+    bool searching;         // what is said of a search
+    int32_t marklength;     // the last length shown; -1 emptied
+    int32_t progress;       // the last count shown
+    int32_t kind;           // the last kind applied
     int32_t windowwidth, windowheight;
     uint32_t boxes;                // boxes shown
     int boxanswer;                 // what the next box is answered with

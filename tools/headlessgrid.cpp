@@ -15,6 +15,18 @@ void settitlefromgrid()
 {
     headless.titles++;
 }
+void gridbeep()
+{
+    headless.beeps++;
+}
+void stoprequest()
+{
+    headless.stops++;
+}
+bool searchunderway()
+{
+    return headless.searching;
+}
 void marklengthfield(int32_t length)
 {
     headless.marklength = length;
@@ -27,6 +39,12 @@ void gridcellsredraw(int32_t left, int32_t top, int32_t right, int32_t bottom)
     headless.cells[1] = top;
     headless.cells[2] = right;
     headless.cells[3] = bottom;
+}
+
+void gridcellshow(int32_t x, int32_t y)
+{
+    headless.shownx = x;
+    headless.showny = y;
 }
 
 void resultsdrop()
