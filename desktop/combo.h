@@ -32,3 +32,5 @@ struct listrecord;
 errorblock *addlistbox(window w, intptr_t data, int32_t icon, listrecord **record,
                        combofunction callback);
 errorblock *remlistbox(listrecord *record);
+errorblock *listadd(listrecord *record, const char *text);
+errorblock *listclear(listrecord *record);

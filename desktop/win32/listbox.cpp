@@ -63,3 +63,27 @@ errorblock *remlistbox(listrecord *record)
     rowunfilter(record->self, record, listfilter);
     return heap_free(&memory);
 }
+
+// given is the system's answer, below 0 for a message that it couldn't do.
+static errorblock *listsend(listrecord *record, UINT message, const char *text, LRESULT *given)
+{
+    HWND control;
+    *given = LB_ERR;
+    errorblock *err = iconhandle(record->self, static_cast<int32_t>(record->icon), &control);
+    if (!err) *given = SendMessageA(control, message, 0, reinterpret_cast<LPARAM>(text));
+    return err;
+}
+
+errorblock *listadd(listrecord *record, const char *text)
+{
+    LRESULT given;
+    errorblock *err = listsend(record, LB_ADDSTRING, text, &given);
+    if (!err && given < 0) err = makeerror(ERRORMEMORY);
+    return err;
+}
+
+errorblock *listclear(listrecord *record)
+{
+    LRESULT given;
+    return listsend(record, LB_RESETCONTENT, nullptr, &given);
+}
