@@ -8,11 +8,13 @@
 #include "desktop/help.h"
 #include "desktop/menus.h"
 #include "desktop/poll.h"
+#include "dict/dicteditwindow.h"
 #include "dict/dictmenu.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
+#include "find/spellwindow.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
 #include "grid/gridwindow.h"
@@ -52,6 +54,11 @@ errorblock *manual()
 errorblock *about()
 {
     return showabout(mainwindow, ABOUTVERSION, ABOUTDATE, nullptr);
+}
+
+errorblock *newdictionary()
+{
+    return newdictopen(mainwindow);
 }
 
 bool named()
@@ -101,8 +108,8 @@ const commandrow commands[] = {
     {40005, filesaveclues, false, nullptr, nullptr},
     {40006, gridsavedefault, false, nullptr, nullptr},
     {40007, programexit, false, nullptr, nullptr},
-    {40017, nullptr, true, spellable, nullptr},
-    {40020, nullptr, true, dictdirectoryexists, nullptr},
+    {40017, spellcheck, true, spellable, nullptr},
+    {40020, newdictionary, true, dictdirectoryexists, nullptr},
     {40030, nullptr, true, nullptr, crossword},
     {40031, nullptr, true, nullptr, wordsquare},
     {40008, nullptr, true, nullptr, nullptr},
@@ -128,7 +135,7 @@ errorblock *commandnow(intptr_t row)
 void solutionsforget(uint32_t known, bool loaded, uint32_t number)
 {
     bool gone = ndicts != known || (loaded && !dicts[number].loaded);
-    if (gone && crossword()) resultsdrop();
+    if (gone) dictrefsgone();
 }
 
 errorblock *dictionarynow(intptr_t choice)
@@ -169,6 +176,22 @@ void commandsprepare()
 void dictsetchanged()
 {
     gridchange();
+}
+
+errorblock *dicteditopen(uint32_t number, Dictionary *dict, const char *name)
+{
+    return editopen(mainwindow, number, dict, name);
+}
+
+errorblock *dictwhenidle(afterfunction function, intptr_t data)
+{
+    return aftersearch(function, data);
+}
+
+// A Wordsquare's list holds its words itself.
+void dictrefsgone()
+{
+    if (crossword()) resultsdrop();
 }
 
 void resultsdrop()

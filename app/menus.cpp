@@ -3,6 +3,7 @@
 #include "app/commands.h"
 #include "app/stages.h"
 #include "desktop/menus.h"
+#include "dict/dicteditwindow.h"
 #include "dict/dictmenu.h"
 
 #include <iterator>
@@ -42,6 +43,8 @@ menurow menutable[] = {
     part(MENUHELP, MENUMAIN, BARHELP),
     part(MENUREFLECT, MENUGRID, GRIDREFLECT),
     part(MENUDICTIONARIES, 0, 0),
+    root(MENUWORDLIST, "Dict", editmenuselect, nullptr),
+    part(MENUWORDLISTITEMS, MENUWORDLIST, 0),
     part(MENUGRIDTYPE, MENUGRID, GRIDTYPES),
     part(-1, 0, 0),
 };

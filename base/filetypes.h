@@ -14,6 +14,7 @@ struct errorblock;
 constexpr int32_t FILETYPEEND = -1;     // ends a table
 constexpr int32_t FILETYPEDEFAULT = -2; // the default row
 constexpr int32_t FILETYPEDATA = 0xFFD; // what an unknown file holds
+constexpr int32_t FILETYPETEXT = 0xFFF;
 
 struct filetyperow {
     int32_t type;

@@ -3,6 +3,7 @@
 #include "base/boxes.h"
 #include "base/files.h"
 #include "desktop/menus.h"
+#include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
 
@@ -48,6 +49,7 @@ void dictmenubuild()
     for (int32_t position : positions)
         if (!err) err = linkmenu(MENUDICTIONARIES, MENUWORDS, position);
     reporterror(err);
+    editrenumber();
 }
 
 void dictmenudelete()

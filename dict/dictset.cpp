@@ -82,9 +82,8 @@ errorblock *dictunuse(uint32_t number)
     uint32_t i = setplace(number);
     dictset.count--;
     memmove(dictset.numbers + i, dictset.numbers + i + 1, dictset.count - i);
-    dictrec *record = &dicts[number];
-    record->usecount--;
-    if (!record->usecount && record->loaded) dictunload(number);
+    dicts[number].usecount--;
+    dictdrop(number);
     return nullptr;
 }
 
@@ -107,6 +106,13 @@ void dictunload(uint32_t number)
 {
     dictfree(&dicts[number].dict);
     dicts[number].loaded = 0;
+}
+
+void dictdrop(uint32_t number)
+{
+    const dictrec &record = dicts[number];
+    if (record.usecount || !record.loaded || record.changed || dictediting(number)) return;
+    dictunload(number);
 }
 
 errorblock *dictedit(uint32_t number)

@@ -7,8 +7,8 @@
 // edited, and dropped when no use remains.
 //
 // Loaded and used are two things: an edited or new dictionary is loaded and
-// not in use, and stays in memory until the next document is read; one that
-// failed to load is in use all the same, with no words, and may be tried again.
+// not in use, and stays in memory until the next document is read, or longer if
+// its words are being worked on; one that failed to load is in use all the same, with no words, and may be tried again.
 //
 // Numbers that are passed in are those of known dictionaries.
 #pragma once
@@ -81,6 +81,11 @@ errorblock *dicttoggle(uint32_t number);
 
 errorblock *dictreload(uint32_t number); // errors: dictload's
 void dictunload(uint32_t number);
+
+// Drops what is loaded and not in use, unless the user works on its words: those
+// that were changed are in memory alone, and an empty store in place of one that
+// is open would be saved over its file.
+void dictdrop(uint32_t number);
 
 // Opens the editor, with the dictionary loaded. Errors: dictload's, the
 // window's.

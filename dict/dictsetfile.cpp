@@ -31,7 +31,7 @@ int dictsetread(bfile *file)
         namedadd(name);
     }
     for (uint32_t i = 0; i < ndicts; i++)
-        if (dicts[i].loaded && !dicts[i].usecount) dictunload(i);
+        dictdrop(i);
     return 0;
 }
 

@@ -16,6 +16,9 @@ void dictmenudelete();
 // Opens the editor on a loaded dictionary.
 errorblock *dicteditopen(uint32_t number, Dictionary *dict, const char *name);
 
+// Whether the user has the words of a dictionary open.
+bool dictediting(uint32_t number);
+
 // The lists of words take this font and measure it. Redraws nothing.
 void dictmetricsupdate(const fontrecord *font);
 

@@ -7,14 +7,14 @@
 // them.
 #pragma once
 
+#include "base/filetypes.h"
 #include "grid/appearance.h"
 #include "grid/grid.h"
 
 struct errorblock;
 
-// The file types that a document can come from.
+// The file type of a document; words come from FILETYPETEXT too.
 constexpr int32_t FILETYPEGRID = 259;
-constexpr int32_t FILETYPETEXT = 4095;
 
 // Writes the document, beside the old file until it is whole. The errors are
 // those of base/safesave.h; the old file is as it was then.

@@ -18,6 +18,7 @@ struct headlessstate {
     int32_t cells[4];       // the last gridcellsredraw
     int32_t shownx, showny; // the last cell that was to be seen
     bool searching;         // what is said of a search
+    int editing;            // 1 more than the number of the open dictionary; 0 for none
     int32_t marklength;     // the last length shown; -1 emptied
     int32_t progress;       // the last count shown
     int32_t kind;           // the last kind applied

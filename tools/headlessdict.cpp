@@ -15,6 +15,11 @@ void dictsetchanged()
     headless.setchanges++;
 }
 
+bool dictediting(uint32_t number)
+{
+    return headless.editing == static_cast<int>(number) + 1;
+}
+
 void dictmetricsupdate(const fontrecord *) {}
 
 errorblock *dicteditopen(uint32_t, Dictionary *, const char *)

@@ -227,6 +227,28 @@ TEST_CASE("an edited dictionary is loaded and not in use")
     CHECK_FALSE(dicts[1].loaded);
 }
 
+TEST_CASE("words that the user works on outlast their dictionary's use")
+{
+    start({"a", "b", "c"});
+    for (uint32_t i = 0; i < 3; i++)
+        REQUIRE_FALSE(dictuse(i));
+    REQUIRE_FALSE(dictadd("new", &dicts[0].dict));
+    dicts[0].changed = 1;
+    headless.editing = 2; // b
+    for (uint32_t i = 0; i < 3; i++)
+        REQUIRE_FALSE(dictunuse(i));
+    CHECK((dicts[0].loaded && dicts[1].loaded && !dicts[2].loaded));
+    CHECK(setread(padded("")) == 0);
+    CHECK((dicts[0].loaded && dicts[1].loaded));
+    CHECK(dictcount(&dicts[0].dict) == 2);
+    dictsavechanges();
+    headless.editing = 0;
+    CHECK(setread(padded("")) == 0);
+    CHECK((!dicts[0].loaded && !dicts[1].loaded));
+    REQUIRE_FALSE(dictreload(0));
+    CHECK(dictcount(&dicts[0].dict) == 2); // what was saved
+}
+
 TEST_CASE("a new dictionary stands among the others by name, and the set follows")
 {
     start({"Beta", "delta"});

@@ -1,0 +1,117 @@
+// Files of words in and out of the dictionary that is open in the editor.
+
+#include "base/filetypes.h"
+#include "base/syserr.h"
+#include "base/text.h"
+#include "desktop/filedialogs.h"
+#include "desktop/handlers.h"
+#include "desktop/hourglass.h"
+#include "dict/dicteditwindow.h"
+#include "dict/dictset.h"
+#include "dict/wordimport.h"
+
+#include <iterator>
+
+namespace
+{
+
+constexpr const char *FILTERWORDS = "Text file of words (*.txt)";
+constexpr int32_t ENTRYIMPORT = 40024, ENTRYEXPORT = 40025;
+
+char importpath[PATHSIZE]; // of the import that waits for a search's end
+
+// The words so far are shown after an error too.
+errorblock *importnow(intptr_t)
+{
+    if (!editor.self) return nullptr;
+    uint32_t before = dictcount(editor.view.wordrows);
+    hourglasson();
+    kepterror kept = keeperror(wordimport(importpath, editor.number));
+    errorblock *err = editshow(before);
+    hourglassoff();
+    return firsterror(kept, err);
+}
+
+errorblock *importfile(const char *path)
+{
+    errorblock *err = xzstrncpy(importpath, path, sizeof importpath);
+    return err ? err : dictwhenidle(importnow, 0);
+}
+
+// The editor may have closed while a box was open.
+errorblock *importchosen(const char *path, int32_t, intptr_t, intptr_t)
+{
+    return importfile(path);
+}
+
+errorblock *exportchosen(const char *path, int32_t)
+{
+    return editor.self ? wordexport(path, editor.view.wordrows) : nullptr;
+}
+
+void wordsformat(intptr_t, int32_t, int32_t *type, char *, int32_t)
+{
+    *type = FILETYPETEXT;
+}
+
+errorblock *dropasked(const char *, int32_t filetype, mouserecord *, intptr_t, int *accept)
+{
+    *accept = filetype == FILETYPETEXT;
+    return nullptr;
+}
+
+errorblock *droploaded(const char *path, int32_t, intptr_t, intptr_t)
+{
+    return importfile(path);
+}
+
+errorblock *dropdone(intptr_t)
+{
+    return nullptr;
+}
+
+} // namespace
+
+errorblock *editimportbox()
+{
+    static const int32_t types[] = {FILETYPETEXT};
+    static const loadgroup groups[] = {{FILTERWORDS, std::size(types), types}};
+    char path[PATHSIZE] = "";
+    return loadfile(path, 0, groups, std::size(groups), importchosen, 0, editor.self);
+}
+
+errorblock *editexportbox()
+{
+    static const savefilter rows[] = {{FILTERWORDS, wordsformat}};
+    char path[PATHSIZE] = "TextFile";
+    int32_t chosen = 0;
+    savefilterset(std::size(rows), rows, &chosen);
+    return savefileowner(path, sizeof path, FILETYPETEXT, exportchosen, editor.self);
+}
+
+errorblock *editmenuselect(const int32_t *path, window)
+{
+    if (!editor.self) return nullptr;
+    for (; *path != -1; path++) {
+        if (*path == ENTRYIMPORT) return editimportbox();
+        if (*path == ENTRYEXPORT) return editexportbox();
+    }
+    return nullptr;
+}
+
+errorblock *editdropsadd()
+{
+    window pane = editor.view.pane;
+    errorblock *err = adddrophandler(pane, 0, dropasked);
+    if (!err) err = adddroploadhandler(pane, 0, droploaded);
+    if (!err) err = adddropdonehandler(pane, 0, dropdone);
+    return err;
+}
+
+void editdropsremove()
+{
+    window pane = editor.view.pane;
+    remdrophandler(pane, 0, dropasked);
+    remdroploadhandler(pane, 0, droploaded);
+    remdropdonehandler(pane, 0, dropdone);
+}

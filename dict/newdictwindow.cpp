@@ -1,0 +1,84 @@
+// The box that asks for a new dictionary's name.
+
+#include "base/syserr.h"
+#include "base/text.h"
+#include "desktop/dialogs.h"
+#include "desktop/handlers.h"
+#include "desktop/icons.h"
+#include "desktop/templates.h"
+#include "desktop/windows.h"
+#include "dict/dicteditwindow.h"
+#include "dict/dictset.h"
+
+namespace
+{
+
+constexpr int32_t TEMPLATENEWDICT = 260;
+constexpr int32_t FIELDNAME = 1030, BUTTONOK = 1, BUTTONCANCEL = 2;
+
+struct newdictrecord {
+    window self, parent; // self 0 while closed
+    char name[257];      // of the dictionary that waits for a search's end
+};
+newdictrecord box;
+
+errorblock *createnow(intptr_t)
+{
+    errorblock *err = dictcreate(box.name);
+    if (!err) dictrefsgone();
+    return err;
+}
+
+errorblock *boxclick(window self, intptr_t data, mouserecord *mouse);
+errorblock *boxclosed(window self, intptr_t data);
+
+// The parent takes input again before the box goes, so that the system makes it
+// the active window.
+errorblock *boxclose()
+{
+    if (box.parent) enablewindow(box.parent, 1);
+    box.parent = 0;
+    remclickhandler(boxclick, box.self, 0);
+    remclosehandler(boxclosed, box.self, 0);
+    return removewindow(&box.self);
+}
+
+errorblock *boxclick(window, intptr_t, mouserecord *mouse)
+{
+    if (mouse->buttons != BUTTONLEFT) return nullptr;
+    if (mouse->icon == BUTTONCANCEL) return boxclose();
+    if (mouse->icon != BUTTONOK) return nullptr;
+    errorblock *err = copyicontext(box.self, FIELDNAME, box.name, sizeof box.name);
+    if (err) return err;
+    err = boxclose();
+    return err ? err : dictwhenidle(createnow, 0);
+}
+
+errorblock *boxclosed(window, intptr_t)
+{
+    return boxclose();
+}
+
+errorblock *boxcreate(window parent)
+{
+    errorblock *err = createwindow(TEMPLATENEWDICT, nullptr, &box.self, parent);
+    if (!err) err = seticonlimit(box.self, FIELDNAME, sizeof box.name - 1);
+    if (!err) err = addclickhandler(boxclick, box.self, 0);
+    if (!err) err = addclosehandler(boxclosed, box.self, 0);
+    if (!err) err = opencentred(box.self, 0);
+    if (!err) err = setcaret(box.self, FIELDNAME, 0, 0, 0, 0);
+    if (!err) err = enablewindow(parent, 0);
+    if (!err) box.parent = parent;
+    return err;
+}
+
+} // namespace
+
+errorblock *newdictopen(window parent)
+{
+    if (box.self) return raisewindow(box.self, 0, nullptr);
+    errorblock *err = boxcreate(parent);
+    if (!err || !box.self) return err;
+    kepterror kept = keeperror(err);
+    return firsterror(kept, boxclose());
+}
