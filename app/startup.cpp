@@ -11,6 +11,7 @@
 #include "desktop/stages.h"
 #include "desktop/task.h"
 #include "dict/dictset.h"
+#include "find/solutions.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
 
@@ -30,6 +31,7 @@ errorblock *initdata()
     errorblock *err = dictstart();
     if (err) return err;
     gridreset();
+    solutionsreset();
     err = choicesload();
     if (!err) err = gridloaddefault();
     return err;

@@ -40,6 +40,14 @@ appearance slot = FACTORY;
 void appearancereset()
 {
     slot = FACTORY;
+    cursorcolour = CURSORCOLOURDEFAULT;
+    selectedcolour = SELECTEDCOLOURDEFAULT;
+}
+
+void listfontsset(const fontrecord &solutions, const fontrecord &dictionaries)
+{
+    solfont = slot.solfont = solutions;
+    dictfont = slot.dictfont = dictionaries;
 }
 
 void gridsetdefaults()

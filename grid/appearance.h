@@ -7,8 +7,8 @@
 
 #include "grid/grid.h"
 
-// The fonts of the solutions list and of the dictionary windows. The choices
-// change them too.
+// The fonts of the solutions list and of the dictionary windows, which are the
+// user's.
 extern fontrecord solfont, dictfont;
 
 // What the cursor's cell and marked cells are filled with, 0xBBGGRR00. They are
@@ -16,7 +16,11 @@ extern fontrecord solfont, dictfont;
 constexpr uint32_t CURSORCOLOURDEFAULT = 0xFFBB0000, SELECTEDCOLOURDEFAULT = 0xBBEEEE00;
 extern uint32_t cursorcolour, selectedcolour;
 
-// The slot as the factory has it; the document and the list fonts stay.
+// The list fonts and the slot's, which whoever falls back on the slot gets.
+void listfontsset(const fontrecord &solutions, const fontrecord &dictionaries);
+
+// The slot and the user's colours as the factory has them; the document and the
+// list fonts stay.
 void appearancereset();
 
 // The slot to the document and the list fonts.

@@ -12,8 +12,3 @@ errorblock *linkmenus()
 {
     return nullptr;
 }
-
-errorblock *choicesload()
-{
-    return nullptr;
-}

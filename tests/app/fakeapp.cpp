@@ -20,11 +20,6 @@ errorblock *linkmenus()
     return stage("linkmenus");
 }
 
-errorblock *choicesload()
-{
-    return stage("choicesload");
-}
-
 errorblock *openmainwindow()
 {
     return stage("openmainwindow");

@@ -9,6 +9,7 @@
 #include "desktop/task.h"
 #include "desktop/timed.h"
 #include "dict/dictset.h"
+#include "find/solutions.h"
 #include "grid/grid.h"
 #include "tests/desktop/fake/fakesource.h"
 #include "tests/support/runner.h"
@@ -20,6 +21,7 @@ void modulesreset()
     appresourcesreset();
     dictstop();
     gridreset();
+    solutionsreset();
     blockend();
     timedreset();
     handlersreset();

@@ -65,7 +65,7 @@ std::string applog()
     return at == std::string::npos ? "none of " + log : log.substr(at + 15);
 }
 
-const char wholelog[] = "linktemplates, linkmenus, choicesload, message 3, openmainwindow, "
+const char wholelog[] = "linktemplates, linkmenus, message 3, openmainwindow, "
                         "message 65543, wait, message 4, modeinfoend";
 
 std::string gridfile(const char *leaf)
@@ -88,6 +88,7 @@ TEST_CASE("the program starts, runs and ends in its order")
     CHECK(headless.boxes == 0);
     CHECK(grid.width == 16);
     CHECK(grid.filename[0] == 0);
+    CHECK(headless.metrics == 1); // of the lists, by the choices
 }
 
 TEST_CASE("a library that doesn't start is told, and the program ends with 0")
@@ -110,11 +111,12 @@ TEST_CASE("an application that doesn't start whole goes on without a word")
         // Without the quit handler the poll ends the process itself.
         CHECK(applog() == "linktemplates, message 3, openmainwindow, message 65543, wait");
     }
-    SUBCASE("choices")
+    SUBCASE("menus")
     {
-        fake.failstage = "choicesload";
+        fake.failstage = "linkmenus";
         CHECK(run() == 0);
-        CHECK(applog() == wholelog);
+        CHECK(applog() ==
+              "linktemplates, linkmenus, message 3, openmainwindow, message 65543, wait");
     }
     CHECK(headless.boxes == 0);
 }
@@ -123,9 +125,8 @@ TEST_CASE("a main window that doesn't open is the end")
 {
     fake.failstage = "openmainwindow";
     CHECK(run() == 0);
-    CHECK(
-        applog() ==
-        "linktemplates, linkmenus, choicesload, message 3, openmainwindow, message 4, modeinfoend");
+    CHECK(applog() ==
+          "linktemplates, linkmenus, message 3, openmainwindow, message 4, modeinfoend");
     CHECK(headless.boxes == 1);
 }
 
