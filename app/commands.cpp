@@ -17,6 +17,9 @@
 #include "find/spellwindow.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
+#include "grid/gridreflect.h"
+#include "grid/gridshape.h"
+#include "grid/gridsizewindow.h"
 #include "grid/gridwindow.h"
 
 namespace
@@ -40,6 +43,59 @@ errorblock *newwords()
     return nullptr;
 }
 
+errorblock *crosswordbegin()
+{
+    gridsetkind(GRIDCROSSWORD);
+    return nullptr;
+}
+
+errorblock *wordsquarebegin()
+{
+    gridsetkind(GRIDWORDSQUARE);
+    return nullptr;
+}
+
+errorblock *sizeask()
+{
+    return gridsizeopen(mainwindow);
+}
+
+errorblock *reflectvertical()
+{
+    gridreflect(REFLECTVERTICAL);
+    return nullptr;
+}
+
+errorblock *reflecthorizontal()
+{
+    gridreflect(REFLECTHORIZONTAL);
+    return nullptr;
+}
+
+errorblock *reflectrising()
+{
+    gridreflect(REFLECTRISING);
+    return nullptr;
+}
+
+errorblock *reflectfalling()
+{
+    gridreflect(REFLECTFALLING);
+    return nullptr;
+}
+
+errorblock *upperswitch()
+{
+    gridcaseswitch(CASEUPPER);
+    return nullptr;
+}
+
+errorblock *lowerswitch()
+{
+    gridcaseswitch(CASELOWER);
+    return nullptr;
+}
+
 errorblock *programexit()
 {
     if (!quitquery()) postquit(0);
@@ -59,6 +115,11 @@ errorblock *about()
 errorblock *newdictionary()
 {
     return newdictopen(mainwindow);
+}
+
+errorblock *checkspelling()
+{
+    return spellcheck(mainwindow);
 }
 
 bool named()
@@ -108,17 +169,17 @@ const commandrow commands[] = {
     {40005, filesaveclues, false, nullptr, nullptr},
     {40006, gridsavedefault, false, nullptr, nullptr},
     {40007, programexit, false, nullptr, nullptr},
-    {40017, spellcheck, true, spellable, nullptr},
+    {40017, checkspelling, true, spellable, nullptr},
     {40020, newdictionary, true, dictdirectoryexists, nullptr},
-    {40030, nullptr, true, nullptr, crossword},
-    {40031, nullptr, true, nullptr, wordsquare},
-    {40008, nullptr, true, nullptr, nullptr},
-    {40009, nullptr, true, crossword, nullptr},
-    {40010, nullptr, true, crossword, nullptr},
-    {40023, nullptr, true, crossword, nullptr},
-    {40011, nullptr, true, crossword, nullptr},
-    {40013, nullptr, true, nullptr, upper},
-    {40014, nullptr, true, nullptr, lower},
+    {40030, crosswordbegin, true, nullptr, crossword},
+    {40031, wordsquarebegin, true, nullptr, wordsquare},
+    {40008, sizeask, true, nullptr, nullptr},
+    {40009, reflectvertical, true, crossword, nullptr},
+    {40010, reflecthorizontal, true, crossword, nullptr},
+    {40023, reflectrising, true, crossword, nullptr},
+    {40011, reflectfalling, true, crossword, nullptr},
+    {40013, upperswitch, true, nullptr, upper},
+    {40014, lowerswitch, true, nullptr, lower},
     {40026, nullptr, true, nullptr, nullptr},
     {40027, nullptr, true, nullptr, nullptr},
     {40015, manual, false, nullptr, nullptr},
