@@ -4,6 +4,7 @@
 #include "base/messages.h"
 #include "desktop/blocks.h"
 #include "desktop/handlers.h"
+#include "desktop/helptable.h"
 #include "desktop/poll.h"
 #include "desktop/task.h"
 #include "desktop/timed.h"
@@ -19,6 +20,7 @@ void modulesreset()
     handlersreset();
     pollreset();
     taskreset();
+    helptablereset();
     endtrans();
     initerror();
     setleave(fakeleave);
