@@ -1,5 +1,7 @@
 #include "app/commands.h"
 
+#include "app/choiceswindow.h"
+#include "app/customise.h"
 #include "app/filecommands.h"
 #include "app/longwork.h"
 #include "app/mainwindow.h"
@@ -180,8 +182,8 @@ const commandrow commands[] = {
     {40011, reflectfalling, true, crossword, nullptr},
     {40013, upperswitch, true, nullptr, upper},
     {40014, lowerswitch, true, nullptr, lower},
-    {40026, nullptr, true, nullptr, nullptr},
-    {40027, nullptr, true, nullptr, nullptr},
+    {40026, customiseopen, true, nullptr, nullptr},
+    {40027, choicesopen, true, nullptr, nullptr},
     {40015, manual, false, nullptr, nullptr},
     {40016, about, false, nullptr, nullptr},
 };

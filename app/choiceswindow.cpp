@@ -1,0 +1,125 @@
+#include "app/choiceswindow.h"
+
+#include "app/choices.h"
+#include "app/mainwindow.h"
+#include "app/numberfield.h"
+#include "app/samples.h"
+#include "base/syserr.h"
+#include "desktop/dialogs.h"
+#include "desktop/handlers.h"
+#include "desktop/icons.h"
+#include "desktop/templates.h"
+#include "desktop/windows.h"
+#include "dict/wordview.h"
+#include "find/findwindow.h"
+#include "find/solutions.h"
+#include "grid/grid.h"
+#include "grid/gridwindow.h"
+
+#include <iterator>
+
+namespace
+{
+
+constexpr int32_t TEMPLATECHOICES = 266;
+constexpr int32_t BUTTONOK = 1, BUTTONCANCEL = 2, BUTTONSAVE = 3;
+constexpr numberfield LIMIT = {1022, 1023, MAXSOLUTIONSMIN, MAXSOLUTIONSMIN, MAXSOLUTIONSMAX};
+constexpr uint32_t BLACK = 0, WHITE = 0xFFFFFF00;
+
+struct {
+    window self;           // 0 while it isn't open
+    choicesrecord scratch; // what is shown
+} dialog;
+
+const samplerow rows[] = {
+    {1016, 1033, &dialog.scratch.cursorcolour, nullptr},
+    {1019, 1012, &dialog.scratch.selectedcolour, nullptr},
+    {1017, 1011, nullptr, &dialog.scratch.dictfont},
+    {1018, 1013, nullptr, &dialog.scratch.solfont},
+};
+const sampleset samples = {rows, std::size(rows), &BLACK, &WHITE};
+
+errorblock *clicked(window, intptr_t, mouserecord *mouse);
+errorblock *closed(window, intptr_t);
+
+errorblock *painted(window self, intptr_t)
+{
+    return samplespaint(self, samples);
+}
+
+errorblock *handlersadd()
+{
+    errorblock *err = addredrawhandler(painted, dialog.self, 0);
+    if (!err) err = addclickhandler(clicked, dialog.self, 0);
+    if (!err) err = addclosehandler(closed, dialog.self, 0);
+    return err;
+}
+
+// The main window takes input again before the dialog goes: the system would
+// make another program's window the active one.
+errorblock *dialogend()
+{
+    enablewindow(mainwindow, 1);
+    remclosehandler(closed, dialog.self, 0);
+    remclickhandler(clicked, dialog.self, 0);
+    remredrawhandler(painted, dialog.self, 0);
+    return removewindow(&dialog.self);
+}
+
+// Everything that goes by the choices is measured and drawn anew.
+errorblock *choicesapply()
+{
+    metricsupdate();
+    solrelayout();
+    solutionsrefresh();
+    gridredraw();
+    return wordviewsrefresh();
+}
+
+// The split is the splitter's: it is where it is now.
+errorblock *choicestake(bool save)
+{
+    errorblock *err = numbertake(dialog.self, LIMIT, &dialog.scratch.maxsolutions);
+    if (err) return err;
+    dialog.scratch.splitfraction = grid.splitfraction;
+    choicesset(dialog.scratch);
+    kepterror kept = keeperror(choicesapply());
+    if (save) kept = keeperror(firsterror(kept, choicessave()));
+    return firsterror(kept, dialogend());
+}
+
+errorblock *clicked(window self, intptr_t, mouserecord *mouse)
+{
+    if (mouse->buttons != BUTTONLEFT) return nullptr;
+    switch (mouse->icon) {
+    case BUTTONOK:
+        return choicestake(false);
+    case BUTTONSAVE:
+        return choicestake(true);
+    case BUTTONCANCEL:
+        return dialogend();
+    }
+    return sampleschoose(self, samples, static_cast<int32_t>(mouse->icon));
+}
+
+errorblock *closed(window, intptr_t)
+{
+    return dialogend();
+}
+
+} // namespace
+
+errorblock *choicesopen()
+{
+    if (dialog.self) return raisewindow(dialog.self, 0, nullptr);
+    errorblock *err = createwindow(TEMPLATECHOICES, nullptr, &dialog.self, mainwindow);
+    if (err) return err;
+    choicesget(&dialog.scratch);
+    err = handlersadd();
+    if (!err) err = numbershow(dialog.self, LIMIT, dialog.scratch.maxsolutions);
+    if (!err) err = opencentred(dialog.self, 0);
+    if (!err) err = caretatend(dialog.self, LIMIT.field);
+    if (!err) return enablewindow(mainwindow, 0);
+    kepterror kept = keeperror(err);
+    return firsterror(kept, dialogend());
+}

@@ -1,0 +1,113 @@
+#include "app/samples.h"
+
+#include "desktop/icons.h"
+#include "desktop/redraw.h"
+#include "desktop/windows.h"
+#include "graphics/colours.h"
+#include "graphics/fonts.h"
+#include "graphics/modeinfo.h"
+#include "graphics/pickers.h"
+#include "graphics/plot.h"
+#include "graphics/textmeasure.h"
+#include "graphics/textplot.h"
+
+#include <cstring>
+#include <span>
+
+namespace
+{
+
+constexpr const char *SAMPLETEXT = "ABCabc123";
+constexpr int32_t TEXTLEFT = 6; // OS units from the edge
+constexpr uint32_t FRAMECOLOUR = 0;
+constexpr int32_t CHOSEN = 1; // the bit of a picker's result
+
+std::span<const samplerow> rowsof(const sampleset &set)
+{
+    return {set.rows, static_cast<size_t>(set.count)};
+}
+
+void boxfill(const osbox &box, uint32_t colour)
+{
+    setcolour(colour);
+    fillbox(box.x0, box.y0, box.x1 - box.x0, box.y1 - box.y0);
+}
+
+// In the middle of the box's height; of a font that is too large, what the frame
+// lets be seen.
+void textinside(const osbox &box)
+{
+    fontmetrics metrics = {};
+    fontmetricsget(&metrics);
+    int32_t above = (box.y1 - box.y0 - devtoosy(metrics.height)) / 2;
+    int32_t pixelx = devtoosx(1), pixely = devtoosy(1);
+    textclip inside = {box.x0 + pixelx, box.y0 + pixely, box.x1 - pixelx, box.y1 - pixely};
+    plottextx(SAMPLETEXT, static_cast<int32_t>(strlen(SAMPLETEXT)), TEXTOSUNITS, box.x0 + TEXTLEFT,
+              box.y1 - above - devtoosy(metrics.ascent), &inside, nullptr);
+}
+
+errorblock *fontpaint(const osbox &box, const fontrecord *record, const sampleset &set)
+{
+    boxfill(box, *set.background);
+    setcolour(FRAMECOLOUR);
+    hollowbox(box.x0, box.y0, box.x1 - box.x0, box.y1 - box.y0);
+    fonthandle font;
+    errorblock *err = fontfind(record, &font);
+    if (err) return err;
+    fontset(font, FONTCLEAR, *set.text, 0);
+    fontalign(0);
+    textinside(box);
+    return fontlose(font);
+}
+
+errorblock *samplepaint(window self, const samplerow &row, const sampleset &set)
+{
+    osbox box;
+    errorblock *err = iconbox(self, row.sample, &box);
+    if (err) return err;
+    if (row.font) return fontpaint(box, row.font, set);
+    boxfill(box, *row.colour);
+    return nullptr;
+}
+
+// The samples of fonts are in colours of other rows.
+errorblock *samplesredraw(window self, const sampleset &set)
+{
+    errorblock *err = nullptr;
+    for (const samplerow &row : rowsof(set)) {
+        osbox box;
+        if (!err) err = iconbox(self, row.sample, &box);
+        if (!err) err = forceredraw(self, box.x0, box.y0, box.x1, box.y1);
+    }
+    return err;
+}
+
+} // namespace
+
+errorblock *samplespaint(window self, const sampleset &set)
+{
+    redrawrecord r = {};
+    r.self = self;
+    int more;
+    errorblock *err = redrawin(&r, &more);
+    while (!err && more) {
+        errorblock *painted = nullptr;
+        for (const samplerow &row : rowsof(set))
+            if (!painted) painted = samplepaint(self, row, set);
+        err = redrawnext(&r, &more);
+        if (!err) err = painted;
+    }
+    return err;
+}
+
+errorblock *sampleschoose(window self, const sampleset &set, int32_t icon)
+{
+    for (const samplerow &row : rowsof(set)) {
+        if (row.sample != icon && row.button != icon) continue;
+        int32_t result = 0;
+        errorblock *err = row.font ? choosefont(self, 0, row.font, &result)
+                                   : choosecolour(self, 0, row.colour, &result);
+        return !err && (result & CHOSEN) ? samplesredraw(self, set) : err;
+    }
+    return nullptr;
+}
