@@ -37,5 +37,9 @@ extern headlessstate headless;
 
 void headlessreset();
 
+// Whether the grid's cells were all drawn since they last changed, cursor and
+// all. gridredraw begins it.
+bool headlessdrawn();
+
 // Runs the worker that a start call left, if it left one.
 errorblock *headlessrun();

@@ -3,9 +3,37 @@
 #include "grid/grid.h"
 #include "tools/headless.h"
 
+// What a screen would show of a cell; it is never reset, since whoever looks
+// draws everything first.
+static uint32_t drawn[GRIDSTRIDE][GRIDSTRIDE];
+
+static uint32_t looks(int32_t x, int32_t y)
+{
+    constexpr uint32_t CURSOR = 0x10000;
+    uint32_t flags = grid.flags[x][y] & (CELLKIND | BARLEFT | BARTOP);
+    bool cursor = x == grid.cursorx && y == grid.cursory;
+    return (cursor ? CURSOR : 0) | flags << 8 | grid.letters[x][y];
+}
+
+static void draw(int32_t left, int32_t top, int32_t right, int32_t bottom)
+{
+    for (int32_t x = left; x <= right; x++)
+        for (int32_t y = top; y <= bottom; y++)
+            if (gridinside(x, y)) drawn[x][y] = looks(x, y);
+}
+
+bool headlessdrawn()
+{
+    for (int32_t x = 0; x < grid.width; x++)
+        for (int32_t y = 0; y < grid.height; y++)
+            if (drawn[x][y] != looks(x, y)) return false;
+    return true;
+}
+
 void gridredraw()
 {
     headless.redraws++;
+    draw(0, 0, grid.width - 1, grid.height - 1);
 }
 void gridextent()
 {
@@ -35,6 +63,7 @@ void marklengthfield(int32_t length)
 void gridcellsredraw(int32_t left, int32_t top, int32_t right, int32_t bottom)
 {
     headless.cellredraws++;
+    draw(left, top, right, bottom);
     headless.cells[0] = left;
     headless.cells[1] = top;
     headless.cells[2] = right;

@@ -1,0 +1,131 @@
+#include "grid/gridreflect.h"
+
+#include "grid/grid.h"
+#include "grid/gridpicture.h"
+#include "tools/headless.h"
+
+#include <doctest/doctest.h>
+
+#include <random>
+#include <string>
+
+namespace
+{
+
+std::string reflected(const std::string &picture, int32_t which)
+{
+    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
+    gridreflect(which);
+    std::string text;
+    picturetextwrite(&text);
+    return text;
+}
+
+uint8_t kind(int32_t x, int32_t y)
+{
+    return grid.flags[x][y] & CELLKIND;
+}
+
+void randomblocks(int32_t width, int32_t height, uint32_t seed)
+{
+    std::mt19937 draw(seed);
+    gridclear();
+    grid.width = width;
+    grid.height = height;
+    for (int32_t x = 0; x < width; x++)
+        for (int32_t y = 0; y < height; y++)
+            if (draw() % 3 == 0) grid.flags[x][y] = CELLBLOCK;
+}
+
+} // namespace
+
+TEST_CASE("left onto right: blocks to their mirror, bars to their edge's, letters stay")
+{
+    CHECK(reflected("a#..b\n..#cd\n#....\n\nleft 1,0\ntop 1,1\n", REFLECTHORIZONTAL) ==
+          "a#.#b\n..#cd\n#...#\n\nleft 1,0 4,0\ntop 1,1 3,1\n");
+    SUBCASE("the first column's bar lands behind the last column")
+    {
+        reflected("...\n\nleft 0,0\n", REFLECTHORIZONTAL);
+        CHECK(grid.flags[3][0] == BARLEFT);
+    }
+    SUBCASE("of an even size the middle stays")
+    {
+        CHECK(reflected("##....\n#.#.##\n", REFLECTHORIZONTAL) == "##..##\n#.#..#\n");
+    }
+    SUBCASE("the last copied column keeps the bar of the cell opposite")
+    {
+        CHECK(reflected(".....\n.....\n\nleft 3,1\n", REFLECTHORIZONTAL) ==
+              ".....\n.....\n\nleft 3,0 3,1\n");
+    }
+}
+
+TEST_CASE("top onto bottom")
+{
+    CHECK(reflected("a#.\n.#.\n...\n..#\nb..\n\nleft 1,0\ntop 0,1\n", REFLECTVERTICAL) ==
+          "a#.\n.#.\n...\n.#.\nb#.\n\nleft 1,0 1,4\ntop 0,1 0,4\n");
+    reflected(".\n.\n.\n\ntop 0,0\n", REFLECTVERTICAL);
+    CHECK(grid.flags[0][3] == BARTOP);
+    CHECK(reflected("#\n.\n#\n.\n", REFLECTVERTICAL) == "#\n.\n#\n#\n");
+}
+
+TEST_CASE("half a turn, bars to the edges that they turn to")
+{
+    CHECK(reflected("#..\n...\n..#\n\nleft 1,0\ntop 0,1\n", REFLECTRISING) ==
+          "#..\n...\n..#\n\nleft 1,0 2,2\ntop 0,1 2,2\n");
+    CHECK(reflected("a.#\n...\n#.b\n\nleft 2,0\ntop 2,1\n", REFLECTFALLING) ==
+          "a.#\n...\n#.b\n\nleft 2,0 1,2\ntop 2,1 0,2\n");
+}
+
+TEST_CASE("a turned grid is the same upside down, and the source stays")
+{
+    bool rising = false;
+    SUBCASE("/")
+    {
+        rising = true;
+    }
+    SUBCASE("\\")
+    {
+        rising = false;
+    }
+    for (uint32_t seed = 1; seed <= 20; seed++) {
+        CAPTURE(seed);
+        int32_t size = 2 + static_cast<int32_t>(seed % 9);
+        randomblocks(size, size, seed);
+        griddocument before = grid;
+        gridreflect(rising ? REFLECTRISING : REFLECTFALLING);
+        for (int32_t x = 0; x < size; x++)
+            for (int32_t y = 0; y < size; y++) {
+                REQUIRE(kind(x, y) == kind(size - 1 - x, size - 1 - y));
+                bool source = rising ? x + y < size - 1 : x > y;
+                if (source) REQUIRE(kind(x, y) == (before.flags[x][y] & CELLKIND));
+            }
+    }
+}
+
+TEST_CASE("sixteen columns: 0 to 6 onto 15 to 9; the largest grid stays in its arrays")
+{
+    randomblocks(16, 16, 5);
+    griddocument before = grid;
+    gridreflect(REFLECTHORIZONTAL);
+    for (int32_t x = 0; x < 16; x++)
+        for (int32_t y = 0; y < 16; y++)
+            REQUIRE(kind(x, y) == (before.flags[x < 9 ? x : 15 - x][y] & CELLKIND));
+
+    for (int32_t which : {REFLECTHORIZONTAL, REFLECTVERTICAL, REFLECTRISING, REFLECTFALLING})
+        for (int32_t size : {1, 2, 127}) {
+            randomblocks(size, size, 6);
+            gridreflect(which);
+        }
+}
+
+TEST_CASE("a reflection is an edit, and drops mark and results")
+{
+    grid.flags[1][1] = CELLMARKED;
+    grid.markleft = grid.markright = grid.marktop = grid.markbottom = 1;
+    gridreflect(REFLECTVERTICAL);
+    CHECK(grid.markleft == -1);
+    CHECK(grid.flags[1][14] == CELLOPEN);
+    CHECK(headless.resultsdropped == 1);
+    CHECK(headless.redraws == 1);
+    CHECK(grid.changed == 1);
+}

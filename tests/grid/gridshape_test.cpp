@@ -1,0 +1,90 @@
+#include "grid/gridshape.h"
+
+#include "grid/grid.h"
+#include "tools/headless.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+
+TEST_CASE("a change of size keeps cells and squares")
+{
+    grid.letters[10][10] = 'q';
+    grid.flags[2][2] = CELLMARKED;
+    grid.markleft = grid.markright = grid.marktop = grid.markbottom = 2;
+    gridsize(5, 128);
+    CHECK(grid.width == 5);
+    CHECK(grid.height == 127);
+    CHECK(grid.cellwidth == 36);
+    CHECK(grid.letters[10][10] == 'q');
+    CHECK(grid.flags[2][2] == CELLOPEN);
+    CHECK(grid.markleft == -1);
+    CHECK(headless.extents == 1);
+    CHECK(headless.redraws == 1);
+    CHECK(headless.resultsdropped == 1);
+    CHECK(grid.changed == 1);
+}
+
+TEST_CASE("another kind is another document; the same is none")
+{
+    gridsetfilename("one.qmg");
+    grid.letters[1][1] = 'q';
+    grid.letters[100][100] = 'q';
+    grid.flags[2][2] = CELLBLOCK | BARTOP;
+    gridchange();
+    SUBCASE("the same")
+    {
+        gridsetkind(GRIDCROSSWORD);
+        CHECK(grid.letters[1][1] == 'q');
+        CHECK(gridsunsaved() == 1);
+        CHECK(headless.kindsapplied == 0);
+        CHECK(headless.redraws == 0);
+    }
+    SUBCASE("another")
+    {
+        int titles = headless.titles;
+        gridsetkind(GRIDWORDSQUARE);
+        CHECK(grid.kind == GRIDWORDSQUARE);
+        CHECK(headless.kind == GRIDWORDSQUARE);
+        CHECK(headless.kindsapplied == 1);
+        CHECK(grid.letters[1][1] == ' ');
+        CHECK(grid.letters[100][100] == ' ');
+        CHECK(grid.flags[2][2] == 0);
+        CHECK(grid.cursorx == -1);
+        CHECK(grid.lastcursory == -1);
+        CHECK(gridsunsaved() == 0);
+        CHECK(grid.filename[0] == 0);
+        CHECK(headless.titles == titles + 1);
+        CHECK(headless.resultsdropped == 1);
+        CHECK(headless.redraws == 1);
+    }
+}
+
+TEST_CASE("each case switches itself, and the other off")
+{
+    grid.letters[0][0] = 'q';
+    grid.letters[127][127] = 'q';
+    grid.letters[1][0] = 'q';
+    grid.flags[1][0] = CELLBLOCK;
+    grid.flags[2][0] = CELLMARKED;
+    grid.letters[2][0] = 'q';
+    grid.markleft = grid.markright = 2;
+    grid.marktop = grid.markbottom = 0;
+
+    gridcaseswitch(CASEUPPER);
+    CHECK(grid.casemode == CASEUPPER);
+    CHECK(grid.letters[0][0] == 'Q');
+    CHECK(grid.letters[127][127] == 'Q');
+    CHECK(grid.letters[1][0] == 'q');
+    CHECK(grid.letters[2][0] == 'Q'); // no longer marked
+    CHECK(headless.resultsdropped == 1);
+    CHECK(headless.redraws == 1);
+
+    gridcaseswitch(CASELOWER);
+    CHECK(grid.casemode == CASELOWER);
+    CHECK(grid.letters[0][0] == 'q');
+    gridcaseswitch(CASELOWER);
+    CHECK(grid.casemode == CASEASTYPED);
+    CHECK(grid.letters[0][0] == 'q');
+    CHECK(grid.changed == 3);
+}
