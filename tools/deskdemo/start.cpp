@@ -58,8 +58,7 @@ errorblock *services()
 errorblock *demostart()
 {
     std::setlocale(LC_ALL, ".1252"); // texts have one code page, whatever the system's
-    errorblock *err =
-        starttask("DeskDemo", "Desktop Demonstration", "!Quillmere", nullptr, 0, nullptr);
+    errorblock *err = starttask("DeskDemo", "DeskDemo", "!Quillmere", nullptr, 0, nullptr);
     if (!err) err = addtrans(nullptr, "Demo.txt");
     if (!err) err = addtemplates(nullptr, "Templates", templates, &link);
     if (!err) err = demomenus();

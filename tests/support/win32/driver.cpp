@@ -139,6 +139,14 @@ BOOL CALLBACK matches(HWND h, LPARAM word)
 
 } // namespace
 
+// Timers that go on for ever, such as a caret's and, under Wine, that of a button
+// which the pointer rests on, are no sign of anything left to do.
+static bool ticking(UINT message)
+{
+    constexpr UINT SYSTIMER = 0x118; // which the headers don't name
+    return message == WM_TIMER || message == SYSTIMER;
+}
+
 void drivepump(int quiet)
 {
     DWORD last = GetTickCount();
@@ -146,8 +154,10 @@ void drivepump(int quiet)
         MSG m;
         if (PeekMessageA(&m, nullptr, 0, 0, PM_NOREMOVE)) {
             pollonce();
-            last = GetTickCount();
-            continue;
+            if (!ticking(m.message)) {
+                last = GetTickCount();
+                continue;
+            }
         }
         DWORD gone = GetTickCount() - last;
         if (gone >= static_cast<DWORD>(quiet)) return;
