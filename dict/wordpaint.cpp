@@ -37,20 +37,13 @@ void rowfill(const rowplace &place)
     fillbox(0, place.top - wordmetrics.rowheight, place.width, wordmetrics.rowheight);
 }
 
-// The outline stays inside the row's own part of the work area, where all of it
-// can be seen at the list's top too.
+// The first row begins above the work area, where its outline would not be seen.
 void rowoutline(const rowplace &place, uint32_t colour)
 {
-    int32_t left = 0, right = place.width - devtoosx(1);
-    int32_t top = place.top - ROWUP - devtoosy(1);
-    int32_t bottom = place.top - wordmetrics.rowheight + devtoosy(1);
+    int32_t bottom = place.top - wordmetrics.rowheight;
     setcolour(colour);
     pathdotted();
-    moveto(left, top);
-    lineto(right, top);
-    lineto(right, bottom);
-    lineto(left, bottom);
-    lineto(left, top);
+    hollowbox(0, bottom, place.width, std::min(place.top, 0) - bottom);
 }
 
 void rowpaint(const wordview *view, const dictcursor &cursor, const rowplace &place)
