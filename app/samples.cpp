@@ -33,31 +33,32 @@ void boxfill(const osbox &box, uint32_t colour)
     fillbox(box.x0, box.y0, box.x1 - box.x0, box.y1 - box.y0);
 }
 
-// In the middle of the box's height; of a font that is too large, what the frame
-// lets be seen.
+// In the middle of the box's height; of a font that is too large, as much as the
+// box holds.
 void textinside(const osbox &box)
 {
     fontmetrics metrics = {};
     fontmetricsget(&metrics);
     int32_t above = (box.y1 - box.y0 - devtoosy(metrics.height)) / 2;
-    int32_t pixelx = devtoosx(1), pixely = devtoosy(1);
-    textclip inside = {box.x0 + pixelx, box.y0 + pixely, box.x1 - pixelx, box.y1 - pixely};
+    textclip inside = {box.x0 + 1, box.y0 + 1, box.x1 - 1, box.y1 - 1};
     plottextx(SAMPLETEXT, static_cast<int32_t>(strlen(SAMPLETEXT)), TEXTOSUNITS, box.x0 + TEXTLEFT,
               box.y1 - above - devtoosy(metrics.ascent), &inside, nullptr);
 }
 
+// The frame comes last: a clip is exact to a pixel only where pixels are no larger
+// than OS units.
 errorblock *fontpaint(const osbox &box, const fontrecord *record, const sampleset &set)
 {
     boxfill(box, *set.background);
-    setcolour(FRAMECOLOUR);
-    hollowbox(box.x0, box.y0, box.x1 - box.x0, box.y1 - box.y0);
     fonthandle font;
     errorblock *err = fontfind(record, &font);
     if (err) return err;
     fontset(font, FONTCLEAR, *set.text, 0);
     fontalign(0);
     textinside(box);
-    return fontlose(font);
+    fontlose(font);
+    setcolour(FRAMECOLOUR);
+    return hollowbox(box.x0, box.y0, box.x1 - box.x0, box.y1 - box.y0);
 }
 
 errorblock *samplepaint(window self, const samplerow &row, const sampleset &set)
