@@ -23,23 +23,15 @@ errorblock *opened(window self, intptr_t, openrecord *open)
     return open->state.wflags & STATEMINIMISED ? nullptr : logplace(self);
 }
 
-errorblock *activated(window, intptr_t, intptr_t, int32_t how)
-{
-    logline("The main window is %s", how ? "active" : "not active");
-    return nullptr;
-}
-
 errorblock *handlersadd(window w)
 {
     errorblock *err = addclosehandler(closed, w, 0);
     if (!err) err = addopenhandler(opened, w, 0);
-    if (!err) err = addactivatehandler(activated, w, 0);
     return err;
 }
 
 void handlersremove(window w)
 {
-    remactivatehandler(activated, w, 0);
     remopenhandler(opened, w, 0);
     remclosehandler(closed, w, 0);
 }

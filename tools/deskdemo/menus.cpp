@@ -1,7 +1,7 @@
 // The menu bar: a resource, a menu that is made at run time, and what is ticked
 // and greyed just before a menu opens.
 #include "desktop/menus.h"
-#include "base/boxes.h"
+#include "desktop/help.h"
 #include "desktop/poll.h"
 #include "tools/deskdemo/deskdemo.h"
 
@@ -13,8 +13,8 @@ constexpr int32_t MENUMENUS = 10, MENUTHREE = 11, MENUDEEPER = 12, MENUDEEPEST =
 constexpr int32_t BARMENUS = 1;
 constexpr int32_t POSITIONTHREE = 3, POSITIONDEEPER = 4, POSITIONMADE = 5;
 
-constexpr int32_t EXIT = 9, TICKED = 20, GREYED = 21, FIRST = 22, THIRD = 24, DEEPEST = 25,
-                  CLEAR = 50, MADE = 60, MADECOUNT = 3;
+constexpr int32_t EXIT = 9, TICKED = 20, GREYED = 21, FIRST = 22, THIRD = 24,
+                  ABOUT = 40, CLEAR = 50, MADE = 60, MADECOUNT = 3;
 
 struct {
     bool ticked;
@@ -124,6 +124,8 @@ errorblock *democommand(int32_t id)
         logclear();
     else if (id == EXIT)
         postquit(0);
+    else if (id == ABOUT)
+        return showabout(demowindow, 100, "", "DeskDemo");
     else
         return markcommand(id);
     return nullptr;

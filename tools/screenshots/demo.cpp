@@ -120,6 +120,7 @@ void menu(const char *name, int letter, int entriesdown, bool deeper)
 {
     driveaside([] {},
                [=] {
+                   drivemove(0, 0); // or the entry under the pointer would be chosen
                    drivekey(letter, DRIVEALT);
                    for (int n = 0; n < entriesdown; n++)
                        drivekey(DOWN);
@@ -131,7 +132,6 @@ void menu(const char *name, int letter, int entriesdown, bool deeper)
                });
 }
 
-// title: 0 for a box of the system.
 void box(const char *name, int32_t command, const char *classname)
 {
     driveaside([=] { reporterror(democommand(command)); },
@@ -143,16 +143,28 @@ void box(const char *name, int32_t command, const char *classname)
                });
 }
 
+void about()
+{
+    constexpr int32_t ABOUT = 40;
+    reporterror(democommand(ABOUT));
+    drivepump(100);
+    screensave(drivefind("About Quillmere", "Task"), "demo-about");
+    drivekey(ESCAPE);
+}
+
 } // namespace
 
 void screendemo()
 {
     screensave(demowindow, "demo");
+    about();
     for (const partrow &row : PARTS)
         part(row);
     menu("demo-menu-windows", 'W', 0, false);
-    menu("demo-menu-ticks", 'M', 3, true);
-    menu("demo-menu-made", 'M', 5, true);
+    constexpr int32_t TICKED = 20;
+    reporterror(democommand(TICKED));
+    menu("demo-menu-ticks", 'M', 2, true);
+    menu("demo-menu-made", 'M', 4, true);
     box("demo-confirm-yesno", 35, "Task");
     box("demo-confirm-discard", 36, "Task");
     box("demo-confirm-save", 37, "Task");

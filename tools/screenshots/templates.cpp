@@ -1,5 +1,6 @@
 // The windows of the templates, as they come out of the resources.
 #include "desktop/templates.h"
+#include "base/chars.h"
 #include "base/errors.h"
 #include "desktop/windows.h"
 #include "tests/support/driver.h"
@@ -7,6 +8,15 @@
 #include "tools/screenshots/screens.h"
 
 #include <cstring>
+
+// A resource's name comes back in capitals.
+static std::string lower(const char *name)
+{
+    std::string text = name;
+    for (char &c : text)
+        c = static_cast<char>(charlower(static_cast<uint8_t>(c)));
+    return text;
+}
 
 // Panes come up inside the main window of the demonstration, others over it.
 static errorblock *picture(const templaterow &row)
@@ -16,7 +26,7 @@ static errorblock *picture(const templaterow &row)
     if (!err) err = opencentred(w, 0);
     if (!err) {
         drivepump(100);
-        screensave(w, row.name);
+        screensave(w, lower(row.name));
     }
     errorblock *removed = removewindow(&w);
     drivepump();
