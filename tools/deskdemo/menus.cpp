@@ -13,8 +13,8 @@ constexpr int32_t MENUMENUS = 10, MENUTHREE = 11, MENUDEEPER = 12, MENUDEEPEST =
 constexpr int32_t BARMENUS = 1;
 constexpr int32_t POSITIONTHREE = 3, POSITIONDEEPER = 4, POSITIONMADE = 5;
 
-constexpr int32_t EXIT = 9, TICKED = 20, GREYED = 21, FIRST = 22, THIRD = 24,
-                  ABOUT = 40, CLEAR = 50, MADE = 60, MADECOUNT = 3;
+constexpr int32_t EXIT = 9, TICKED = 20, GREYED = 21, FIRST = 22, THIRD = 24, ABOUT = 40,
+                  CLEAR = 50, MADE = 60, MADECOUNT = 3;
 
 struct {
     bool ticked;
