@@ -22,5 +22,8 @@ constexpr int32_t KEYPAGEUP = 0x21, KEYPAGEDOWN = 0x22, KEYEND = 0x23, KEYHOME =
                   KEYLEFT = 0x25, KEYUP = 0x26, KEYRIGHT = 0x27, KEYDOWN = 0x28, KEYINSERT = 0x2D,
                   KEYDELETE = 0x2E, KEYF1 = 0x70;
 
+// When the last key event came, by tickcount. Changed by keydeliver.
+extern uint32_t keytime;
+
 // The state of the keys now, as flags of a key code.
 int32_t keymodifiers();

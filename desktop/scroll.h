@@ -50,3 +50,11 @@ errorblock *scrollmessage(window w, bool vertical, int32_t code, int32_t thumb, 
 // Gives the wheel to the window's own scrolling, which it does by messages of
 // line codes; false if it has no such bar.
 bool scrollwheelwindow(window w, int32_t delta, bool horizontal);
+
+// What the user has set the wheels to, for a task that wants it: the library's own
+// scrolling goes by WHEELLINE. Read at the start and when a setting changes.
+struct wheelsettings {
+    uint32_t lines, characters; // to a notch of the wheel
+};
+extern wheelsettings wheelset;
+void wheelsettingsread();

@@ -1,8 +1,7 @@
 // What the mouse does to a drawn control, told to the state machine of
 // desktop/press.h and done as that asks.
 
-#include "base/boxes.h"
-#include "desktop/blocks.h"
+#include "desktop/dispatch.h"
 #include "desktop/mouse.h"
 #include "desktop/press.h"
 #include "desktop/validation.h"
@@ -64,14 +63,9 @@ static LPARAM place; // of the last press or movement, in the control that it wa
 static void movedeliver(HWND control)
 {
     mouserecord mouse = recordof(control, 0);
-    window owner = mouse.window;
-    blockiter iter;
-    block b;
-    blockiter_start(&iter);
-    while (nextblock(&iter, EVENTMOUSE, BLOCKANY, owner, &b))
-        if (b.function)
-            reporterror(reinterpret_cast<mousefunction>(b.function)(owner, b.data, &mouse));
-    blockiter_end(&iter);
+    dispatchall(EVENTMOUSE, mouse.window, [&](const block &b) {
+        return handlerof<mousefunction>(b)(mouse.window, b.data, &mouse);
+    });
 }
 
 static bool inside(HWND control, LPARAM lparam)

@@ -1,7 +1,6 @@
 #include "desktop/win32/controls.h"
 
-#include "base/boxes.h"
-#include "desktop/blocks.h"
+#include "desktop/dispatch.h"
 #include "desktop/eventsource.h"
 #include "desktop/keys.h"
 #include "desktop/mouse.h"
@@ -20,26 +19,17 @@ static bool clicked(window self, int32_t icon)
 
 static bool textchanged(window self, int32_t icon)
 {
-    blockiter iter;
-    block b;
-    blockiter_start(&iter);
-    while (nextblock(&iter, EVENTTEXTCHANGE, BLOCKANY, self, &b))
-        if (b.function)
-            reporterror(reinterpret_cast<textchangefunction>(b.function)(self, icon, b.data));
-    blockiter_end(&iter);
+    dispatchall(EVENTTEXTCHANGE, self, [&](const block &b) {
+        return handlerof<textchangefunction>(b)(self, icon, b.data);
+    });
     return true;
 }
 
 static bool textfocused(window self, int32_t icon, int gained)
 {
-    blockiter iter;
-    block b;
-    blockiter_start(&iter);
-    while (nextblock(&iter, EVENTTEXTFOCUS, BLOCKANY, self, &b))
-        if (b.function)
-            reporterror(
-                reinterpret_cast<textfocusfunction>(b.function)(self, icon, gained, b.data));
-    blockiter_end(&iter);
+    dispatchall(EVENTTEXTFOCUS, self, [&](const block &b) {
+        return handlerof<textfocusfunction>(b)(self, icon, gained, b.data);
+    });
     return true;
 }
 

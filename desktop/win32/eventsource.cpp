@@ -3,6 +3,8 @@
 #include "base/platform.h"
 #include "base/trace.h"
 #include "desktop/timed.h"
+#include "desktop/wdata.h"
+#include "desktop/windows.h"
 
 #include <windows.h>
 
@@ -62,6 +64,23 @@ void sourcequit(int status)
 void sourcesetwide(bool on)
 {
     wide = on;
+}
+
+bool sourceisours(window w)
+{
+    return wdatafind(w) != nullptr;
+}
+
+// The menu word of a child is its number.
+static bool hasmenu(window w)
+{
+    return !(GetWindowLongA(handle(w), GWL_STYLE) & WS_CHILD) && GetMenu(handle(w));
+}
+
+bool sourcenavigates(window w)
+{
+    uint32_t flags = 0;
+    return !getflags(w, &flags) && !(flags & WINDOWNONAVIGATION) && !hasmenu(w);
 }
 
 window sourceparent(window w)

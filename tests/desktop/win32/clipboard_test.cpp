@@ -5,6 +5,7 @@
 #include "base/flex.h"
 #include "desktop/blocks.h"
 #include "desktop/message.h"
+#include "desktop/stages.h"
 #include "tests/desktop/win32/partner.h"
 #include "tests/support/driver.h"
 
@@ -77,13 +78,12 @@ errorblock *destroy()
 }
 
 struct service {
-    taskclass registered;
-
     explicit service(uint32_t flags = 0)
     {
         rendered.clear();
         destroyed = 0;
         refusing = placeable = empty = false;
+        REQUIRE(inittemp() == nullptr);
         REQUIRE(blockstart() == nullptr);
         REQUIRE(clipboardstart(flags) == nullptr);
     }

@@ -6,6 +6,7 @@
 #include "desktop/blocks.h"
 #include "desktop/handlers.h"
 #include "desktop/message.h"
+#include "desktop/stages.h"
 #include "desktop/task.h"
 #include "desktop/windows.h"
 #include "tests/desktop/win32/partner.h"
@@ -62,12 +63,11 @@ std::string taken()
 }
 
 struct service {
-    taskclass registered;
-
     service()
     {
         seen.clear();
         onevent = nullptr;
+        REQUIRE(inittemp() == nullptr);
         REQUIRE(blockstart() == nullptr);
         REQUIRE(ddestart("Testing") == nullptr);
         ddesetcallback(told);
@@ -110,7 +110,6 @@ TEST_CASE("windows with the flag answer too, and no others")
 TEST_CASE("nothing is answered while the service is off")
 {
     partnerprogram partner;
-    taskclass registered;
     REQUIRE(blockstart() == nullptr);
     {
         hiddenwindow w(WINDOWDDE);

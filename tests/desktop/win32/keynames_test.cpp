@@ -3,7 +3,9 @@
 
 #include "base/errors.h"
 #include "desktop/blocks.h"
+#include "desktop/filters.h"
 #include "desktop/hotkeys.h"
+#include "desktop/stages.h"
 #include "tests/support/driver.h"
 
 #include <doctest/doctest.h>
@@ -16,13 +18,11 @@ namespace
 
 std::string seen;
 
-LRESULT CALLBACK procedure(HWND h, UINT message, WPARAM wparam, LPARAM lparam)
+errorblock *scrolled(const systemmessage *message, intptr_t letter, int *stop, intptr_t *, int *)
 {
-    if (message == WM_HOTKEY)
-        hotkeydeliver(reinterpret_cast<window>(h), static_cast<int32_t>(wparam));
-    if (message == WM_VSCROLL) seen += "v" + std::to_string(wparam) + ";";
-    if (message == WM_HSCROLL) seen += "h" + std::to_string(wparam) + ";";
-    return DefWindowProcA(h, message, wparam, lparam);
+    seen += static_cast<char>(letter) + std::to_string(message->wparam) + ";";
+    *stop = 1;
+    return nullptr;
 }
 
 errorblock *pressed(window, int32_t id, int32_t key)
@@ -43,14 +43,13 @@ struct keywindow {
 
     keywindow()
     {
-        WNDCLASSA made = {};
-        made.lpszClassName = "keytest";
-        made.lpfnWndProc = procedure;
-        RegisterClassA(&made);
-        h = CreateWindowA("keytest", "Keys of the test", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50,
-                          300, 200, nullptr, nullptr, nullptr, nullptr);
-        w = reinterpret_cast<window>(h);
+        REQUIRE(inittemp() == nullptr);
         REQUIRE(blockstart() == nullptr);
+        h = CreateWindowA("Task", "Keys of the test", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 300,
+                          200, nullptr, nullptr, nullptr, nullptr);
+        w = reinterpret_cast<window>(h);
+        CHECK(addfilter(scrolled, WM_VSCROLL, w, 'v') == nullptr);
+        CHECK(addfilter(scrolled, WM_HSCROLL, w, 'h') == nullptr);
         drivepump(50);
         seen.clear();
     }
@@ -100,7 +99,7 @@ TEST_CASE("a hot key reaches its window's handlers, whoever has the focus")
     CHECK(addhotkeyhandler(pressed, k.w, 5, key) == nullptr); // is there already
     CHECK(blockcount() == 3);
 
-    HWND front = CreateWindowA("keytest", "In front", WS_POPUP | WS_VISIBLE, 400, 50, 100, 100,
+    HWND front = CreateWindowA("Task", "In front", WS_POPUP | WS_VISIBLE, 400, 50, 100, 100,
                                nullptr, nullptr, nullptr, nullptr);
     SetForegroundWindow(front);
     drivepump(50);
@@ -126,7 +125,7 @@ TEST_CASE("a hot key reaches its window's handlers, whoever has the focus")
 TEST_CASE("a hot key that is taken, or is none, adds nothing")
 {
     keywindow k;
-    HWND h = CreateWindowA("keytest", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    HWND h = CreateWindowA("Task", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
     auto second = reinterpret_cast<window>(h);
     int32_t key = keynumber("C_F9");
     REQUIRE(addhotkeyhandler(pressed, k.w, 5, key) == nullptr);

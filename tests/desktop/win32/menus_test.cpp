@@ -4,7 +4,7 @@
 #include "base/errors.h"
 #include "desktop/blocks.h"
 #include "desktop/menupath.h"
-#include "desktop/win32/menumessages.h"
+#include "desktop/stages.h"
 #include "tests/support/driver.h"
 
 #include <doctest/doctest.h>
@@ -55,18 +55,6 @@ menurow row(int32_t tag, const char *resource, int32_t parent, int32_t position)
     return made;
 }
 
-LRESULT CALLBACK procedure(HWND h, UINT message, WPARAM wparam, LPARAM lparam)
-{
-    auto w = reinterpret_cast<window>(h);
-    auto first = static_cast<intptr_t>(wparam);
-    bool ours = false;
-    if (message == WM_INITMENU) ours = menustarting(w, first, lparam);
-    if (message == WM_INITMENUPOPUP) ours = menuopening(w, first, lparam);
-    if (message == WM_MENUSELECT) ours = menuselecting(w, first, lparam);
-    if (message == WM_COMMAND) ours = menucommand(w, first, lparam);
-    return ours ? 0 : DefWindowProcA(h, message, wparam, lparam);
-}
-
 // A window with a menu bar of two menus, to one of which a third is hung twice;
 // and a popup menu.
 struct menuwindow {
@@ -83,12 +71,8 @@ struct menuwindow {
         seen.clear();
         ticked = shaded = 0;
         REQUIRE(blockstart() == nullptr);
-        WNDCLASSA made = {};
-        made.lpszClassName = "menutest";
-        made.lpfnWndProc = procedure;
-        made.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-        RegisterClassA(&made);
-        h = CreateWindowA("menutest", "Menus of the test", WS_OVERLAPPEDWINDOW, 50, 50, 400, 300,
+        REQUIRE(inittemp() == nullptr);
+        h = CreateWindowA("Task", "Menus of the test", WS_OVERLAPPEDWINDOW, 50, 50, 400, 300,
                           nullptr, nullptr, nullptr, nullptr);
         w = reinterpret_cast<window>(h);
 
@@ -267,7 +251,7 @@ TEST_CASE("commands of other windows and of controls are not a menu's")
     popupmenu(0, POPUP); // fails, and yet is the one that counts
     menustate.owner = m.w;
     HWND other =
-        CreateWindowA("menutest", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+        CreateWindowA("Task", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
     CHECK(SendMessageA(other, WM_COMMAND, 41, 0) == 0);
     CHECK_FALSE(selected());
     SendMessageA(m.h, WM_COMMAND, 41, reinterpret_cast<LPARAM>(other));

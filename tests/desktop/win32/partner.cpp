@@ -1,9 +1,6 @@
 #include "tests/desktop/win32/partner.h"
 
 #include "desktop/stages.h"
-#include "desktop/win32/clipboardmessages.h"
-#include "desktop/win32/ddemessages.h"
-#include "desktop/windowinternal.h"
 #include "desktop/windows.h"
 #include "tests/support/driver.h"
 
@@ -23,17 +20,6 @@ bool readbyte(HANDLE from, char *byte)
     DWORD there = 0, got = 0;
     return PeekNamedPipe(from, nullptr, 0, nullptr, &there, nullptr) && there > 0 &&
            ReadFile(from, byte, 1, &got, nullptr) && got == 1;
-}
-
-LRESULT CALLBACK procedure(HWND h, UINT message, WPARAM wparam, LPARAM lparam)
-{
-    systemmessage m = {reinterpret_cast<window>(h), static_cast<intptr_t>(message),
-                       static_cast<intptr_t>(wparam), lparam};
-    intptr_t result = 0;
-    if (message == WM_CREATE && windowcreated(m.window)) return -1;
-    if (message == WM_DESTROY) windowdestroyed(m.window);
-    if (clipboardmessage(&m) || ddemessage(&m, &result)) return result;
-    return DefWindowProcA(h, message, wparam, lparam);
 }
 
 std::string readline(HANDLE from)
@@ -60,21 +46,6 @@ std::string partnerpath()
     GetModuleFileNameA(nullptr, path, sizeof path);
     std::string folder = path;
     return folder.substr(0, folder.rfind('\\') + 1) + "desktoppartner.exe";
-}
-
-taskclass::taskclass()
-{
-    WNDCLASSA c = {};
-    REQUIRE(inittemp() == nullptr);
-    c.lpszClassName = "Task";
-    c.lpfnWndProc = procedure;
-    c.hInstance = GetModuleHandleA(nullptr);
-    made = RegisterClassA(&c);
-}
-
-taskclass::~taskclass()
-{
-    if (made) UnregisterClassA("Task", GetModuleHandleA(nullptr));
 }
 
 partnerprogram::partnerprogram()
@@ -130,6 +101,7 @@ void partnerprogram::kill()
 
 hiddenwindow::hiddenwindow(uint32_t flags)
 {
+    REQUIRE(inittemp() == nullptr);
     w = reinterpret_cast<window>(CreateWindowExA(0, "Task", "A window of the test", WS_POPUP, 0, 0,
                                                  0, 0, nullptr, nullptr, nullptr, nullptr));
     REQUIRE(w != 0);

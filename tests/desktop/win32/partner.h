@@ -23,15 +23,6 @@ struct partnerprogram {
     void kill();
 };
 
-// The library's class of windows while the object is there: the library's own if
-// that is joined, else one with what these services are handed.
-struct taskclass {
-    bool made;
-
-    taskclass();
-    ~taskclass();
-};
-
 // Hidden, of the class "Task", and gone with the object if it still is there.
 struct hiddenwindow {
     window w;
