@@ -20,8 +20,6 @@ TEST_CASE("a change of size keeps cells and squares")
     CHECK(grid.flags[2][2] == CELLOPEN);
     CHECK(grid.markleft == -1);
     CHECK(headless.extents == 1);
-    CHECK(headless.redraws == 1);
-    CHECK(headless.resultsdropped == 1);
     CHECK(grid.changed == 1);
 }
 
@@ -32,32 +30,20 @@ TEST_CASE("another kind is another document; the same is none")
     grid.letters[100][100] = 'q';
     grid.flags[2][2] = CELLBLOCK | BARTOP;
     gridchange();
-    SUBCASE("the same")
-    {
-        gridsetkind(GRIDCROSSWORD);
-        CHECK(grid.letters[1][1] == 'q');
-        CHECK(gridsunsaved() == 1);
-        CHECK(headless.kindsapplied == 0);
-        CHECK(headless.redraws == 0);
-    }
-    SUBCASE("another")
-    {
-        int titles = headless.titles;
-        gridsetkind(GRIDWORDSQUARE);
-        CHECK(grid.kind == GRIDWORDSQUARE);
-        CHECK(headless.kind == GRIDWORDSQUARE);
-        CHECK(headless.kindsapplied == 1);
-        CHECK(grid.letters[1][1] == ' ');
-        CHECK(grid.letters[100][100] == ' ');
-        CHECK(grid.flags[2][2] == 0);
-        CHECK(grid.cursorx == -1);
-        CHECK(grid.lastcursory == -1);
-        CHECK(gridsunsaved() == 0);
-        CHECK(grid.filename[0] == 0);
-        CHECK(headless.titles == titles + 1);
-        CHECK(headless.resultsdropped == 1);
-        CHECK(headless.redraws == 1);
-    }
+    gridsetkind(GRIDCROSSWORD);
+    CHECK(grid.letters[1][1] == 'q');
+    CHECK(gridsunsaved() == 1);
+    CHECK(headless.kindsapplied == 0);
+
+    gridsetkind(GRIDWORDSQUARE);
+    CHECK(headless.kind == GRIDWORDSQUARE);
+    CHECK(grid.letters[100][100] == ' ');
+    CHECK(grid.flags[2][2] == 0);
+    CHECK(grid.cursorx == -1);
+    CHECK(gridsunsaved() == 0);
+    CHECK(grid.filename[0] == 0);
+    CHECK(headless.resultsdropped == 1);
+    CHECK(headless.redraws == 1);
 }
 
 TEST_CASE("each case switches itself, and the other off")
@@ -77,7 +63,6 @@ TEST_CASE("each case switches itself, and the other off")
     CHECK(grid.letters[127][127] == 'Q');
     CHECK(grid.letters[1][0] == 'q');
     CHECK(grid.letters[2][0] == 'Q'); // no longer marked
-    CHECK(headless.resultsdropped == 1);
     CHECK(headless.redraws == 1);
 
     gridcaseswitch(CASELOWER);

@@ -74,12 +74,6 @@ TEST_CASE("typing goes the only way that is open, and then on in it")
         typetext("b");
         CHECK(at(2, 1));
     }
-    SUBCASE("at the right edge: down")
-    {
-        setup("..\n..\n", 1, 0);
-        typetext("a");
-        CHECK(at(1, 1));
-    }
     SUBCASE("not across a bar, but along it")
     {
         setup("..\n..\n\nleft 1,0\ntop 0,1\n", 0, 0);
@@ -116,9 +110,9 @@ TEST_CASE("erasing steps back, over bars but not over blocks")
         griderase();
         griderase();
         CHECK(written() == "a..\n\nleft 2,0\n");
-        CHECK(at(0, 0));
         CHECK(headless.beeps == 0);
         griderase();
+        CHECK(at(0, 0));
         CHECK(headless.beeps == 1);
     }
     SUBCASE("on in the direction of the last step")
@@ -135,14 +129,6 @@ TEST_CASE("erasing steps back, over bars but not over blocks")
         setup("...\n...\n", 0, 1);
         cursormove(1, 0);
         griderase();
-        CHECK(at(1, 1));
-        CHECK(headless.beeps == 1);
-    }
-    SUBCASE("between blocks: nowhere")
-    {
-        setup("##.\n#x.\n", 1, 1);
-        griderase();
-        CHECK(written() == "##.\n#..\n");
         CHECK(at(1, 1));
         CHECK(headless.beeps == 1);
     }
@@ -173,21 +159,14 @@ TEST_CASE("arrows jump over blocks and stop at the edge")
 TEST_CASE("without a cursor in the grid keys do nothing")
 {
     setup("abc\nabc\n", 2, 1);
-    std::string before = written();
-    SUBCASE("none")
-    {
+    grid.width = 2; // it is outside
+    for (int i = 0; i < 2; i++) {
+        typetext("x");
+        griderase();
+        cursormove(-1, 0);
         cursorremove();
     }
-    SUBCASE("left outside by a smaller size")
-    {
-        grid.width = 2;
-        before = written();
-    }
-    typetext("x");
-    griderase();
-    cursormove(-1, 0);
-    cursormove(1, 0);
-    CHECK(written() == before);
-    CHECK(grid.letters[2][1] == 'c');
+    grid.width = 3;
+    CHECK(written() == "abc\nabc\n");
     CHECK(grid.changed == 0);
 }
