@@ -1,0 +1,396 @@
+// The dialogs of settings, with a user's hands and eyes.
+#include "app/choices.h"
+#include "app/commands.h"
+#include "app/mainwindow.h"
+#include "base/platform.h"
+#include "desktop/icons.h"
+#include "find/findwindow.h"
+#include "find/solutions.h"
+#include "find/solutionsview.h"
+#include "graphics/modeinfo.h"
+#include "grid/appearance.h"
+#include "grid/grid.h"
+#include "grid/gridsettings.h"
+#include "grid/gridshape.h"
+#include "grid/gridview.h"
+#include "grid/gridwindow.h"
+#include "tests/app/screen/screen.h"
+#include "tests/support/driver.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace
+{
+
+constexpr int CHOICES = 40027, CUSTOMISE = 40026; // commands
+constexpr int OK = 1, CANCEL = 2, SAVE = 3;
+constexpr const char *TITLECHOICES = "Choices", *TITLECUSTOM = "Customisation";
+
+// Controls of the system's boxes.
+constexpr int REDEDIT = 706, GREENEDIT = 707, BLUEEDIT = 708, HEIGHTLIST = 0x472;
+
+// As at the first start of a user.
+void begin()
+{
+    screenstart();
+    solutionsreset();
+    gridreset();
+    gridunchanged();
+    metricsupdate();
+    gridkindapply(GRIDCROSSWORD);
+    gridextent();
+    gridredraw();
+    drivepump();
+}
+
+window dialog(const char *title, int command)
+{
+    CHECK_FALSE(commandrun(command));
+    drivepump();
+    window w = drivefind(title);
+    REQUIRE(w);
+    CHECK_FALSE(IsWindowEnabled(reinterpret_cast<HWND>(mainwindow)));
+    return w;
+}
+
+void press(window w, int control)
+{
+    driveplace place = driveicon(w, control);
+    driveclick(place.x, place.y);
+}
+
+// The dialog is gone and the program takes input again.
+bool gone(const char *title)
+{
+    return !drivefind(title) && IsWindowEnabled(reinterpret_cast<HWND>(mainwindow)) &&
+           GetForegroundWindow() == reinterpret_cast<HWND>(mainwindow);
+}
+
+// Over what stands there.
+void fill(window w, int field, const std::string &text)
+{
+    press(w, field);
+    drivekey(VK_END);
+    for (size_t n = drivetext(w, field).size(); n; n--)
+        drivekey(VK_BACK);
+    drivetype(text);
+    CHECK(drivetext(w, field) == text);
+}
+
+// What the system's box that comes up by a press is told before its OK or Cancel.
+void pick(window w, int control, const std::function<void(HWND)> &tell, int button = IDOK)
+{
+    bool seen = false;
+    driveaside([&] { press(w, control); },
+               [&] {
+                   auto box = reinterpret_cast<HWND>(drivewaitwindow("", "#32770"));
+                   if (!box) return;
+                   Sleep(100); // its own first messages
+                   tell(box);
+                   seen = true;
+                   PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+               });
+    drivepump();
+    CHECK(seen);
+}
+
+void rgb(HWND box, int red, int green, int blue)
+{
+    SetDlgItemInt(box, REDEDIT, static_cast<UINT>(red), FALSE);
+    SetDlgItemInt(box, GREENEDIT, static_cast<UINT>(green), FALSE);
+    SetDlgItemInt(box, BLUEEDIT, static_cast<UINT>(blue), FALSE);
+}
+
+uint32_t pixelof(window w, int control)
+{
+    driveplace place = driveicon(w, control);
+    drivemove(2, 2); // out of the way
+    return drivepixel(place.x, place.y);
+}
+
+int pixelsof(window w, int control, uint32_t colour)
+{
+    RECT box;
+    GetWindowRect(reinterpret_cast<HWND>(drivecontrol(w, control)), &box);
+    drivepicture screen = drivelookscreen();
+    int count = 0;
+    for (int y = box.top; y < box.bottom; y++)
+        for (int x = box.left; x < box.right; x++)
+            count += screen.at(x, y) == colour;
+    return count;
+}
+
+// The user's file of choices, out of the way and back again.
+struct choicesfile {
+    std::filesystem::path folder, file;
+
+    choicesfile()
+    {
+        char directory[PATHSIZE], login[256];
+        REQUIRE_FALSE(platformprogramdirectory(directory, sizeof directory));
+        REQUIRE_FALSE(platformloginname(login, sizeof login));
+        folder = std::filesystem::path(directory) / "Choices";
+        file = folder / (std::string(login) + ".dat");
+        std::filesystem::remove(file);
+    }
+    ~choicesfile()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder, ignored);
+    }
+};
+
+} // namespace
+
+TEST_CASE("Choices: a limit out of range is brought into it; only Save writes the file")
+{
+    begin();
+    choicesfile user;
+    window w = dialog(TITLECHOICES, CHOICES);
+    CHECK(drivetext(w, 1022) == "1000");
+    SUBCASE("OK")
+    {
+        fill(w, 1022, "5");
+        press(w, OK);
+        CHECK(gone(TITLECHOICES));
+        CHECK(solutions.maxsolutions == 20);
+        CHECK_FALSE(std::filesystem::exists(user.file));
+    }
+    SUBCASE("Return is OK, too large a number the largest")
+    {
+        fill(w, 1022, "99999999999999");
+        drivekey(VK_RETURN);
+        CHECK(gone(TITLECHOICES));
+        CHECK(solutions.maxsolutions == 1000000);
+    }
+    SUBCASE("no number leaves it")
+    {
+        fill(w, 1022, "");
+        press(w, OK);
+        CHECK(gone(TITLECHOICES));
+        CHECK(solutions.maxsolutions == 1000);
+    }
+    SUBCASE("Save")
+    {
+        fill(w, 1022, "321");
+        press(w, SAVE);
+        CHECK(gone(TITLECHOICES));
+        CHECK(solutions.maxsolutions == 321);
+        REQUIRE(std::filesystem::exists(user.file));
+        CHECK(std::filesystem::file_size(user.file) == 184);
+        choicesrecord choices = {};
+        CHECK_FALSE(choicesread(user.file.string().c_str(), &choices));
+        CHECK(choices.maxsolutions == 321);
+        CHECK(choices.splitfraction == grid.splitfraction);
+    }
+    SUBCASE("Cancel, Escape and the close box leave everything")
+    {
+        for (int way = 0; way < 3; way++) {
+            if (way) w = dialog(TITLECHOICES, CHOICES);
+            fill(w, 1022, "77");
+            if (way == 0) press(w, CANCEL);
+            if (way == 1) drivekey(VK_ESCAPE);
+            if (way == 2) drivekey(VK_F4, DRIVEALT);
+            CHECK(gone(TITLECHOICES));
+            CHECK(solutions.maxsolutions == 1000);
+        }
+        CHECK_FALSE(std::filesystem::exists(user.file));
+    }
+}
+
+TEST_CASE("Choices: the arrows change the limit")
+{
+    begin();
+    window w = dialog(TITLECHOICES, CHOICES);
+    RECT box;
+    GetWindowRect(reinterpret_cast<HWND>(drivecontrol(w, 1023)), &box);
+    driveclick((box.left + box.right) / 2, box.top + 4);
+    CHECK(drivetext(w, 1022) == "1001");
+    fill(w, 1022, "21");
+    for (int n = 0; n < 3; n++)
+        driveclick((box.left + box.right) / 2, box.bottom - 4);
+    CHECK(drivetext(w, 1022) == "20");
+    press(w, CANCEL);
+}
+
+TEST_CASE("Choices: a colour, chosen by its sample, is shown there and then in the grid")
+{
+    begin();
+    grid.cursorx = grid.cursory = 2;
+    gridredraw();
+    drivepump();
+    driveplace cell = driveclient(gridwindow, ostodevx(grid.cellwidth * 5 / 2),
+                                  ostodevy(grid.cellheight * 5 / 2));
+    window w = dialog(TITLECHOICES, CHOICES);
+    CHECK(pixelof(w, 1016) == 0x00BBFF);
+    pick(
+        w, 1033, [](HWND box) { rgb(box, 200, 100, 50); }, IDCANCEL);
+    CHECK(pixelof(w, 1016) == 0x00BBFF);
+    pick(w, 1016, [](HWND box) { rgb(box, 200, 100, 50); });
+    CHECK(pixelof(w, 1016) == 0xC86432);
+    CHECK(pixelof(w, 1019) == 0xEEEEBB); // the other one's
+    CHECK(cursorcolour == CURSORCOLOURDEFAULT);
+    SUBCASE("OK")
+    {
+        press(w, OK);
+        CHECK(cursorcolour == 0x3264C800);
+        CHECK(drivepixel(cell.x, cell.y) == 0xC86432);
+    }
+    SUBCASE("Cancel")
+    {
+        press(w, CANCEL);
+        CHECK(cursorcolour == CURSORCOLOURDEFAULT);
+        CHECK(drivepixel(cell.x, cell.y) == 0x00BBFF);
+    }
+    CHECK(gone(TITLECHOICES));
+}
+
+TEST_CASE("Choices: the list of words takes a larger font")
+{
+    begin();
+    gridsetkind(GRIDWORDSQUARE);
+    CHECK_FALSE(soladdtyped("heron"));
+    solfont.width = 5; // which the box for fonts takes away
+    int32_t before = solutions.rowheight;
+    window w = dialog(TITLECHOICES, CHOICES);
+    int small = pixelsof(w, 1018, 0);
+    pick(w, 1013, [](HWND box) {
+        char height[8] = "";
+        GetDlgItemTextA(box, HEIGHTLIST, height, sizeof height);
+        CHECK(std::string(height) == "8");
+        HWND heights = GetDlgItem(box, HEIGHTLIST);
+        SendMessageA(heights, CB_SELECTSTRING, 0, reinterpret_cast<LPARAM>("20"));
+        SendMessageA(box, WM_COMMAND, MAKEWPARAM(HEIGHTLIST, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(heights));
+    });
+    CHECK(pixelsof(w, 1018, 0) > small);
+    CHECK(solutions.rowheight == before);
+    press(w, OK);
+    CHECK(std::abs(solfont.height - 320) < 8); // whole pixels
+    CHECK(solfont.width == 0);
+    CHECK(solutions.rowheight > 2 * before);
+    CHECK(solutions.slotcount == 1);
+    drivepicture list = drivelook(solutionswindow);
+    int lowest = 0;
+    for (int y = 0; y < list.height; y++)
+        for (int x = 0; x < list.width; x++)
+            if (list.at(x, y) == 0) lowest = y;
+    CHECK(lowest > ostodevy(before)); // letters reach below the old row
+    solreset();
+}
+
+TEST_CASE("Customisation: the scale's arrows go below what is taken")
+{
+    begin();
+    window w = dialog(TITLECUSTOM, CUSTOMISE);
+    CHECK(drivetext(w, 1007) == "180");
+    fill(w, 1007, "92");
+    RECT box;
+    GetWindowRect(reinterpret_cast<HWND>(drivecontrol(w, 1015)), &box);
+    for (int n = 0; n < 4; n++)
+        driveclick((box.left + box.right) / 2, box.bottom - 4);
+    CHECK(drivetext(w, 1007) == "90");
+    CHECK(gridsunsaved() == 0);
+    SUBCASE("OK takes the least")
+    {
+        press(w, OK);
+        CHECK(gone(TITLECUSTOM));
+        CHECK(grid.squarescale == 150);
+        CHECK(grid.cellwidth == 30);
+        CHECK(gridsunsaved() == 1);
+        CHECK(drivetext(mainwindow).back() == '*');
+        driveplace line = driveclient(gridwindow, ostodevx(30 * 3), ostodevy(30) / 2);
+        CHECK(drivepixel(line.x, line.y) == 0);
+    }
+    SUBCASE("Cancel changes nothing")
+    {
+        press(w, CANCEL);
+        CHECK(gone(TITLECUSTOM));
+        CHECK(grid.squarescale == 180);
+        CHECK(grid.cellwidth == 36);
+        CHECK(gridsunsaved() == 0);
+    }
+}
+
+TEST_CASE("Customisation: samples of fonts are in the colours of the text and behind it")
+{
+    begin();
+    grid.flags[1][1] = CELLBLOCK;
+    window w = dialog(TITLECUSTOM, CUSTOMISE);
+    CHECK(pixelsof(w, 1013, 0xFFFFFF) > 200);
+    pick(w, 1012, [](HWND box) { rgb(box, 255, 255, 128); });
+    CHECK(pixelsof(w, 1013, 0xFFFFFF) == 0);
+    CHECK(pixelsof(w, 1013, 0xFFFF80) > 200);
+    CHECK(pixelsof(w, 1016, 0xFFFF80) > 200);
+    pick(w, 1019, [](HWND box) { rgb(box, 255, 0, 0); });
+    CHECK(pixelof(w, 1014) == 0xFF0000);
+    CHECK(pixelsof(w, 1013, 0xFF0000) > 10);
+    pick(w, 1011, [](HWND box) { rgb(box, 0, 128, 0); }); // of blocks, by the sample
+    press(w, OK);
+    CHECK(grid.textcolour == 0x0000FF00);
+    CHECK(grid.backcolour == 0x80FFFF00);
+    CHECK(grid.fillcolour == 0x00800000);
+    auto cellpixel = [](int32_t x, int32_t y) {
+        driveplace place = driveclient(gridwindow, ostodevx(grid.cellwidth * (2 * x + 1) / 2),
+                                       ostodevy(grid.cellheight * (2 * y + 1) / 2));
+        return drivepixel(place.x, place.y);
+    };
+    CHECK(cellpixel(1, 1) == 0x008000);
+    CHECK(cellpixel(2, 1) == 0xFFFF80);
+}
+
+TEST_CASE("Customisation of a Wordsquare: what is made, and how")
+{
+    begin();
+    gridsetkind(GRIDWORDSQUARE);
+    gridunchanged();
+    grid.filldirections = 15;
+    window w = dialog(TITLECUSTOM, CUSTOMISE);
+    const struct {
+        int control;
+        bool on;
+    } boxes[] = {{1030, true},  {1034, true},  {1033, true},  {1029, true},
+                 {1028, false}, {1031, false}, {1036, false}, {1035, false}};
+    for (const auto &box : boxes) {
+        int on = -1;
+        CHECK_FALSE(iconselected(w, box.control, &on));
+        CHECK(on == box.on);
+    }
+    press(w, 1030); // Left, away
+    press(w, 1035); // Up+Right, added
+    press(w, 1032); // no lines in pictures
+    fill(w, 1008, "13");
+    press(w, OK);
+    CHECK(gone(TITLECUSTOM));
+    CHECK(grid.filldirections == (14 | 128));
+    CHECK(grid.showsolutions == 0);
+    CHECK(grid.minwordlength == 12);
+    CHECK(gridsunsaved() == 1);
+}
+
+TEST_CASE("dialogs of settings leave nothing behind")
+{
+    begin();
+    auto openclose = [](const char *title, int command) {
+        window w = dialog(title, command);
+        press(w, OK);
+        CHECK(gone(title));
+    };
+    openclose(TITLECHOICES, CHOICES);
+    openclose(TITLECUSTOM, CUSTOMISE);
+    drivecounts before = drivecountnow();
+    for (int n = 0; n < 5; n++) {
+        openclose(TITLECHOICES, CHOICES);
+        openclose(TITLECUSTOM, CUSTOMISE);
+    }
+    drivecounts after = drivecountnow();
+    CHECK(after.gdiobjects <= before.gdiobjects);
+    CHECK(after.userobjects <= before.userobjects);
+}
