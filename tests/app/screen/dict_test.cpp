@@ -399,6 +399,17 @@ TEST_CASE("a word that doesn't fit into memory is told of, and isn't marked")
     CHECK_FALSE(editor.self);
 }
 
+TEST_CASE("a dictionary that can't be read again is told of, and the editor closes")
+{
+    edit({"ant"});
+    fieldtype("bee");
+    drivekey(VK_RETURN);
+    std::filesystem::remove(place("mine.dic"));
+    CHECK(complaint([] { press(CANCEL); }) != "");
+    CHECK_FALSE(editor.self);
+    CHECK_FALSE(dicts[mine()].loaded);
+}
+
 TEST_CASE("a new dictionary is asked for in front of a main window that waits")
 {
     begin({"ant"});
@@ -433,6 +444,10 @@ TEST_CASE("a new dictionary is asked for in front of a main window that waits")
     drivepump();
     drivetype("NEXT");
     CHECK(complaint([] { drivekey(VK_RETURN); }) == "Dictionary already exists.");
+    REQUIRE_FALSE(commandrun(40020));
+    drivepump();
+    drivetype("no*name"); // for a file
+    CHECK(complaint([] { drivekey(VK_RETURN); }) != "");
     CHECK(ndicts == 3);
 }
 
