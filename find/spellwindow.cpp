@@ -14,6 +14,7 @@
 #include "desktop/keys.h"
 #include "desktop/templates.h"
 #include "desktop/windows.h"
+#include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "dict/wordview.h"
 #include "find/spell.h"
@@ -141,19 +142,21 @@ errorblock *checknext()
     return err ? err : spellshow();
 }
 
+// Numbers of words move with each one that is added, and other lists may show
+// the same dictionary.
 errorblock *wordadd(dictrec *record)
 {
     char word[ICONTEXTSIZE];
+    uint32_t before = dictcount(&record->dict);
     errorblock *err = copyicontext(check.self, FIELD, word, sizeof word);
     // One that couldn't be read would lose its words with the next save.
     if (!err && !record->loaded) err = dictreload(dictset.numbers[check.dictionary]);
     if (!err) err = dictadd(word, &record->dict);
     if (err) return err;
     record->changed = 1;
-    err = wordviewextent(&check.view);
-    if (!err) err = wordviewpaint(&check.view, -1);
-    if (!err) err = wordviewsync(&check.view);
-    return err;
+    if (dictcount(&record->dict) != before) dictrefsgone();
+    err = wordviewsrefresh();
+    return err ? err : wordviewsync(&check.view);
 }
 
 // A word goes nowhere but into the dictionary that the user sees chosen.
@@ -179,6 +182,15 @@ errorblock *changesask(int *answer)
     return err;
 }
 
+errorblock *discard()
+{
+    errorblock *err = dictdiscardchanges();
+    kepterror kept = keeperror(err);
+    dictrefsgone();
+    err = wordviewsrefresh();
+    return firsterror(kept, err);
+}
+
 // POLLS. The window may be gone behind the question.
 errorblock *checkclose()
 {
@@ -191,11 +203,10 @@ errorblock *checkclose()
         listrenew(); // the suggestions are gone
         return firsterror(kept, nullptr);
     }
-    errorblock *err = nullptr;
-    if (answer == 1) err = dictsavechanges();
-    if (answer == 0) err = dictdiscardchanges();
+    errorblock *err = windowend();
     kept = keeperror(err);
-    err = windowend();
+    if (answer == 1) err = dictsavechanges();
+    if (answer == 0) err = discard();
     return firsterror(kept, err);
 }
 
@@ -205,19 +216,36 @@ errorblock *browseclick()
     return err ? err : seticonselected(check.self, BROWSE, check.browsing);
 }
 
+// A search walks the dictionaries and writes into the grid: what would disturb
+// it, or be led astray, waits until it has stopped. By then the window may be
+// closed.
+errorblock *nextidle(intptr_t)
+{
+    return check.self ? checknext() : nullptr;
+}
+
+errorblock *closeidle(intptr_t)
+{
+    return check.self ? checkclose() : nullptr;
+}
+
+errorblock *addidle(intptr_t thennext)
+{
+    errorblock *err = check.self ? checkadd() : nullptr;
+    return err || !thennext ? err : nextidle(0);
+}
+
 errorblock *clicked(window, intptr_t, mouserecord *mouse)
 {
-    errorblock *err;
     switch (mouse->icon) {
     case BROWSE:
         return browseclick();
     case ADD:
-        err = checkadd();
-        return err || !(mouse->buttons & BUTTONRIGHT) ? err : checknext();
+        return dictwhenidle(addidle, mouse->buttons & BUTTONRIGHT);
     case CONTINUE:
-        return checknext();
+        return dictwhenidle(nextidle, 0);
     case CLOSE:
-        return checkclose();
+        return dictwhenidle(closeidle, 0);
     }
     return nullptr;
 }
@@ -227,12 +255,12 @@ errorblock *keyed(window, intptr_t, int32_t, int32_t *code)
     int32_t key = *code & ~KEYPRESS;
     if (key != KEYRETURN && key != KEYESCAPE) return nullptr;
     *code = KEYCLAIMED;
-    return key == KEYRETURN ? checknext() : checkclose();
+    return dictwhenidle(key == KEYRETURN ? nextidle : closeidle, 0);
 }
 
 errorblock *closed(window, intptr_t)
 {
-    return checkclose();
+    return dictwhenidle(closeidle, 0);
 }
 
 errorblock *chosen(int32_t, window, intptr_t, int32_t index, int32_t)
