@@ -97,12 +97,14 @@ void deliver(const systemmessage *message, window target)
         keydeliver(message, &claimed);
         if (claimed) return;
     }
-    if (navigated(message, target)) return;
 
-    sourcetranslate(message);
+    // The navigation dispatches what it doesn't use by itself.
     bool outer = polling.haskey; // of a dispatch that this poll is inside of
     polling.haskey = key;
-    sourcedispatch(message);
+    if (!navigated(message, target)) {
+        sourcetranslate(message);
+        sourcedispatch(message);
+    }
     polling.haskey = outer;
 }
 

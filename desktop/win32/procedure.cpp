@@ -128,6 +128,7 @@ constexpr messagerow rows[] = {
     {WM_FONTCHANGE, WM_FONTCHANGE, fonts},
     {WM_SETCURSOR, WM_SETCURSOR, mousecursor},
     {WM_GETMINMAXINFO, WM_GETMINMAXINFO, windowlimits},
+    {DM_GETDEFID, DM_GETDEFID, windowdefault},
     {WM_SETFONT, WM_SETFONT, windowsetfont},
     {WM_GETFONT, WM_GETFONT, windowgetfont},
     {WM_HELP, WM_HELP, help},

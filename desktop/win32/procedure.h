@@ -50,6 +50,7 @@ reply windowscrolled(const taskmessage &m);
 reply windowactivated(const taskmessage &m);
 reply windowframeactive(const taskmessage &m);
 reply windowfocus(const taskmessage &m);
+reply windowdefault(const taskmessage &m);
 reply windowsetfont(const taskmessage &m);
 reply windowgetfont(const taskmessage &m);
 reply windowcommand(const taskmessage &m);

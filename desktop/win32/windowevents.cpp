@@ -11,6 +11,8 @@
 
 #include "base/trace.h"
 
+#include <cstring>
+
 static uint32_t flagsof(window w)
 {
     uint32_t flags = 0;
@@ -43,6 +45,7 @@ static void opened(const taskmessage &m)
                 [&](const block &b) { return handlerof<openfunction>(b)(m.self, b.data, &open); });
 }
 
+// A window that is being destroyed is hidden for it, and has no record any more.
 reply windowmoved(const taskmessage &m)
 {
     LRESULT result = systemreply(m);
@@ -108,6 +111,9 @@ reply windowframeactive(const taskmessage &m)
     return replyvalue(SendMessageA(parent, m.number, m.wparam, m.lparam));
 }
 
+// Who is given the focus keeps it: the system would hand a window's on to its
+// first control, and keys would never come to the window itself. It does give a
+// control back what that had when another window became the active one.
 reply windowfocus(const taskmessage &m)
 {
     bool gained = m.number == WM_SETFOCUS;
@@ -115,7 +121,19 @@ reply windowfocus(const taskmessage &m)
     dispatchall(EVENTFOCUS, m.self, [&](const block &b) {
         return handlerof<focusfunction>(b)(m.self, b.data, gained);
     });
-    return REPLYDEFAULT;
+    return gained ? REPLYDONE : REPLYDEFAULT;
+}
+
+// A drawn control says that it is a default button, so that Return presses the one
+// with the focus. The window's own can only be a real one: else Return in a field
+// would press a counter, and no key handler would hear of it.
+reply windowdefault(const taskmessage &m)
+{
+    LRESULT answer = systemreply(m);
+    char name[16] = "";
+    if (HIWORD(answer) == DC_HASDEFID)
+        GetClassNameA(GetDlgItem(m.handle, LOWORD(answer)), name, sizeof name);
+    return strcmp(name, "abx") == 0 ? REPLYDONE : replyvalue(answer);
 }
 
 reply windowsetfont(const taskmessage &m)
