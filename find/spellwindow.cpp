@@ -15,11 +15,11 @@
 #include "desktop/templates.h"
 #include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
-#include "dict/dictset.h"
-#include "dict/wordview.h"
 #include "find/spell.h"
 
 #include <cstring>
+
+checkrecord check;
 
 namespace
 {
@@ -28,23 +28,6 @@ constexpr int32_t TEMPLATECHECK = 262;
 constexpr int32_t FIELD = 1019, BROWSE = 1021, DICTIONARIES = 1022, PLACE = 1023, ADD = 1024,
                   CONTINUE = 1025, CLOSE = 1026;
 constexpr uint32_t INFORMATION = 2 << 16; // an askbox with OK alone
-
-// The names in the combo box, as they were when it was filled: dictionaries
-// come and go while the window is open.
-struct listedrecord {
-    uint32_t count;
-    char names[MAXDICTS][sizeof dictrec::name];
-};
-
-struct {
-    window parent;
-    window self;         // 0 while closed
-    bool browsing;       // the list shows a dictionary; outlives the window
-    uint32_t dictionary; // position in dictset: where words are added
-    listedrecord listed;
-    comborecord *combo;
-    wordview view;
-} check;
 
 const Dictionary nowords = {};
 

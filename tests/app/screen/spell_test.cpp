@@ -1,0 +1,223 @@
+// The spell check, with a user's hands and eyes.
+#include "app/commands.h"
+#include "base/text.h"
+#include "desktop/icons.h"
+#include "desktop/windows.h"
+#include "dict/dictfile.h"
+#include "dict/dictset.h"
+#include "find/solutions.h"
+#include "find/spell.h"
+#include "find/spellwindow.h"
+#include "grid/gridpicture.h"
+#include "tests/app/screen/screen.h"
+#include "tests/support/driver.h"
+#include "tests/support/runner.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+using list = std::vector<std::string>;
+
+constexpr int32_t SPELLCHECK = 40017;
+constexpr int32_t FIELD = 1019, BROWSE = 1021, DICTIONARIES = 1022, ADD = 1024, CONTINUE = 1025,
+                  CLOSE = 1026;
+constexpr int YES = 11, NO = 0; // of the question at the end
+
+void dictionarywrite(const char *name, const list &words)
+{
+    Dictionary dict;
+    REQUIRE_FALSE(dictempty(&dict));
+    for (const std::string &word : words)
+        REQUIRE_FALSE(dictadd(word.c_str(), &dict));
+    REQUIRE_FALSE(dictsave(dictdirectory, name, &dict));
+    dictfree(&dict);
+}
+
+list wordsof(const Dictionary &dict)
+{
+    list words;
+    for (uint32_t i = 0; i < dictcount(&dict); i++)
+        words.push_back(dictword(i, &dict));
+    return words;
+}
+
+const Dictionary &dictionary(const char *name)
+{
+    return dicts[dictnamefind(name)].dict;
+}
+
+// What the file holds.
+list saved(const char *name)
+{
+    Dictionary dict = {};
+    REQUIRE_FALSE(dictload(dictdirectory, name, &dict));
+    list words = wordsof(dict);
+    dictfree(&dict);
+    return words;
+}
+
+// Two dictionaries in use, and a grid whose words across are these, one in each
+// second row.
+void begin(const list &words)
+{
+    static int made;
+    screenstart();
+    if (check.self) SendMessageA(reinterpret_cast<HWND>(check.self), WM_CLOSE, 0, 0);
+    std::string folder = scratchfolder() + "\\spell" + std::to_string(made++);
+    std::filesystem::create_directories(folder);
+    strcopyn(dictdirectory, folder.c_str(), sizeof dictdirectory);
+    dictionarywrite("one", {"bat", "cat", "horse", "house", "mouse"});
+    dictionarywrite("two", {"Mice", "zebra"});
+    REQUIRE_FALSE(dictstart());
+    dictsetclear();
+    for (const char *name : {"one", "two"})
+        REQUIRE_FALSE(dictuse(static_cast<uint32_t>(dictnamefind(name))));
+    std::string picture;
+    for (const std::string &word : words)
+        picture += word + std::string(8 - word.size(), '#') + "\n########\n";
+    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
+    drivepump();
+}
+
+void spellnow(const list &words)
+{
+    begin(words);
+    REQUIRE_FALSE(commandrun(SPELLCHECK));
+    drivepump();
+    REQUIRE(check.self);
+}
+
+void press(int32_t icon, drivebutton button = DRIVELEFT)
+{
+    driveplace at = driveicon(check.self, icon);
+    driveclick(at.x, at.y, button);
+}
+
+std::string field()
+{
+    return drivetext(check.self, FIELD);
+}
+
+// Work that ends in the question whether to keep the words.
+std::string answered(int button, const std::function<void()> &work)
+{
+    std::string text;
+    driveaside(work, [&] {
+        window box = drivewaitwindow("Quillmere", "Task");
+        CHECK(box);
+        text = drivetext(box, 12);
+        Sleep(100);
+        PostMessageA(reinterpret_cast<HWND>(box), WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(GetDlgItem(reinterpret_cast<HWND>(box), button)));
+    });
+    return text;
+}
+
+} // namespace
+
+TEST_CASE("each word that nobody knows is shown with its suggestions")
+{
+    spellnow({"CAT", "hose", "m.use", "zebar", "mice", "qq"});
+    CHECK(drivetext(check.self) == "Spell Check (Guess)");
+    CHECK(field() == "hose");
+    CHECK(check.view.wordrows == &spell.guessstore);
+    CHECK(wordsof(spell.guessstore) == list{"horse", "house"});
+    CHECK(drivetext(check.self, DICTIONARIES) == "one");
+    press(CONTINUE); // the word with a blank isn't asked about
+    CHECK(field() == "zebar");
+    CHECK(wordsof(spell.guessstore) == list{"zebra"});
+    drivekey(VK_RETURN);
+    CHECK(field() == "qq");
+    CHECK(dictcount(&spell.guessstore) == 0);
+    drivekey(VK_RETURN);
+    CHECK(check.self == 0); // nothing was changed, nothing is asked
+}
+
+TEST_CASE("without a word to ask about a box says so")
+{
+    begin({"cat", "HOUSE", "m.ce"});
+    CHECK(drivebox(IDOK, [] { commandrun(SPELLCHECK); }) == "No new words!");
+    CHECK(check.self == 0);
+}
+
+TEST_CASE("a word that is added is in memory until the end, and then kept or not")
+{
+    spellnow({"hose", "zebar"});
+    press(ADD);
+    CHECK(wordsof(dictionary("one")) == list{"bat", "cat", "horse", "hose", "house", "mouse"});
+    CHECK(saved("one").size() == 5);
+    CHECK(field() == "hose");
+    press(CONTINUE);
+    press(FIELD);
+    drivekey('A', DRIVECTRL);
+    drivetype("zebras");
+    press(ADD, DRIVERIGHT);
+
+    std::string question;
+    size_t after = 0;
+    if (check.self) { // the right button may not reach a plain button
+        SUBCASE("kept")
+        {
+            question = answered(YES, [] { press(CLOSE); });
+            after = 6;
+        }
+        SUBCASE("not kept")
+        {
+            question = answered(NO, [] { drivekey(VK_ESCAPE); });
+            after = 5;
+        }
+    }
+    CHECK(question == "Dictionaries changed. Retain changes?");
+    CHECK(check.self == 0);
+    CHECK(saved("one").size() == after);
+    CHECK(wordsof(dictionary("one")).size() == after);
+    CHECK_FALSE(dictanychanges());
+}
+
+TEST_CASE("the list shows the dictionary that words go to")
+{
+    spellnow({"hose", "zebar"});
+    press(BROWSE);
+    CHECK(drivetext(check.self) == "Spell Check (one)");
+    CHECK(check.view.wordrows == &dictionary("one"));
+    CHECK(check.view.rowsel == -1);
+    int on;
+    REQUIRE_FALSE(iconselected(check.self, BROWSE, &on));
+    CHECK(on);
+
+    press(DICTIONARIES); // opens it
+    drivekey(VK_DOWN);
+    drivekey(VK_RETURN);
+    CHECK(drivetext(check.self) == "Spell Check (two)");
+    CHECK(check.view.wordrows == &dictionary("two"));
+    press(ADD);
+    CHECK(wordsof(dictionary("two")) == list{"hose", "Mice", "zebra"});
+    CHECK(check.view.rowsel == 0); // the word in the field
+    press(CONTINUE);
+    CHECK(field() == "zebar");
+    CHECK(drivetext(check.self) == "Spell Check (two)");
+    press(BROWSE);
+    CHECK(drivetext(check.self) == "Spell Check (Guess)");
+    CHECK(check.view.wordrows == &spell.guessstore);
+    answered(NO, [] { press(CLOSE); });
+}
+
+TEST_CASE("a word goes to no other dictionary than the one that is seen chosen")
+{
+    spellnow({"hose"});
+    REQUIRE_FALSE(dictunuse(static_cast<uint32_t>(dictnamefind("one"))));
+    press(ADD);
+    CHECK(drivetext(check.self, DICTIONARIES) == "two");
+    CHECK(dictcount(&dictionary("two")) == 2);
+    press(ADD);
+    CHECK(dictcount(&dictionary("two")) == 3);
+    answered(NO, [] { press(CLOSE); });
+}
