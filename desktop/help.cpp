@@ -33,14 +33,15 @@ bool isfile(const char *path)
     return type == OBJECTFILE;
 }
 
-// A program that was copied and not installed has its manual beside it.
+// A program that was copied and not installed has its manual beside it, or should
+// have: where it was installed is no place that a message could name.
 errorblock *besideprogram(char *file, int32_t size)
 {
     char beside[PATHSIZE];
     if (isfile(file)) return nullptr;
     errorblock *err = platformprogramdirectory(beside, sizeof beside);
     if (!err) err = fs_strcat(beside, sizeof beside, leafname(file));
-    if (!err && isfile(beside)) err = xzstrncpyu(file, beside, size);
+    if (!err && (isfile(beside) || file[0] == '<')) err = xzstrncpyu(file, beside, size);
     return err;
 }
 

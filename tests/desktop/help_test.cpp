@@ -135,7 +135,10 @@ TEST_CASE("the manual is where the path says, or beside the program")
     CHECK(fakelog() == "topic 5 " + beside);
     CHECK(traced("temp " + beside));
     filedelete(beside.c_str());
-    regdelete(KEY);
+
+    regdelete(KEY); // it was never installed
+    CHECK_FALSE(helpcontents(5, path.c_str()));
+    CHECK(fakelog() == "topic 5 " + beside);
 }
 
 TEST_CASE("the text of a control comes from its window's handler")
