@@ -6,14 +6,19 @@
 #include "desktop/dispatch.h"
 #include "desktop/win32/pointerplace.h"
 #include "desktop/win32/procedure.h"
-#include "desktop/windows.h"
+#include "desktop/windowplace.h"
+#include "graphics/modeinfo.h"
 
 #include <windowsx.h>
+
+#include <algorithm>
 
 static struct {
     mousestates state;
     mouserecord press; // the remembered press
     window dragged;    // of the drag that runs
+    bool limited;      // it is of a point, which stays inside these
+    pixelbox limits;   // of the screen
 } mouse;
 
 static struct {
@@ -91,10 +96,22 @@ void mouseend(window w)
     }
 }
 
+// The pointer's place on the screen, of a point as far as its limits let it.
+static POINT dragplace(POINT client)
+{
+    ClientToScreen(handle(mouse.dragged), &client);
+    if (!mouse.limited) return client;
+    const pixelbox &box = mouse.limits;
+    return {std::clamp<LONG>(client.x, box.left, std::max(box.left, box.right)),
+            std::clamp<LONG>(client.y, box.top, std::max(box.top, box.bottom))};
+}
+
 // The button's own place may be another than that of the last movement.
 static void dragto(POINT client)
 {
-    dragboxmove(client.x, client.y);
+    POINT place = dragplace(client);
+    ScreenToClient(handle(mouse.dragged), &place);
+    dragboxmove(place.x, place.y);
 }
 
 // The system's own move of the window, as from its title bar; it runs until the
@@ -115,6 +132,9 @@ errorblock *startdrag(const dragbox *record)
     }
     mouse.state = MOUSEIDLE;
     mouse.dragged = record->window;
+    mouse.limited = record->type == DRAGPOINT;
+    mouse.limits = {ostodevx(record->minx), ostoscreeny(record->maxy), ostodevx(record->maxx),
+                    ostoscreeny(record->miny)};
     SetCapture(handle(record->window)); // ends another's press first
     dragboxstart(record);
     mouse.state = MOUSEDRAG;
@@ -182,6 +202,7 @@ static void dragmoved(const taskmessage &m)
     if (!dragging.move) return;
     mouserecord record;
     reporterror(getpointer(&record));
+    placeset(&record, dragplace(placeof(m)));
     reporterror(dragging.move(dragging.self, dragging.data, &record));
 }
 
