@@ -1,0 +1,382 @@
+// Presses, double clicks and drags with a real pointer.
+#include "desktop/mouse.h"
+
+#include "desktop/filters.h"
+#include "desktop/handlers.h"
+#include "desktop/icons.h"
+#include "desktop/windows.h"
+#include "graphics/modeinfo.h"
+#include "tests/desktop/win32/eventwindow.h"
+#include "tests/desktop/win32/taskwindows.h"
+#include "tests/support/driver.h"
+
+#include <doctest/doctest.h>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+
+namespace
+{
+
+// A window that tells of its clicks and movements.
+struct mousewindow : eventwindow {
+    explicit mousewindow(int32_t number = EVENTCONTROLS) : eventwindow(number)
+    {
+        CHECK_FALSE(addclickhandler(tellclick, w, 0));
+    }
+    ~mousewindow()
+    {
+        CHECK_FALSE(remclickhandler(tellclick, w, 0));
+    }
+
+    // A place of the background, some way right of the controls.
+    driveplace place(int right = 0, int down = 0)
+    {
+        return driveclient(w, 200 + right, 100 + down);
+    }
+};
+
+void moveto(driveplace place)
+{
+    drivemove(place.x, place.y);
+}
+
+} // namespace
+
+TEST_CASE("a press is told at once, and its release not at all")
+{
+    mousewindow m;
+    moveto(m.place());
+    drivepress();
+    CHECK(taken() == "4 on -1;");
+    CHECK(mousestate() == MOUSEPRESSED);
+    driverelease();
+    CHECK(taken() == "");
+    CHECK(mousestate() == MOUSEIDLE);
+    drivepress(DRIVERIGHT);
+    CHECK(taken() == "1 on -1;");
+    driverelease(DRIVERIGHT);
+    CHECK(taken() == "");
+}
+
+TEST_CASE("the least movement of a held button is a drag, from where it was pressed")
+{
+    static mouserecord seen[2];
+    static int count;
+    count = 0;
+    auto note = [](window, intptr_t, mouserecord *mouse) -> errorblock * {
+        if (count < 2) seen[count] = *mouse;
+        count++;
+        return nullptr;
+    };
+    for (drivebutton button : {DRIVELEFT, DRIVERIGHT}) {
+        eventwindow e(EVENTCONTROLS);
+        clickfunction handler = note;
+        count = 0;
+        REQUIRE_FALSE(addclickhandler(handler, e.w, 0));
+        driveplace from = driveclient(e.w, 200, 100);
+        drivedrag({from, {from.x + 1, from.y}, {from.x + 9, from.y + 9}}, button);
+        CHECK(count == 2);
+        bool left = button == DRIVELEFT;
+        CHECK(seen[0].buttons == (left ? BUTTONLEFT : BUTTONRIGHT));
+        CHECK(seen[1].buttons == (left ? BUTTONLEFTDRAG : BUTTONRIGHTDRAG));
+        for (const mouserecord &record : seen) {
+            CHECK(record.x == devtoosx(from.x));
+            CHECK(record.y == screentoosy(from.y));
+            CHECK(record.window == e.w);
+            CHECK(record.icon == -1);
+        }
+        CHECK_FALSE(remclickhandler(handler, e.w, 0));
+    }
+}
+
+TEST_CASE("a double click is a press and a double press, and drags nothing")
+{
+    mousewindow m;
+    for (drivebutton button : {DRIVELEFT, DRIVERIGHT}) {
+        driveplace at = m.place(0, button == DRIVELEFT ? 0 : 40);
+        drivedouble(at.x, at.y, button);
+        CHECK(taken() == (button == DRIVELEFT ? "4 on -1;1024 on -1;" : "1 on -1;256 on -1;"));
+    }
+    moveto(m.place());
+    drivedouble(m.place().x, m.place().y);
+    taken();
+    moveto(m.place(5, 5));
+    CHECK(taken() == "");
+}
+
+TEST_CASE("only the first handler of clicks hears of one, and all of movements")
+{
+    mousewindow m;
+    addclickhandler(tellclick, m.w, 7);
+    addmousehandler(tellmouse, m.w, 1);
+    addmousehandler(tellmouse, m.w, 2);
+    moveto(m.place());
+    taken();
+    moveto(m.place(3, 0));
+    CHECK(taken() == "1move on -1;2move on -1;");
+    drivepress();
+    CHECK(taken() == "4 on -1;");
+    driverelease();
+    taken();
+    remmousehandler(tellmouse, m.w, 2);
+    remmousehandler(tellmouse, m.w, 1);
+    remclickhandler(tellclick, m.w, 7);
+}
+
+TEST_CASE("controls tell of their clicks by their number")
+{
+    mousewindow m;
+    auto click = [&](int icon) {
+        driveplace at = driveicon(m.w, icon);
+        driveclick(at.x, at.y);
+        return taken();
+    };
+    CHECK(click(EVENTBUTTON) == "4 on 11;");
+    CHECK(click(EVENTDRAWN) == "4 on 12;");
+    CHECK(click(EVENTDISABLED) == "4 on 13;"); // falls through to the window
+    CHECK(click(EVENTFIELD) == "");
+    driveplace from = driveicon(m.w, EVENTDRAWN);
+    drivedrag({from, {from.x + 1, from.y}, {from.x + 5, from.y}});
+    CHECK(taken() == "4 on 12;64 on 12;");
+}
+
+TEST_CASE("a press ends another, and capture that is lost ends it quietly")
+{
+    mousewindow m;
+    moveto(m.place());
+    drivepress();
+    drivepress(DRIVERIGHT);
+    CHECK(taken() == "4 on -1;1 on -1;");
+    moveto(m.place(1, 0));
+    CHECK(taken() == "16 on -1;"); // of the press that counts
+    driverelease(DRIVERIGHT);
+    driverelease();
+    drivepress();
+    taken();
+    SetCapture(GetDlgItem(taskhandle(m.w), EVENTBUTTON));
+    CHECK(mousestate() == MOUSEIDLE);
+    ReleaseCapture();
+    moveto(m.place(4, 0));
+    driverelease();
+    CHECK(taken() == "");
+}
+
+namespace
+{
+
+int32_t dragkind;
+osbox dragarea; // the limits of the pointer
+
+errorblock *dragged(window self, intptr_t data, const dragresult *box)
+{
+    CHECK(mousestate() == MOUSEIDLE);
+    said("%dend of %d: %d %d %d %d;", static_cast<int>(data), self != 0, box->x0, box->y0, box->x1,
+         box->y1);
+    return nullptr;
+}
+
+errorblock *dragmoves(window, intptr_t, mouserecord *mouse)
+{
+    said("at %d %d;", static_cast<int>(mouse->x), static_cast<int>(mouse->y));
+    return nullptr;
+}
+
+errorblock *dragstarts(window self, intptr_t, mouserecord *mouse)
+{
+    said("%d;", static_cast<int>(mouse->buttons));
+    if (mouse->buttons != BUTTONLEFTDRAG) return nullptr;
+    int32_t x = static_cast<int32_t>(mouse->x), y = static_cast<int32_t>(mouse->y);
+    int32_t thick = dragkind == DRAGRUBBER ? 40 : 0;
+    dragbox record = {self, dragkind,    x,           y - thick,   x + thick,
+                      y,    dragarea.x0, dragarea.y0, dragarea.x1, dragarea.y1};
+    if (dragkind == DRAGBAR) record.y0 = y - 100;
+    setdragfunctions2(self, 5, dragged, dragmoves);
+    return startdrag(&record);
+}
+
+struct dragwindow : eventwindow {
+    driveplace from;
+
+    explicit dragwindow(int32_t kind) : eventwindow(EVENTPLAIN)
+    {
+        dragkind = kind;
+        dragarea = {-10000, -10000, 10000, 10000};
+        CHECK_FALSE(addclickhandler(dragstarts, w, 0));
+        from = driveclient(w, 100, 100);
+        drivemove(from.x, from.y);
+    }
+    ~dragwindow()
+    {
+        CHECK_FALSE(remclickhandler(dragstarts, w, 0));
+    }
+
+    // Up to where the drag runs.
+    void start()
+    {
+        drivepress();
+        drivemove(from.x + 1, from.y);
+        CHECK(taken() == "4;64;");
+        CHECK(mousestate() == MOUSEDRAG);
+    }
+    std::string at(int right, int down)
+    {
+        return "at " + std::to_string(devtoosx(from.x + right)) + " " +
+               std::to_string(screentoosy(from.y + down)) + ";";
+    }
+};
+
+} // namespace
+
+TEST_CASE("a drag tells of its moves, and ends with the box at the pointer's place")
+{
+    for (int32_t kind : {DRAGRUBBER, DRAGPOINT, DRAGBAR}) {
+        CAPTURE(kind);
+        dragwindow d(kind);
+        addmousehandler(tellmouse, d.w, 0);
+        d.start();
+        drivemove(d.from.x + 30, d.from.y + 20);
+        CHECK(taken() == d.at(30, 20)); // and no movement besides
+        driverelease();
+        std::string end = taken();
+        int32_t x0, y0, x1, y1;
+        REQUIRE(sscanf(end.c_str(), "5end of 1: %d %d %d %d;", &x0, &y0, &x1, &y1) == 4);
+        // It began a pixel to the right of the press.
+        CHECK(abs(x0 - devtoosx(d.from.x + 29)) <= 2);
+        CHECK(abs(y1 - screentoosy(d.from.y + (kind == DRAGBAR ? 0 : 20))) <= 2);
+        CHECK(x1 - x0 == (kind == DRAGRUBBER ? 40 : 0));
+        CHECK(y1 - y0 == (kind == DRAGRUBBER ? 40 : kind == DRAGBAR ? 100 : 0));
+        CHECK(mousestate() == MOUSEIDLE);
+        CHECK(GetCapture() == nullptr);
+        remmousehandler(tellmouse, d.w, 0);
+    }
+}
+
+TEST_CASE("the limits of a dragged point hold it, wherever the pointer goes")
+{
+    dragwindow d(DRAGPOINT);
+    dragarea = {devtoosx(d.from.x - 10), screentoosy(d.from.y + 10), devtoosx(d.from.x + 10),
+                screentoosy(d.from.y - 10)};
+    d.start();
+    drivemove(d.from.x + 60, d.from.y - 60);
+    CHECK(taken() == d.at(10, -10));
+    drivemove(d.from.x - 5, d.from.y + 60);
+    CHECK(taken() == d.at(-5, 10));
+    drivemove(d.from.x + 60, d.from.y - 60);
+    taken();
+    driverelease();
+    int32_t x0, y0, x1, y1;
+    std::string end = taken();
+    REQUIRE(sscanf(end.c_str(), "5end of 1: %d %d %d %d;", &x0, &y0, &x1, &y1) == 4);
+    CHECK(abs(x0 - dragarea.x1) <= 4);
+    CHECK(abs(y0 - dragarea.y1) <= 4);
+}
+
+TEST_CASE("a drag goes on outside its window")
+{
+    dragwindow d(DRAGPOINT);
+    d.start();
+    drivemove(d.from.x + 400, d.from.y + 30);
+    CHECK(taken() == d.at(400, 30));
+    driverelease();
+    CHECK(taken().find("5end") == 0);
+}
+
+TEST_CASE("the other button, or capture that is lost, ends a drag like its release")
+{
+    dragwindow d(DRAGRUBBER);
+    d.start();
+    SUBCASE("another press")
+    {
+        drivepress(DRIVERIGHT);
+        driverelease(DRIVERIGHT);
+    }
+    SUBCASE("capture")
+    {
+        SetCapture(taskhandle(d.w)), ReleaseCapture();
+    }
+    SUBCASE("the window is closed")
+    {
+        CHECK_FALSE(closewindow(d.w));
+    }
+    CHECK(taken().find("5end") == 0);
+    CHECK(mousestate() == MOUSEIDLE);
+    drivemove(d.from.x + 9, d.from.y);
+    driverelease();
+    CHECK(taken() == "");
+}
+
+// How far the system says that it is moving the window: some window managers take
+// it over then, and what they do is their own.
+TEST_CASE("a drag of the window itself is the system's")
+{
+    static std::atomic<int> moved;
+    filterfunction moving = [](const systemmessage *message, intptr_t left, int *, intptr_t *,
+                               int *) -> errorblock * {
+        moved = static_cast<int>(reinterpret_cast<const RECT *>(message->lparam)->left - left);
+        return nullptr;
+    };
+    dragwindow d(DRAGWINDOW);
+    RECT before;
+    GetWindowRect(taskhandle(d.w), &before);
+    moved = 0;
+    REQUIRE_FALSE(addfilter(moving, WM_MOVING, d.w, before.left));
+    driveaside([] {},
+               [&] {
+                   drivepress();
+                   for (int step = 1; step < 200 && !moved; step += 3)
+                       drivemove(d.from.x + step, d.from.y + step / 2);
+                   driverelease();
+                   drivekey(VK_RETURN); // ends a loop that has missed the release
+               });
+    CHECK(moved > 0);
+    CHECK(taken() == "4;64;");
+    remfilter(moving, WM_MOVING, d.w, before.left);
+}
+
+TEST_CASE("the pointer's record tells the innermost control, and the buttons held")
+{
+    eventwindow e(EVENTCONTROLS);
+    mouserecord mouse;
+    driveplace button = driveicon(e.w, EVENTDRAWN);
+    moveto(button);
+    REQUIRE_FALSE(getpointer(&mouse));
+    CHECK(mouse.window == e.w);
+    CHECK(mouse.icon == EVENTDRAWN);
+    CHECK(mouse.buttons == 0);
+    CHECK(mouse.x == devtoosx(button.x));
+    CHECK(mouse.y == screentoosy(button.y));
+    drivepress();
+    getpointer(&mouse);
+    CHECK(mouse.buttons == BUTTONLEFT);
+    driverelease();
+    moveto(driveclient(e.w, -50, -50));
+    getpointer(&mouse);
+    CHECK(mouse.window != e.w);
+    CHECK(mouse.icon == -1);
+}
+
+TEST_CASE("the shape of the pointer is asked for over the client area")
+{
+    static int wanted;
+    pointerfunction handler = [](window, intptr_t data, mouserecord *mouse,
+                                 int *handled) -> errorblock * {
+        said("%d over %d;", static_cast<int>(data), static_cast<int>(mouse->icon));
+        *handled = wanted == data;
+        return wanted == data ? setpointer(POINTERCROSS, 0, nullptr) : nullptr;
+    };
+    eventwindow e(EVENTCONTROLS);
+    addpointerhandler(handler, e.w, 1);
+    addpointerhandler(handler, e.w, 2);
+    wanted = 2;
+    moveto(driveclient(e.w, 200, 100));
+    CHECK(taken().find("1 over -1;2 over -1;") == 0);
+    CHECK(GetCursor() == LoadCursorA(nullptr, IDC_CROSS));
+    wanted = 0;
+    moveto(driveclient(e.w, 210, 100));
+    CHECK(GetCursor() == LoadCursorA(nullptr, IDC_ARROW));
+    remclickhandler(tellclick, e.w, 0); // one that isn't there does no harm
+    rempointerhandler(handler, e.w, 2);
+    rempointerhandler(handler, e.w, 1);
+}
