@@ -47,6 +47,10 @@ errorblock *seticontextifchanged(window w, int32_t icon, const char *text);
 [[gnu::format(printf, 3, 4)]] errorblock *seticontextf(window w, int32_t icon, const char *format,
                                                        ...);
 
+// The button that Return presses, and that shows it. A template names its own; this
+// is for a window that deletes buttons.
+errorblock *seticondefault(window w, int32_t icon);
+
 // The most characters that can be typed into a writable icon; what is set by
 // program isn't cut.
 errorblock *seticonlimit(window w, int32_t icon, int32_t characters);

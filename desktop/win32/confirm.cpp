@@ -66,6 +66,16 @@ errorblock *unusedremove()
     return err;
 }
 
+// Return presses the button that it stands for, and the system shows which that is.
+errorblock *defaultset()
+{
+    errorblock *err = nullptr;
+    for (const buttonrow &row : BUTTONS)
+        if (!err && row.kind == question.kind && row.otherkey == KEYRETURN)
+            err = seticondefault(question.open, row.icon);
+    return err;
+}
+
 errorblock *clicked(window, intptr_t, mouserecord *mouse)
 {
     for (const buttonrow &row : BUTTONS)
@@ -146,6 +156,7 @@ errorblock *boxask(window parent, const char *text)
     window w = question.open;
     err = seticontext(w, QUESTION, text);
     if (!err) err = unusedremove();
+    if (!err) err = defaultset();
     if (!err) err = asked(w, parent);
     kepterror kept = keeperror(err);
     if (wdatafind(w)) err = removewindow(&question.open);

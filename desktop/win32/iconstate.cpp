@@ -42,6 +42,14 @@ errorblock *seticonshaded(window w, int32_t icon, int on)
     return err;
 }
 
+errorblock *seticondefault(window w, int32_t icon)
+{
+    HWND control;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (!err) SendMessageA(GetParent(control), DM_SETDEFID, static_cast<WPARAM>(icon), 0);
+    return err;
+}
+
 errorblock *redrawicon(window w, int32_t icon)
 {
     HWND control;

@@ -126,14 +126,15 @@ reply windowfocus(const taskmessage &m)
 
 // A drawn control says that it is a default button, so that Return presses the one
 // with the focus. The window's own can only be a real one: else Return in a field
-// would press a counter, and no key handler would hear of it.
+// would press a counter, and no key handler would hear of it. Nor can it be one that
+// was deleted.
 reply windowdefault(const taskmessage &m)
 {
     LRESULT answer = systemreply(m);
     char name[16] = "";
-    if (HIWORD(answer) == DC_HASDEFID)
-        GetClassNameA(GetDlgItem(m.handle, LOWORD(answer)), name, sizeof name);
-    return strcmp(name, "abx") == 0 ? REPLYDONE : replyvalue(answer);
+    HWND control = HIWORD(answer) ? GetDlgItem(m.handle, LOWORD(answer)) : nullptr;
+    bool named = control && GetClassNameA(control, name, sizeof name);
+    return named && strcmp(name, "abx") != 0 ? replyvalue(answer) : REPLYDONE;
 }
 
 reply windowsetfont(const taskmessage &m)

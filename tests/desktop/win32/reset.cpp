@@ -7,6 +7,7 @@
 #include "desktop/menupath.h"
 #include "desktop/poll.h"
 #include "desktop/stages.h"
+#include "desktop/templatechain.h"
 #include "desktop/timed.h"
 #include "tests/support/runner.h"
 
@@ -26,4 +27,5 @@ void modulesreset()
     modeinfoinit();
     hourglassinit();
     menustate = {};
+    templatesreset();
 }
