@@ -1,6 +1,7 @@
 // Rows of the window procedure that are about the window itself.
 
 #include "desktop/dispatch.h"
+#include "desktop/eventsource.h"
 #include "desktop/mouse.h"
 #include "desktop/scroll.h"
 #include "desktop/win32/controls.h"
@@ -49,6 +50,7 @@ static void opened(const taskmessage &m)
 reply windowmoved(const taskmessage &m)
 {
     LRESULT result = systemreply(m);
+    if (!sourceisours(m.self)) return replyvalue(result);
     int busy = 0;
     reporterror(rescroll(m.self, &busy));
     if (!busy) opened(m);
