@@ -38,7 +38,7 @@ errorblock *buttonsshade()
 // After each poll the window may be gone: the end of it stops the work.
 errorblock *loop()
 {
-    constexpr int32_t ENOUGH = 1000000, STEP = 500;
+    constexpr int32_t ENOUGH = 100000000, STEP = 500;
     errorblock *err = nullptr;
     for (work.count = 0; work.count < ENOUGH && !work.stop && !err; work.count++) {
         if (work.count % STEP) continue;

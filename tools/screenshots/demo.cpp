@@ -80,11 +80,17 @@ void talkpose(window w)
     }
 }
 
+// While it runs, and stopped.
 void workpose(window w)
 {
-    constexpr int START = 3;
-    driveplace button = driveicon(w, START);
-    drivemove(button.x, button.y);
+    constexpr int START = 3, STOP = 4;
+    driveaside([] {},
+               [w] {
+                   driveclick(driveicon(w, START).x, driveicon(w, START).y);
+                   drivewait([] { return false; }, 400);
+                   screensave(w, "demo-work-running");
+                   driveclick(driveicon(w, STOP).x, driveicon(w, STOP).y);
+               });
 }
 
 constexpr partrow PARTS[] = {
