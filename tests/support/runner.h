@@ -11,6 +11,10 @@
 // Each test program defines this: its modules, as they are at start-up.
 void modulesreset();
 
+// The blocks that a program holds when its modules are so: 0, until modulesreset
+// says another number.
+extern int blocksatrest;
+
 // True under --shake, where each edit of a dictionary copies it whole: tests of
 // long lists take shorter ones.
 bool shaken();
