@@ -179,14 +179,32 @@ systemmessage systemmessageof(const taskmessage &m)
     return {m.self, static_cast<intptr_t>(m.number), static_cast<intptr_t>(m.wparam), m.lparam};
 }
 
-// Windows come from dialog templates, and the system's dialog half is what moves
-// the focus between controls, keeps it while another window is active and knows
-// the default button.
+// Windows come from dialog templates. The system's dialog half moves the focus
+// between controls, keeps it while another window is active and knows the default
+// button; it asks the template's own procedure first each time, which has nothing
+// to say, so that it gets no other messages.
+static bool ofdialogs(UINT number)
+{
+    switch (number) {
+    case WM_INITDIALOG:
+    case WM_ACTIVATE:
+    case WM_SHOWWINDOW:
+    case WM_NCDESTROY:
+    case WM_NEXTDLGCTL:
+    case DM_GETDEFID:
+    case DM_SETDEFID:
+        return true;
+    }
+    return false;
+}
+
 LRESULT systemreply(const taskmessage &m)
 {
     const wdata *data = wdatafind(m.self);
     bool wide = data && data->flags & WINDOWWIDE;
-    return (wide ? DefDlgProcW : DefDlgProcA)(m.handle, m.number, m.wparam, m.lparam);
+    if (ofdialogs(m.number))
+        return (wide ? DefDlgProcW : DefDlgProcA)(m.handle, m.number, m.wparam, m.lparam);
+    return (wide ? DefWindowProcW : DefWindowProcA)(m.handle, m.number, m.wparam, m.lparam);
 }
 
 LRESULT CALLBACK taskprocedure(HWND handle, UINT number, WPARAM wparam, LPARAM lparam)
