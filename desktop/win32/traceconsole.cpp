@@ -2,6 +2,16 @@
 
 #include <windows.h>
 
+// For whoever wants to read it: it doesn't cover the program or take its keys, and
+// has no close box, which would end the program with the work that is in it.
+static void consoleaside()
+{
+    HWND w = GetConsoleWindow();
+    if (!w) return;
+    ShowWindow(w, SW_SHOWMINNOACTIVE);
+    DeleteMenu(GetSystemMenu(w, FALSE), SC_CLOSE, MF_BYCOMMAND);
+}
+
 // The console comes into being with the first line and stays. Its code page is
 // that of our texts, not that of the system's oldest programs.
 static HANDLE console()
@@ -9,6 +19,7 @@ static HANDLE console()
     static HANDLE output = [] {
         FreeConsole();
         AllocConsole();
+        consoleaside();
         SetConsoleOutputCP(1252);
         return GetStdHandle(STD_OUTPUT_HANDLE);
     }();
