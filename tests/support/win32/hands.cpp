@@ -1,0 +1,317 @@
+#include "tests/support/hands.h"
+
+#include "tools/gallerysheets/files.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <cstring>
+
+namespace
+{
+
+HWND handle(window w)
+{
+    return reinterpret_cast<HWND>(w);
+}
+
+window wordof(HWND h)
+{
+    return reinterpret_cast<window>(h);
+}
+
+void sendmouse(DWORD flags, DWORD data = 0)
+{
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    input.mi.mouseData = data;
+    SendInput(1, &input, sizeof input);
+}
+
+void sendkey(int key, bool up)
+{
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = static_cast<WORD>(key);
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(static_cast<UINT>(key), MAPVK_VK_TO_VSC));
+    // The grey keys: without this a keypad would be meant.
+    bool grey = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
+    input.ki.dwFlags = (up ? KEYEVENTF_KEYUP : 0U) | (grey ? KEYEVENTF_EXTENDEDKEY : 0U);
+    SendInput(1, &input, sizeof input);
+}
+
+void hold(int held, bool down)
+{
+    if (held & DRIVESHIFT) sendkey(VK_SHIFT, !down);
+    if (held & DRIVECTRL) sendkey(VK_CONTROL, !down);
+    if (held & DRIVEALT) sendkey(VK_MENU, !down);
+}
+
+void placepointer(int x, int y)
+{
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    int width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
+    input.mi.dx = (x * 65536 + width - 1) / width;
+    input.mi.dy = (y * 65536 + height - 1) / height;
+    SendInput(1, &input, sizeof input);
+}
+
+DWORD downflag(drivebutton button)
+{
+    return button == DRIVELEFT ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN;
+}
+
+DWORD upflag(drivebutton button)
+{
+    return button == DRIVELEFT ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP;
+}
+
+drivepicture lookat(int left, int top, int width, int height)
+{
+    drivepicture picture = {width, height, {}};
+    picture.pixels.resize(static_cast<size_t>(width) * height);
+    HDC screen = GetDC(nullptr);
+    HDC memory = CreateCompatibleDC(screen);
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, left, top, SRCCOPY);
+    SelectObject(memory, old);
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height; // from the top
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), picture.pixels.data(), &info,
+              DIB_RGB_COLORS);
+    for (uint32_t &pixel : picture.pixels)
+        pixel &= 0xFFFFFF;
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+    return picture;
+}
+
+struct searched {
+    std::string title, classname;
+    HWND found;
+};
+
+BOOL CALLBACK matches(HWND h, LPARAM word)
+{
+    auto *s = reinterpret_cast<searched *>(word);
+    DWORD process = 0;
+    GetWindowThreadProcessId(h, &process);
+    if (process != driveprocess() || !IsWindowVisible(h)) return TRUE;
+    char text[256] = "", name[256] = "";
+    GetClassNameA(h, name, sizeof name);
+    GetWindowTextA(h, text, sizeof text);
+    if (!s->classname.empty() && s->classname != name) return TRUE;
+    if (!s->title.empty() && s->title != text) return TRUE;
+    s->found = h;
+    return FALSE;
+}
+
+} // namespace
+
+void drivemove(int x, int y)
+{
+    placepointer(x, y);
+    drivesettle();
+}
+
+void drivepress(drivebutton button)
+{
+    sendmouse(downflag(button));
+    drivesettle();
+}
+
+void driverelease(drivebutton button)
+{
+    sendmouse(upflag(button));
+    drivesettle();
+}
+
+void driveclick(int x, int y, drivebutton button, int held)
+{
+    hold(held, true);
+    drivemove(x, y);
+    drivepress(button);
+    driverelease(button);
+    hold(held, false);
+    drivesettle();
+}
+
+void drivedouble(int x, int y, drivebutton button)
+{
+    drivemove(x, y);
+    for (int i = 0; i < 2; i++) {
+        sendmouse(downflag(button));
+        sendmouse(upflag(button));
+    }
+    drivesettle();
+}
+
+void drivedrag(const std::vector<driveplace> &places, drivebutton button, int held)
+{
+    hold(held, true);
+    drivemove(places.front().x, places.front().y);
+    drivepress(button);
+    for (const driveplace &place : places)
+        drivemove(place.x, place.y);
+    driverelease(button);
+    hold(held, false);
+    drivesettle();
+}
+
+void drivewheel(int delta, bool horizontal)
+{
+    sendmouse(horizontal ? MOUSEEVENTF_HWHEEL : MOUSEEVENTF_WHEEL, static_cast<DWORD>(delta));
+    drivesettle();
+}
+
+void drivekey(int key, int held)
+{
+    hold(held, true);
+    sendkey(key, false);
+    sendkey(key, true);
+    hold(held, false);
+    drivesettle();
+}
+
+void drivetype(const std::string &text)
+{
+    for (char c : text) {
+        SHORT key = VkKeyScanA(c);
+        if (key == -1) continue; // no key of this keyboard types it
+        drivekey(LOBYTE(key), (HIBYTE(key) & 1) ? DRIVESHIFT : 0);
+    }
+}
+
+void drivedrop(window w, const std::vector<std::string> &files, driveplace place)
+{
+    std::string names;
+    for (const std::string &file : files)
+        names += file + '\0';
+    names += '\0';
+    HGLOBAL block = GlobalAlloc(GHND, sizeof(DROPFILES) + names.size());
+    auto *drop = static_cast<DROPFILES *>(GlobalLock(block));
+    POINT p = {place.x, place.y};
+    ScreenToClient(handle(w), &p);
+    drop->pFiles = sizeof *drop;
+    drop->pt = p;
+    memcpy(drop + 1, names.data(), names.size());
+    GlobalUnlock(block);
+    PostMessageA(handle(w), WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0);
+    drivesettle();
+}
+
+driveplace drivemiddle(window w)
+{
+    RECT r;
+    GetWindowRect(handle(w), &r);
+    return {static_cast<int>(r.left + r.right) / 2, static_cast<int>(r.top + r.bottom) / 2};
+}
+
+driveplace driveclient(window w, int x, int y)
+{
+    POINT p = {x, y};
+    ClientToScreen(handle(w), &p);
+    return {static_cast<int>(p.x), static_cast<int>(p.y)};
+}
+
+window drivecontrol(window w, int icon)
+{
+    return wordof(GetDlgItem(handle(w), icon));
+}
+
+driveplace driveicon(window w, int icon)
+{
+    return drivemiddle(drivecontrol(w, icon));
+}
+
+void drivesize(window w, int *width, int *height)
+{
+    RECT r;
+    GetClientRect(handle(w), &r);
+    *width = static_cast<int>(r.right);
+    *height = static_cast<int>(r.bottom);
+}
+
+uint32_t drivepixel(int x, int y)
+{
+    HDC screen = GetDC(nullptr);
+    COLORREF c = GetPixel(screen, x, y);
+    ReleaseDC(nullptr, screen);
+    return static_cast<uint32_t>(GetRValue(c) << 16 | GetGValue(c) << 8 | GetBValue(c));
+}
+
+drivepicture drivelook(window w)
+{
+    driveplace corner = driveclient(w, 0, 0);
+    int width, height;
+    drivesize(w, &width, &height);
+    return lookat(corner.x, corner.y, width, height);
+}
+
+drivepicture drivelookframe(window w)
+{
+    RECT r;
+    GetWindowRect(handle(w), &r);
+    return lookat(static_cast<int>(r.left), static_cast<int>(r.top),
+                  static_cast<int>(r.right - r.left), static_cast<int>(r.bottom - r.top));
+}
+
+drivepicture drivelookscreen()
+{
+    return lookat(0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+}
+
+void drivesave(const drivepicture &picture, const std::string &path)
+{
+    std::string rows;
+    for (int y = 0; y < picture.height; y++)
+        for (int x = 0; x < picture.width; x++)
+            for (int shift = 16; shift >= 0; shift -= 8)
+                rows += static_cast<char>(picture.at(x, y) >> shift);
+    pngsave(path, picture.width, picture.height, rows);
+}
+
+std::string drivetext(window w)
+{
+    char text[1024] = "";
+    SendMessageA(handle(w), WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+    return text;
+}
+
+std::string drivetext(window w, int icon)
+{
+    window control = drivecontrol(w, icon);
+    return control ? drivetext(control) : std::string();
+}
+
+window drivefind(const std::string &title, const std::string &classname)
+{
+    searched s = {title, classname, nullptr};
+    EnumWindows(matches, reinterpret_cast<LPARAM>(&s));
+    return wordof(s.found);
+}
+
+window drivewaitwindow(const std::string &title, const std::string &classname, int milliseconds)
+{
+    window found = 0;
+    drivewait([&] { return (found = drivefind(title, classname)) != 0; }, milliseconds);
+    return found;
+}
+
+drivecounts drivecountnow()
+{
+    HANDLE self = GetCurrentProcess();
+    DWORD handles = 0;
+    GetProcessHandleCount(self, &handles);
+    return {GetGuiResources(self, GR_GDIOBJECTS), GetGuiResources(self, GR_USEROBJECTS), handles};
+}
