@@ -1,0 +1,358 @@
+#include "tools/tour/outside.h"
+
+#include "tests/support/hands.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
+
+window mainwindow;
+
+static PROCESS_INFORMATION process;
+static std::filesystem::path dictionaries;
+static HMODULE resources; // of the program, for its menu
+
+static HWND handle(window w)
+{
+    return reinterpret_cast<HWND>(w);
+}
+
+[[noreturn]] void outsidefault(const std::string &what)
+{
+    std::printf("fault: %s\n", what.c_str());
+    std::fflush(stdout);
+    TerminateProcess(process.hProcess, 1);
+    std::exit(1);
+}
+
+void say(const char *format, ...)
+{
+    va_list list;
+    va_start(list, format);
+    std::printf("  ");
+    std::vprintf(format, list);
+    std::printf("\n");
+    va_end(list);
+    std::fflush(stdout);
+}
+
+// What the driver asks of whoever drives.
+
+uint32_t driveprocess()
+{
+    return process.dwProcessId;
+}
+
+// The program answers messages in their order: when it has answered this one, it
+// has seen the input before it. A menu or a box answers too, by its own loop.
+void drivesettle()
+{
+    Sleep(30);
+    DWORD_PTR ignored;
+    if (mainwindow)
+        SendMessageTimeoutA(handle(mainwindow), WM_NULL, 0, 0, SMTO_NORMAL, 5000, &ignored);
+}
+
+bool drivewait(const std::function<bool()> &condition, int milliseconds)
+{
+    DWORD start = GetTickCount();
+    while (!condition()) {
+        if (GetTickCount() - start >= static_cast<DWORD>(milliseconds)) return false;
+        Sleep(20);
+    }
+    return true;
+}
+
+// The program and its windows.
+
+static window ofclass(const char *name, const char *butnot)
+{
+    window w = drivefind("", name);
+    return w && drivetext(w) != butnot ? w : 0;
+}
+
+void outsidestart(const std::string &program, const std::string &file)
+{
+    std::string line = "\"" + program + "\"";
+    if (!file.empty()) line += " \"" + file + "\"";
+    STARTUPINFOA info = {};
+    info.cb = sizeof info;
+    if (!CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &info, &process))
+        outsidefault(program + " can't be started");
+    if (!resources) resources = LoadLibraryExA(program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    dictionaries = std::filesystem::path(program).parent_path() / "Dictionaries";
+    mainwindow = 0;
+    if (!drivewait([] { return ofclass("Task", "") != 0; }, 20000))
+        outsidefault("no window comes up");
+    mainwindow = ofclass("Task", "");
+    SetForegroundWindow(handle(mainwindow));
+    Sleep(500); // the window manager has its say
+    drivesettle();
+}
+
+void outsideend()
+{
+    constexpr int32_t EXIT = 40007;
+    menucommand(EXIT);
+    if (drivewaitwindow("", "#32770", 500)) drivekey('Y', DRIVEALT);
+    if (WaitForSingleObject(process.hProcess, 10000) != WAIT_OBJECT_0)
+        outsidefault("the program doesn't end");
+    DWORD status = 0;
+    GetExitCodeProcess(process.hProcess, &status);
+    CloseHandle(process.hProcess);
+    CloseHandle(process.hThread);
+    process = {};
+    mainwindow = 0;
+    if (status) outsidefault("the program ends with status " + std::to_string(status));
+}
+
+// Left to right, the bar first: it alone has controls.
+static std::vector<HWND> panes()
+{
+    std::vector<HWND> found;
+    for (HWND h = GetWindow(handle(mainwindow), GW_CHILD); h; h = GetWindow(h, GW_HWNDNEXT))
+        if (IsWindowVisible(h)) found.push_back(h);
+    auto order = [](HWND h) {
+        RECT r;
+        GetWindowRect(h, &r);
+        return GetWindow(h, GW_CHILD) ? -100000L : r.left;
+    };
+    std::sort(found.begin(), found.end(), [&](HWND a, HWND b) { return order(a) < order(b); });
+    if (found.size() != 3) outsidefault("there are not three panes");
+    return found;
+}
+
+window panebar()
+{
+    return reinterpret_cast<window>(panes()[0]);
+}
+
+window panelist()
+{
+    return reinterpret_cast<window>(panes()[1]);
+}
+
+window panegrid()
+{
+    return reinterpret_cast<window>(panes()[2]);
+}
+
+window dialog(const std::string &title)
+{
+    window w = drivewaitwindow(title);
+    if (!w) outsidefault("no window \"" + title + "\" comes up");
+    Sleep(200);
+    drivesettle();
+    return w;
+}
+
+// Menus.
+
+// The entries to go down at each level, separators left out, to a command.
+static bool menupath(HMENU menu, UINT command, std::vector<int> *path)
+{
+    int down = 0;
+    for (int i = 0; i < GetMenuItemCount(menu); i++) {
+        UINT id = GetMenuItemID(menu, i);
+        HMENU deeper = GetSubMenu(menu, i);
+        if (!deeper && !id) continue; // a separator
+        path->push_back(down);
+        if (id == command || (deeper && menupath(deeper, command, path))) return true;
+        path->pop_back();
+        down++;
+    }
+    return false;
+}
+
+static void downs(int count)
+{
+    while (count-- > 0)
+        drivekey(VK_DOWN);
+}
+
+void menuopen(int32_t command, int32_t entry)
+{
+    HMENU menu = LoadMenuA(resources, "Main");
+    std::vector<int> path;
+    if (!menupath(menu, static_cast<UINT>(command), &path))
+        outsidefault("no entry of the menu is " + std::to_string(command));
+    DestroyMenu(menu);
+    if (entry) path.push_back(entry - 1);
+    drivemove(2, 2); // or the entry under the pointer would be chosen
+    drivekey(VK_MENU);
+    for (int right = path[0]; right > 0; right--)
+        drivekey(VK_RIGHT);
+    drivekey(VK_DOWN);
+    for (size_t level = 1; level < path.size(); level++) {
+        if (level > 1) drivekey(VK_RIGHT);
+        downs(path[level]);
+    }
+}
+
+void menucommand(int32_t command, int32_t entry)
+{
+    menuopen(command, entry);
+    drivekey(VK_RETURN);
+    drivesettle();
+}
+
+// They stand in the menu as the system lists the files.
+void menudictionary(int32_t command, const std::string &name)
+{
+    int32_t entry = 0;
+    for (const auto &file : std::filesystem::directory_iterator(dictionaries)) {
+        if (file.path().extension() != ".dic") continue;
+        entry++;
+        if (file.path().stem() == name) return menucommand(command, entry);
+    }
+    outsidefault("there is no dictionary " + name);
+}
+
+// Controls.
+
+void press(window w, int32_t control)
+{
+    if (!drivecontrol(w, control))
+        outsidefault("no control " + std::to_string(control) + " in \"" + drivetext(w) + "\"");
+    driveplace place = driveicon(w, control);
+    driveclick(place.x, place.y);
+}
+
+void fill(window w, int32_t field, const std::string &text)
+{
+    press(w, field);
+    drivekey(VK_END);
+    for (size_t n = drivetext(w, field).size(); n; n--)
+        drivekey(VK_BACK);
+    drivetype(text);
+}
+
+void searchwait()
+{
+    constexpr int32_t STOP = 1021;
+    Sleep(300); // it starts a little later than its button is pressed
+    if (!drivewait([] { return !drivecontrol(panebar(), STOP); }, 60000))
+        outsidefault("a search doesn't end");
+    Sleep(200);
+    drivesettle();
+}
+
+void filebox(const std::string &path, int32_t type)
+{
+    window box = drivewaitwindow("", "#32770");
+    if (!box) outsidefault("no box for files comes up");
+    Sleep(400); // its own first messages
+    if (type > 1) {
+        drivekey(VK_TAB);
+        downs(type - 1);
+        drivekey(VK_TAB, DRIVESHIFT);
+    }
+    drivekey('A', DRIVECTRL);
+    drivetype(path);
+    drivekey(VK_RETURN);
+    if (!drivewait([] { return !drivefind("", "#32770"); }))
+        outsidefault("the box for files stays");
+    Sleep(200);
+    drivesettle();
+}
+
+// The grid on the screen.
+
+static int32_t measuredwidth, measuredheight, measuredcolumns, measuredrows;
+
+// What is right of the grid and below it has one colour, that of the corner at the
+// bottom right.
+void cellsmeasure(int32_t columns, int32_t rows)
+{
+    drivemove(2, 2);
+    drivepicture look = drivelook(panegrid());
+    uint32_t outside = look.at(look.width - 1, look.height - 1);
+    int32_t right = 0, bottom = 0;
+    for (int32_t y = 0; y < look.height; y++)
+        for (int32_t x = 0; x < look.width; x++)
+            if (look.at(x, y) != outside) {
+                right = std::max(right, x);
+                bottom = std::max(bottom, y);
+            }
+    measuredwidth = right + 1;
+    measuredheight = bottom + 1;
+    measuredcolumns = columns;
+    measuredrows = rows;
+}
+
+driveplace cell(int32_t x, int32_t y)
+{
+    return driveclient(panegrid(), (2 * x + 1) * measuredwidth / (2 * measuredcolumns),
+                       (2 * y + 1) * measuredheight / (2 * measuredrows));
+}
+
+void cellsdrag(int32_t x0, int32_t y0, int32_t x1, int32_t y1, int32_t held)
+{
+    std::vector<driveplace> places;
+    int32_t steps = std::max(std::abs(x1 - x0), std::abs(y1 - y0));
+    for (int32_t i = 0; i <= steps; i++) {
+        int32_t part = steps ? i : 0, whole = steps ? steps : 1;
+        places.push_back(cell(x0 + (x1 - x0) * part / whole, y0 + (y1 - y0) * part / whole));
+    }
+    // A pointer that comes into a window ends what is held, under Wine.
+    drivemove(places[0].x, places[0].y);
+    drivedrag(places, DRIVELEFT, held);
+}
+
+void listclick(int32_t y, drivebutton button)
+{
+    driveplace place = driveclient(panelist(), 12, y);
+    driveclick(place.x, place.y, button);
+}
+
+bool listshows()
+{
+    drivepicture look = drivelook(panelist());
+    return std::any_of(look.pixels.begin(), look.pixels.end(),
+                       [&](uint32_t pixel) { return pixel != look.at(0, 0); });
+}
+
+drivepicture metafilelook(const std::string &path, int32_t width)
+{
+    constexpr int32_t MARGIN = 8;
+    HENHMETAFILE file = GetEnhMetaFileA(path.c_str());
+    ENHMETAHEADER header = {};
+    if (!GetEnhMetaFileHeader(file, sizeof header, &header)) outsidefault(path + " is no metafile");
+    int32_t inside = width - 2 * MARGIN;
+    int32_t height = MulDiv(inside, header.rclFrame.bottom - header.rclFrame.top,
+                            header.rclFrame.right - header.rclFrame.left);
+    HDC screen = GetDC(nullptr), memory = CreateCompatibleDC(screen);
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height + 2 * MARGIN);
+    HGDIOBJ old = SelectObject(memory, bitmap);
+    RECT all = {0, 0, width, height + 2 * MARGIN};
+    RECT place = {MARGIN, MARGIN, width - MARGIN, height + MARGIN};
+    FillRect(memory, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    PlayEnhMetaFile(memory, file, &place);
+    DeleteEnhMetaFile(file);
+    drivepicture picture = {width, height + 2 * MARGIN, {}};
+    for (int32_t y = 0; y < picture.height; y++)
+        for (int32_t x = 0; x < picture.width; x++) {
+            COLORREF c = GetPixel(memory, x, y);
+            picture.pixels.push_back(
+                static_cast<uint32_t>(GetRValue(c) << 16 | GetGValue(c) << 8 | GetBValue(c)));
+        }
+    SelectObject(memory, old);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+    return picture;
+}
+
+void shot(window w, const std::string &path)
+{
+    drivemove(2, 2);
+    Sleep(150);
+    drivesettle();
+    drivesave(drivelookframe(w), path);
+}
