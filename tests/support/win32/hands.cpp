@@ -307,11 +307,3 @@ window drivewaitwindow(const std::string &title, const std::string &classname, i
     drivewait([&] { return (found = drivefind(title, classname)) != 0; }, milliseconds);
     return found;
 }
-
-drivecounts drivecountnow()
-{
-    HANDLE self = GetCurrentProcess();
-    DWORD handles = 0;
-    GetProcessHandleCount(self, &handles);
-    return {GetGuiResources(self, GR_GDIOBJECTS), GetGuiResources(self, GR_USEROBJECTS), handles};
-}

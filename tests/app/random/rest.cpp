@@ -1,0 +1,176 @@
+// The state between rounds, in which everything that was opened is closed: what
+// the program holds then is what it held at first.
+#include "app/choices.h"
+#include "app/mainwindow.h"
+#include "base/boxes.h"
+#include "base/errors.h"
+#include "base/flex.h"
+#include "desktop/blocks.h"
+#include "desktop/handlers.h"
+#include "desktop/mouse.h"
+#include "desktop/poll.h"
+#include "desktop/timed.h"
+#include "desktop/wdata.h"
+#include "dict/dictset.h"
+#include "dict/dictwindow.h"
+#include "find/findwindow.h"
+#include "find/solutions.h"
+#include "grid/appearance.h"
+#include "grid/grid.h"
+#include "grid/gridwindow.h"
+#include "tests/app/random/random.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace
+{
+
+// What may grow by what is made once and kept (a font for a new size, a library
+// of the system), and not for ever.
+constexpr uint32_t GDISLACK = 60, USERSLACK = 25, HANDLESLACK = 60;
+
+struct holdings {
+    int32_t flexblocks, handlers, windows, nulls, timers, nesting, boxes;
+    drivecounts system;
+};
+
+windowstaterecord firststate;
+choicesrecord firstchoices;
+holdings first;
+
+int32_t windowsnow()
+{
+    int32_t count = 0;
+    for (const wdata *record = wdatas; record; record = record->next)
+        count++;
+    return count;
+}
+
+holdings holdingsnow()
+{
+    return {flexblocks(), blockcount(),  windowsnow(), nullcount(),
+            timedcount(), pollnesting(), boxdepth(),   drivecountnow()};
+}
+
+// A question that closing asks is answered by the other hand.
+void windowsclose()
+{
+    for (int tries = 0; tries < 40; tries++) {
+        std::vector<window> tops = topwindows();
+        if (tops.size() == 1 && tops[0] == mainwindow) return;
+        for (window top : tops)
+            if (top != mainwindow && IsWindow(reinterpret_cast<HWND>(top)))
+                SendMessageA(reinterpret_cast<HWND>(top), WM_CLOSE, 0, 0);
+        if (IsIconic(reinterpret_cast<HWND>(mainwindow)))
+            ShowWindow(reinterpret_cast<HWND>(mainwindow), SW_RESTORE);
+        drivepump(50);
+    }
+    for (window top : topwindows())
+        note("still open: \"%s\"", drivetext(top).c_str());
+    fault("windows that don't close");
+}
+
+void dictionariesdrop()
+{
+    for (dictrec &record : dicts) {
+        dictfree(&record.dict);
+        record = {};
+    }
+    ndicts = 0;
+    dictset = {};
+    scratchfill();
+    dictstart();
+}
+
+void documentreset()
+{
+    solreset();
+    solutionsreset();
+    appearancereset();
+    gridreset();
+    gridunchanged();
+    choicesset(firstchoices);
+    metricsupdate();
+    gridkindapply(GRIDCROSSWORD);
+    gridextent();
+    gridredraw();
+    settitlefromgrid();
+}
+
+void clipboardempty()
+{
+    if (!OpenClipboard(nullptr)) return;
+    EmptyClipboard();
+    CloseClipboard();
+}
+
+void same(const char *what, int32_t now, int32_t before)
+{
+    if (now != before)
+        fault("%s are left behind: %d, and at first %d", what, static_cast<int>(now),
+              static_cast<int>(before));
+}
+
+void bounded(const char *what, uint32_t now, uint32_t before, uint32_t slack)
+{
+    if (now > before + slack) fault("%s grow: %u, and at first %u", what, now, before);
+}
+
+void everythingdrop()
+{
+    driverelease(DRIVELEFT);
+    driverelease(DRIVERIGHT);
+    stoprequest();
+    windowsclose();
+    clipboardempty();
+    documentreset();
+    dictionariesdrop();
+    ShowWindow(reinterpret_cast<HWND>(mainwindow), SW_SHOWNORMAL);
+    openwindow(&firststate);
+    setactive(mainwindow);
+    drivepump(150); // searches that were about to begin
+    stoprequest();
+    drivepump(50);
+    documentreset();
+}
+
+} // namespace
+
+void restbegin()
+{
+    choicesget(&firstchoices);
+    errorblock *err = windowstate(mainwindow, &firststate);
+    if (err) fault("The main window's place: %s", err->text);
+    everythingdrop();
+    first = holdingsnow();
+}
+
+void rest()
+{
+    stepbegun();
+    note("rest");
+    everythingdrop();
+    stepended();
+    holdings now = holdingsnow();
+    std::printf("%8llu steps, %u boxes, %u ends; blocks %d, handlers %d, windows %d; "
+                "GDI %u, user %u, handles %u\n",
+                static_cast<unsigned long long>(steps), boxesseen, quits,
+                static_cast<int>(now.flexblocks), static_cast<int>(now.handlers),
+                static_cast<int>(now.windows), now.system.gdiobjects, now.system.userobjects,
+                now.system.handles);
+    std::fflush(stdout);
+    same("blocks", now.flexblocks, first.flexblocks);
+    same("handlers", now.handlers, first.handlers);
+    same("windows", now.windows, first.windows);
+    same("null handlers", now.nulls, first.nulls);
+    same("timed calls", now.timers, first.timers);
+    same("levels of the poll", now.nesting, first.nesting);
+    same("boxes", now.boxes, first.boxes);
+    if (mousestate() != MOUSEIDLE) fault("a press or a drag goes on");
+    bounded("GDI objects", now.system.gdiobjects, first.system.gdiobjects, GDISLACK);
+    bounded("user objects", now.system.userobjects, first.system.userobjects, USERSLACK);
+    bounded("handles", now.system.handles, first.system.handles, HANDLESLACK);
+}

@@ -1,0 +1,486 @@
+// The steps of this thread: a table of what a user can do.
+#include "app/buttons.h"
+#include "app/commands.h"
+#include "app/mainwindow.h"
+#include "base/boxes.h"
+#include "dict/dicteditwindow.h"
+#include "dict/dictmenu.h"
+#include "dict/dictset.h"
+#include "find/solutionsview.h"
+#include "find/spellwindow.h"
+#include "grid/gridview.h"
+#include "tests/app/random/random.h"
+
+#include <windows.h>
+
+#include <cstring>
+#include <iterator>
+
+uint64_t steps;
+
+namespace
+{
+
+const DWORD programthread = GetCurrentThreadId();
+
+HWND handle(window w)
+{
+    return reinterpret_cast<HWND>(w);
+}
+
+window word(HWND h)
+{
+    return reinterpret_cast<window>(h);
+}
+
+bool classis(HWND h, const char *wanted)
+{
+    char name[64] = "";
+    GetClassNameA(h, name, sizeof name);
+    return !std::strcmp(name, wanted);
+}
+
+BOOL CALLBACK topadd(HWND h, LPARAM list)
+{
+    if (IsWindowVisible(h) && IsWindowEnabled(h) && classis(h, "Task"))
+        reinterpret_cast<std::vector<window> *>(list)->push_back(word(h));
+    return TRUE;
+}
+
+BOOL CALLBACK childadd(HWND h, LPARAM list)
+{
+    if (IsWindowVisible(h) && IsWindowEnabled(h))
+        reinterpret_cast<std::vector<HWND> *>(list)->push_back(h);
+    return TRUE;
+}
+
+std::vector<HWND> controls(window top)
+{
+    std::vector<HWND> found;
+    EnumChildWindows(handle(top), childadd, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+int held(dice &from)
+{
+    static const int keys[] = {DRIVESHIFT, DRIVECTRL, DRIVESHIFT | DRIVECTRL, DRIVEALT};
+    return chance(from, 25) ? pick(from, keys) : 0;
+}
+
+drivebutton button(dice &from)
+{
+    return chance(from, 70) ? DRIVELEFT : DRIVERIGHT;
+}
+
+void move()
+{
+    driveplace at = spot(firstdice);
+    note("move to %d,%d", at.x, at.y);
+    drivemove(at.x, at.y);
+}
+
+void press()
+{
+    driveplace at = spot(firstdice);
+    drivebutton which = button(firstdice);
+    int keys = held(firstdice);
+    note("press %d at %d,%d with %d", which, at.x, at.y, keys);
+    driveclick(at.x, at.y, which, keys);
+}
+
+void doublepress()
+{
+    driveplace at = spot(firstdice);
+    drivebutton which = button(firstdice);
+    note("double press %d at %d,%d", which, at.x, at.y);
+    drivedouble(at.x, at.y, which);
+}
+
+void drag()
+{
+    std::vector<driveplace> places = {spot(firstdice)};
+    for (int n = rollbetween(firstdice, 1, 4); n; n--) {
+        driveplace close = {places[0].x + rollbetween(firstdice, -150, 150),
+                            places[0].y + rollbetween(firstdice, -150, 150)};
+        places.push_back(chance(firstdice, 80) ? close : spot(firstdice));
+    }
+    drivebutton which = button(firstdice);
+    int keys = held(firstdice);
+    note("drag %d from %d,%d to %d,%d with %d", which, places[0].x, places[0].y, places.back().x,
+         places.back().y, keys);
+    drivedrag(places, which, keys);
+}
+
+// A press that is let go only after other things.
+void halfpress()
+{
+    driveplace at = spot(firstdice);
+    note("press at %d,%d, a key, release", at.x, at.y);
+    drivemove(at.x, at.y);
+    drivepress();
+    drivekey(chance(firstdice, 50) ? VK_ESCAPE : VK_RETURN);
+    at = spot(firstdice);
+    drivemove(at.x, at.y);
+    driverelease();
+}
+
+void wheel()
+{
+    int delta = rollbetween(firstdice, -400, 400);
+    bool across = chance(firstdice, 20);
+    note("wheel by %d", delta);
+    drivewheel(delta, across);
+}
+
+void letters()
+{
+    static const char all[] = "abcdefghijklmnopqrstuvwxyzABCXYZ059 -'.,?*{<&%";
+    std::string text;
+    for (int n = rollbetween(firstdice, 1, chance(firstdice, 5) ? 50 : 8); n; n--)
+        text += all[roll(firstdice, sizeof all - 1)];
+    note("type \"%s\"", text.c_str());
+    drivetype(text);
+}
+
+// As another keyboard types it.
+void sign()
+{
+    int code = rollbetween(firstdice, 128, 255);
+    HWND focus = GetFocus();
+    note("type the character %d", code);
+    if (focus) PostMessageA(focus, WM_CHAR, static_cast<WPARAM>(code), 1);
+    drivepump();
+}
+
+void key()
+{
+    static const int keys[] = {VK_LEFT,   VK_UP,     VK_RIGHT,  VK_DOWN,   VK_HOME,  VK_END,
+                               VK_PRIOR,  VK_NEXT,   VK_INSERT, VK_DELETE, VK_BACK,  VK_TAB,
+                               VK_RETURN, VK_ESCAPE, VK_SPACE,  VK_F1,     VK_F2,    VK_F3,
+                               VK_F4,     VK_F5,     VK_F6,     VK_F7,     VK_F8,    VK_F9,
+                               VK_F10,    VK_F11,    VK_F12,    VK_APPS,   VK_PAUSE, VK_NUMPAD5};
+    int code = pick(firstdice, keys), with = held(firstdice);
+    int times = chance(firstdice, 20) ? rollbetween(firstdice, 2, 10) : 1;
+    note("key %d with %d, %d times", code, with, times);
+    while (times--)
+        drivekey(code, with);
+}
+
+void shortcut()
+{
+    int code = 'A' + roll(firstdice, 26);
+    int with = chance(firstdice, 80) ? DRIVECTRL : DRIVECTRL | DRIVESHIFT;
+    note("Ctrl+%c with %d", code, with);
+    drivekey(code, with);
+}
+
+void menukey()
+{
+    static const int keys[] = {'F', 'W', 'G', 'H', VK_SPACE, VK_MENU};
+    int code = pick(firstdice, keys);
+    note("Alt and %d", code);
+    drivekey(code, DRIVEALT);
+}
+
+void menupress()
+{
+    HWND main = handle(mainwindow);
+    RECT item;
+    int number = roll(firstdice, 4);
+    if (!IsWindowEnabled(main) || IsIconic(main)) return;
+    if (!GetMenuItemRect(main, GetMenu(main), static_cast<UINT>(number), &item)) return;
+    note("press the menu %d", number);
+    driveclick((item.left + item.right) / 2, (item.top + item.bottom) / 2);
+}
+
+bool reachable()
+{
+    return IsWindowEnabled(handle(mainwindow)) && IsWindowVisible(handle(mainwindow));
+}
+
+void commandgive(int32_t id)
+{
+    if (!reachable()) return;
+    commandsprepare();
+    UINT state = GetMenuState(GetMenu(handle(mainwindow)), static_cast<UINT>(id), MF_BYCOMMAND);
+    if (state == static_cast<UINT>(-1) || state & (MF_GRAYED | MF_DISABLED)) return;
+    note("command %d", static_cast<int>(id));
+    PostMessageA(handle(mainwindow), WM_COMMAND, static_cast<WPARAM>(id), 0);
+    drivepump();
+}
+
+void command()
+{
+    static const int32_t ids[] = {40001, 40002, 40022, 40028, 40004, 40005, 40006, 40007,
+                                  40017, 40020, 40030, 40031, 40008, 40009, 40010, 40023,
+                                  40011, 40013, 40014, 40026, 40027, 40015, 40016};
+    commandgive(pick(firstdice, ids));
+}
+
+void kindcommand()
+{
+    commandgive(chance(firstdice, 50) ? 40030 : 40031);
+}
+
+void dictionary()
+{
+    static const int32_t positions[] = {DICTMENULOAD, DICTMENULOAD, DICTMENULOAD,
+                                        DICTMENUEDIT, DICTMENUEDIT, DICTMENUDELETE};
+    if (!reachable() || !ndicts) return;
+    int32_t position = pick(firstdice, positions);
+    int32_t number = roll(firstdice, static_cast<int>(ndicts));
+    if (position == DICTMENUDELETE && chance(firstdice, 70)) return;
+    note("dictionary %d (%s) under %d", static_cast<int>(number), dicts[number].name,
+         static_cast<int>(position));
+    reporterror(commanddictionary(position, DICTMENUFIRST + number));
+    drivepump();
+}
+
+// Onto what takes files, or a parent of it that does.
+void dropon(window w, const std::vector<std::string> &files)
+{
+    HWND target = handle(w);
+    while (target && !(GetWindowLongA(target, GWL_EXSTYLE) & WS_EX_ACCEPTFILES))
+        target = GetParent(target);
+    if (!target || !IsWindowEnabled(GetAncestor(target, GA_ROOT))) return;
+    for (const std::string &file : files)
+        note("drop %s", file.c_str());
+    drivedrop(word(target), files, drivemiddle(word(target)));
+}
+
+void drop()
+{
+    static const window *const targets[] = {&mainwindow,       &gridwindow,      &solutionswindow,
+                                            &editor.view.pane, &check.view.pane, &buttonwindow};
+    std::vector<std::string> files;
+    for (int n = chance(firstdice, 80) ? 1 : rollbetween(firstdice, 2, 5); n; n--)
+        files.push_back(droppable(firstdice));
+    dropon(*pick(firstdice, targets), files);
+}
+
+// A document that searches have something to do with.
+void sample()
+{
+    static const char *const leaves[] = {"crossword13.qmg", "barred12.qmg", "misspelt15.qmg",
+                                         "few.txt"};
+    dropon(gridwindow, {scratchfile(pick(firstdice, leaves))});
+}
+
+void mark()
+{
+    if (!reachable()) return;
+    int width, height;
+    drivesize(gridwindow, &width, &height);
+    if (width < 2 || height < 2) return;
+    driveplace from = driveclient(gridwindow, roll(firstdice, width), roll(firstdice, height));
+    bool across = chance(firstdice, 50);
+    driveplace to = {from.x + (across ? rollbetween(firstdice, 20, 200) : 0),
+                     from.y + (across ? 0 : rollbetween(firstdice, 20, 200))};
+    note("mark from %d,%d to %d,%d", from.x, from.y, to.x, to.y);
+    drivedrag({from, to});
+}
+
+void bar()
+{
+    if (!reachable() || !buttonwindow) return;
+    std::vector<HWND> all = controls(buttonwindow);
+    if (all.empty()) return;
+    HWND control = pick(firstdice, all);
+    driveplace at = drivemiddle(word(control));
+    note("press %d of the bar", GetDlgCtrlID(control));
+    driveclick(at.x, at.y);
+    drivepump(chance(firstdice, 50) ? 150 : 10); // what it asks for begins a little later
+}
+
+void control()
+{
+    std::vector<window> tops = topwindows();
+    if (tops.empty()) return;
+    std::vector<HWND> all = controls(pick(firstdice, tops));
+    if (all.empty()) return;
+    HWND chosen = pick(firstdice, all);
+    driveplace at = drivemiddle(word(chosen));
+    note("press control %d", GetDlgCtrlID(chosen));
+    driveclick(at.x, at.y, chance(firstdice, 90) ? DRIVELEFT : DRIVERIGHT);
+}
+
+void field()
+{
+    static const char *const texts[] = {
+        "0",     "1",           "5",     "127",      "128",
+        "-3",    "99999999999", "",      "cat",      "listen",
+        "a b c", "qqq",         "small", "new word", "wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwww"};
+    std::vector<HWND> fields;
+    for (window top : topwindows())
+        for (HWND h : controls(top))
+            if (classis(h, "Edit")) fields.push_back(h);
+    if (fields.empty()) return;
+    HWND chosen = pick(firstdice, fields);
+    const char *text = pick(firstdice, texts);
+    driveplace at = drivemiddle(word(chosen));
+    note("field %d: \"%s\"", GetDlgCtrlID(chosen), text);
+    driveclick(at.x, at.y);
+    drivekey(VK_HOME);
+    drivekey(VK_END, DRIVESHIFT);
+    drivetype(text);
+    if (chance(firstdice, 40)) drivekey(VK_RETURN);
+}
+
+void size()
+{
+    if (IsIconic(handle(mainwindow))) return;
+    int x = rollbetween(firstdice, -100, 700), y = rollbetween(firstdice, -50, 500);
+    int width = rollbetween(firstdice, chance(firstdice, 20) ? 1 : 300, 1000);
+    int height = rollbetween(firstdice, chance(firstdice, 20) ? 1 : 250, 740);
+    note("main window to %d,%d, %d by %d", x, y, width, height);
+    SetWindowPos(handle(mainwindow), nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    drivepump();
+}
+
+void show()
+{
+    static const WPARAM commands[] = {SC_MINIMIZE, SC_MAXIMIZE, SC_MAXIMIZE, SC_RESTORE,
+                                      SC_RESTORE,  SC_RESTORE,  SC_MOVE,     SC_SIZE};
+    if (!reachable()) return;
+    WPARAM command = pick(firstdice, commands);
+    note("system command %x", static_cast<unsigned>(command));
+    PostMessageA(handle(mainwindow), WM_SYSCOMMAND, command, 0);
+    drivepump();
+}
+
+void close()
+{
+    std::vector<window> tops = topwindows();
+    if (tops.empty()) return;
+    window chosen = pick(firstdice, tops);
+    note("close \"%s\"", drivetext(chosen).c_str());
+    PostMessageA(handle(chosen), WM_SYSCOMMAND, SC_CLOSE, 0);
+    drivepump();
+}
+
+void activate()
+{
+    std::vector<window> tops = topwindows();
+    if (tops.empty()) return;
+    window chosen = pick(firstdice, tops);
+    note("to the front: \"%s\"", drivetext(chosen).c_str());
+    SetForegroundWindow(handle(chosen));
+    drivepump();
+}
+
+// Another program puts a text there.
+void clipboard()
+{
+    note("a text for the clipboard");
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 64);
+    std::strcpy(static_cast<char *>(GlobalLock(block)), "pasted words\r\nof two lines");
+    GlobalUnlock(block);
+    bool taken = OpenClipboard(nullptr);
+    if (taken) {
+        EmptyClipboard();
+        taken = SetClipboardData(CF_TEXT, block);
+        CloseClipboard();
+    }
+    if (!taken) GlobalFree(block);
+    drivepump();
+}
+
+// The user changes his colours and fonts.
+void settings()
+{
+    static const UINT messages[] = {WM_SYSCOLORCHANGE, WM_SETTINGCHANGE, WM_DISPLAYCHANGE,
+                                    WM_FONTCHANGE};
+    UINT message = pick(firstdice, messages);
+    note("the system's message %x", message);
+    LPARAM word = message == WM_DISPLAYCHANGE ? MAKELPARAM(1024, 768) : 0;
+    for (window top : topwindows())
+        SendMessageA(handle(top), message, message == WM_DISPLAYCHANGE ? 24 : 0, word);
+    drivepump();
+}
+
+// Files come and go behind the program's back.
+void dictionaryfile()
+{
+    if (!ndicts) return;
+    std::string path = std::string(dictdirectory) + "\\" + pick(firstdice, dicts).name + ".dic";
+    int what = roll(firstdice, 3);
+    note("%s: %s", what == 0 ? "delete" : what == 1 ? "lock" : "unlock", path.c_str());
+    if (what == 0)
+        DeleteFileA(path.c_str());
+    else
+        SetFileAttributesA(path.c_str(),
+                           what == 1 ? FILE_ATTRIBUTE_READONLY : FILE_ATTRIBUTE_NORMAL);
+}
+
+void wait()
+{
+    int time = rollbetween(firstdice, 20, 400);
+    note("wait %d", time);
+    DWORD start = GetTickCount();
+    drivewait([&] { return GetTickCount() - start >= static_cast<DWORD>(time); }, time);
+}
+
+struct steprow {
+    int weight;
+    void (*take)();
+};
+
+const steprow table[] = {
+    {6, move},      {10, press},    {4, doublepress},    {6, drag},        {1, halfpress},
+    {4, wheel},     {8, letters},   {2, sign},           {12, key},        {4, shortcut},
+    {3, menukey},   {4, menupress}, {8, command},        {2, kindcommand}, {6, dictionary},
+    {5, drop},      {3, sample},    {5, mark},           {8, bar},         {8, control},
+    {5, field},     {3, size},      {2, show},           {2, close},       {2, activate},
+    {1, clipboard}, {1, settings},  {1, dictionaryfile}, {5, wait},
+};
+
+const steprow &chosen()
+{
+    int all = 0;
+    for (const steprow &row : table)
+        all += row.weight;
+    int at = roll(firstdice, all);
+    for (const steprow &row : table)
+        if ((at -= row.weight) < 0) return row;
+    return table[0];
+}
+
+// The user comes back to the program from wherever he went.
+void comeback()
+{
+    HWND main = handle(mainwindow);
+    if (IsIconic(main) && chance(firstdice, 30)) ShowWindow(main, SW_RESTORE);
+    DWORD process = 0;
+    GetWindowThreadProcessId(GetForegroundWindow(), &process);
+    if (process != GetCurrentProcessId())
+        SetForegroundWindow(IsWindowEnabled(main) ? main : GetLastActivePopup(main));
+}
+
+} // namespace
+
+std::vector<window> topwindows()
+{
+    std::vector<window> found;
+    EnumThreadWindows(programthread, topadd, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+driveplace spot(dice &from)
+{
+    std::vector<window> tops = topwindows();
+    if (tops.empty() || chance(from, 4)) return {roll(from, 1024), roll(from, 768)};
+    window top = chance(from, 70) ? tops[0] : pick(from, tops);
+    std::vector<HWND> all = controls(top);
+    HWND in = chance(from, 60) && !all.empty() ? pick(from, all) : handle(top);
+    RECT box;
+    GetWindowRect(in, &box);
+    return {rollbetween(from, static_cast<int>(box.left), static_cast<int>(box.right)),
+            rollbetween(from, static_cast<int>(box.top), static_cast<int>(box.bottom))};
+}
+
+void steprandom()
+{
+    steps++;
+    comeback();
+    chosen().take();
+}
