@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include <winternl.h>
-
 #include <cstring>
 
 // Wine knows none of the three counts and tells 0: they are taken by hand there.
@@ -24,7 +22,9 @@ uint32_t gdicount()
 {
     constexpr int entries = 0x4000;
     constexpr size_t tableat = sizeof(void *) == 8 ? 0xF8 : 0x94;
-    const char *block = reinterpret_cast<const char *>(NtCurrentTeb()->ProcessEnvironmentBlock);
+    FARPROC current = GetProcAddress(GetModuleHandleA("ntdll"), "RtlGetCurrentPeb");
+    if (!current) return 0;
+    auto block = reinterpret_cast<const char *(WINAPI *)()>(reinterpret_cast<void *>(current))();
     const gdientry *table;
     memcpy(&table, block + tableat, sizeof table);
     uint32_t count = 0;
