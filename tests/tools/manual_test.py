@@ -1,0 +1,269 @@
+#!/usr/bin/env python3
+"""The manual as its readers get it: the help file unpacked by another program,
+the one page for browsers, and whether they tell of all that the program shows.
+
+usage: manual_test.py ROOT FOLDER   - of the sources, and of the made manual
+"""
+import base64
+import html
+import html.parser
+import pathlib
+import re
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+import zlib
+
+ROOT, MADE = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
+FOLDERS = ["app", "base", "desktop", "dict", "find", "graphics", "grid", "output"]
+
+# Errors that are made and that nobody sees: what was cancelled needs no message.
+UNSEEN = {"ESCAN", "ELCAN"}
+# A question that a program of several documents would ask.
+NEVERASKED = {"FS09"}
+# Buttons of the box for questions that no question of this program has, and the
+# texts that it stands there with before it is shown.
+NOTSHOWN = {"Confirm": {"Cancel", "Discard", "Save", "Question"}, "Edit": {"123456"}}
+
+
+class Reader(html.parser.HTMLParser):
+    """A page: its ids, links, pictures, and the text under each heading."""
+
+    def __init__(self, text):
+        super().__init__()
+        self.ids, self.links, self.pictures, self.sections = [], [], [], {}
+        self.title, self.rows, self.sitemap = "", [], []
+        self.open, self.under, self.text = [], "", ""
+        self.feed(text)
+        self.text = squeezed(self.text)
+
+    def handle_starttag(self, tag, attributes):
+        attributes = dict(attributes)
+        if "id" in attributes:
+            self.ids.append(attributes["id"])
+        if tag == "a":
+            self.links.append(attributes["href"])
+        if tag == "img":
+            self.pictures.append(attributes)
+        if tag == "param" and attributes["name"] == "Name":
+            self.sitemap.append((attributes["value"], None))
+        if tag == "param" and attributes["name"] == "Local":
+            self.sitemap[-1] = (self.sitemap[-1][0], attributes["value"])
+        if tag in ("h1", "h2"):
+            self.under = ""
+        if tag == "tr":
+            self.rows.append([])
+        if tag in ("td", "th"):
+            self.rows[-1].append("")
+        if tag not in ("img", "meta", "param", "br", "hr"):
+            self.open.append(tag)
+
+    def handle_endtag(self, tag):
+        while self.open and self.open.pop() != tag:
+            pass
+
+    def handle_data(self, data):
+        if "style" in self.open:
+            return
+        if "title" in self.open:
+            self.title += data
+            return
+        if "h1" in self.open or "h2" in self.open:
+            self.under += data
+        self.text += data
+        if {"td", "th"} & set(self.open):
+            self.rows[-1][-1] += data
+        self.sections[self.under] = self.sections.get(self.under, "") + data
+
+
+def squeezed(text):
+    return " ".join(text.split())
+
+
+def checkpicture(data, name):
+    """That it is a whole PNG of more than a few pixels."""
+    assert data[:8] == b"\x89PNG\r\n\x1a\n", f"{name} is no PNG"
+    width, height = struct.unpack(">II", data[16:24])
+    assert width > 30 and height > 15, f"{name} has {width} by {height} pixels"
+    at, body = 8, b""
+    while at < len(data):
+        length, kind = struct.unpack(">I4s", data[at:at + 8])
+        if kind == b"IDAT":
+            body += data[at + 8:at + 8 + length]
+        at += length + 12
+    assert kind == b"IEND" and at == len(data), f"{name} is cut short"
+    assert zlib.decompress(body), f"{name} is empty"
+
+
+class HelpFile(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory()
+        cls.place = pathlib.Path(cls.folder.name)
+        run = subprocess.run(["extract_chmLib", MADE / "Quillmere.chm", cls.place],
+                             capture_output=True, text=True)
+        assert run.returncode == 0, run.stderr
+        cls.pages = {path.name: Reader(path.read_text(encoding="cp1252"))
+                     for path in cls.place.glob("*.html")}
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.folder.cleanup()
+
+    def target(self, link):
+        file, _, anchor = link.partition("#")
+        self.assertIn(file, self.pages, link)
+        if anchor:
+            self.assertIn(anchor, self.pages[file].ids, link)
+        return file
+
+    def sitemap(self, name):
+        return Reader((self.place / name).read_text(encoding="cp1252")).sitemap
+
+    def test_every_source_is_a_page_with_a_title(self):
+        sources = {path.stem + ".html" for path in (ROOT / "docs" / "manual").glob("*.md")}
+        self.assertEqual(set(self.pages), sources - {"contents.html"})
+        titles = [page.title for page in self.pages.values()]
+        self.assertEqual(len(set(titles)), len(titles))
+        self.assertNotIn("", titles)
+
+    def test_contents_lead_to_every_page_once_under_its_title(self):
+        rows = self.sitemap("contents.hhc")
+        pages = [self.target(target) for _, target in rows if target]
+        self.assertEqual(sorted(pages), sorted(self.pages))
+        for title, target in rows:
+            if target:
+                self.assertEqual(title, self.pages[target].title)
+
+    def test_index_leads_to_headings_and_every_page_is_in_it(self):
+        rows = self.sitemap("index.hhk")
+        self.assertGreater(len(rows), 100)
+        self.assertEqual({self.target(target) for _, target in rows}, set(self.pages))
+        words = [word.lower() for word, _ in rows]
+        self.assertEqual(words, sorted(words))
+        self.assertEqual(len(set(rows)), len(rows), "a word leads to one place twice")
+
+    def test_links_and_pictures_are_there(self):
+        pictures = set()
+        for name, page in self.pages.items():
+            self.assertEqual(len(set(page.ids)), len(page.ids), f"{name}: an id twice")
+            for link in page.links:
+                self.target(link if not link.startswith("#") else name + link)
+            for picture in page.pictures:
+                self.assertTrue(picture["alt"], f"{name}: {picture['src']} says nothing")
+                checkpicture((self.place / picture["src"]).read_bytes(), picture["src"])
+                pictures.add(picture["src"])
+        self.assertGreater(len(pictures), 10)
+        self.assertEqual(pictures, {path.name for path in self.place.glob("*.png")})
+
+    def test_it_opens_at_the_first_page(self):
+        system = (self.place / "#SYSTEM").read_bytes()
+        for text in (b"contents.hhc\0", b"index.hhk\0", b"index.html\0", b"Quillmere\0"):
+            self.assertIn(text, system)
+
+
+class WebPage(unittest.TestCase):
+    def test_one_page_has_everything(self):
+        page = Reader((MADE / "Quillmere.html").read_text(encoding="utf-8"))
+        self.assertEqual(len(set(page.ids)), len(page.ids))
+        self.assertGreater(len(page.links), 40)
+        for link in page.links:
+            self.assertEqual(link[0], "#", link)
+            self.assertIn(link[1:], page.ids)
+        for picture in page.pictures:
+            kind, _, data = picture["src"].partition(",")
+            self.assertEqual(kind, "data:image/png;base64")
+            checkpicture(base64.b64decode(data, validate=True), picture["alt"])
+        for name in (MADE / "pages").glob("*.html"):
+            text = Reader(name.read_text(encoding="cp1252")).text
+            self.assertTrue(text in page.text, name.name)
+
+
+def made(name):
+    return Reader((MADE / "pages" / (name + ".html")).read_text(encoding="cp1252"))
+
+
+def resource(name):
+    return (ROOT / "resources" / name).read_text(encoding="cp1252")
+
+
+def unquoted(text):
+    """A resource's string as it is shown: without the marks of its keys."""
+    return text.replace('""', '"').replace("\\\\", "\\").replace("&", "")
+
+
+class Told(unittest.TestCase):
+    """What the program shows, by its own resources, is what the manual tells."""
+
+    def test_every_menu_entry(self):
+        entries = re.findall(r'\b(?:MENUITEM|POPUP) "(.*?)"', resource("menus.rc"))
+        self.assertGreater(len(entries), 30)
+        page = made("menus")
+        for entry in entries:
+            if entry == "DIct":  # nobody sees the name of the menu on a list
+                continue
+            text, _, key = unquoted(entry.replace("\\t", "\t")).partition("\t")
+            shown = f"{text} ({key})" if key else text
+            heads = [squeezed(row[0]) for row in page.rows if row] + list(page.sections)
+            self.assertIn(shown, heads)
+
+    def test_every_dialog_and_what_stands_in_it(self):
+        dialogs = made("dialogs")
+        found = re.findall(r'^(\w+) DIALOGEX.*?^CAPTION "(.*?)".*?^\{(.*?)^\}', resource("templates.rc"),
+                           re.S | re.M)
+        self.assertGreater(len(found), 8)
+        for name, caption, controls in found:
+            if name == "main":
+                continue
+            caption = {"About": "About Quillmere"}.get(caption, caption)
+            self.assertIn(caption, dialogs.sections)
+            told = squeezed(dialogs.sections[caption])
+            for label in re.findall(r'^ +(?:LTEXT|PUSHBUTTON|DEFPUSHBUTTON|AUTOCHECKBOX|GROUPBOX|RTEXT)'
+                                    r' "(.*?)"', controls, re.M):
+                label = unquoted(label).strip()
+                if label in NOTSHOWN.get(caption, ()) or label in ("OK", "Cancel", ""):
+                    continue
+                self.assertTrue(label in told, f"{caption} has {label}")
+
+    def test_every_button_of_the_bar(self):
+        told = made("window").text
+        for bar in re.findall(r"^buttons\d? DIALOGEX.*?^\}", resource("templates.rc"), re.S | re.M):
+            for label in re.findall(r'(?:PUSHBUTTON|LTEXT) "(.*?)"', bar):
+                self.assertTrue(label in told, label)
+
+    def test_every_message(self):
+        texts = dict(line.split(":", 1) for line in reversed(resource("Messages.txt").splitlines())
+                     if re.match(r"[A-Z0-9]+:", line))
+        told = made("messages").text
+        seen = self.keysseen() - UNSEEN
+        self.assertTrue({"ENMW", "EDAX", "EWR", "ENUD", "SPNONE", "FS10"} <= seen)
+        for key in sorted(seen):
+            # A key without a text is itself what is shown.
+            parts = re.split(r"%[sd]", texts.get(key, key))
+            shown = ".*?".join(re.escape(part) for part in parts)
+            self.assertTrue(re.search(shown, told), f"{key} is not told of")
+        for text in re.findall(r'reportf\(0, "(.*?)"', self.sources()):
+            parts = re.split(r"%[sd]", text)
+            self.assertTrue(re.search(".*?".join(map(re.escape, parts)), told), text)
+
+    def sources(self):
+        paths = [path for folder in FOLDERS for path in (ROOT / folder).rglob("*.cpp")]
+        return "\n".join(path.read_text(encoding="utf-8") for path in paths
+                         if path.name not in ("apperrors.cpp", "librarytable.cpp"))
+
+    def keysseen(self):
+        """The keys of the errors that some code makes, and of the questions."""
+        rows = "".join((ROOT / path).read_text(encoding="utf-8")
+                       for path in ("app/apperrors.cpp", "base/librarytable.cpp"))
+        sources, seen = self.sources(), set()
+        for code, key in re.findall(r'\{(\w+), "\{(\w+)\}"\}', rows):
+            if not code.isdigit() and re.search(rf"\bmakeerrorf?\({code}\b", sources):
+                seen.add(key)
+        questions = re.findall(r'\b(?:askbox|confirm|nonewwords)\([^;]*?\{(\w+)\}', sources)
+        return seen | set(questions) - NEVERASKED
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
