@@ -44,6 +44,9 @@ void menudictionary(int32_t command, const std::string &name);
 void press(window w, int32_t control);
 void fill(window w, int32_t field, const std::string &text);
 
+// A dialog left by a control of it.
+void leave(window w, int32_t control);
+
 // Waits until no search runs.
 void searchwait();
 

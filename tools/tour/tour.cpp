@@ -1,7 +1,6 @@
 // tour GRIDS FOLDER - plays a tour of Quillmere with mouse and keys, as
 // a user would, saying what it does. FOLDER has it in program/; there the tour leaves what the user would have
 // saved, and a picture of the window at each stop.
-#include "tests/support/hands.h"
 #include "tools/tour/commands.h"
 #include "tools/tour/outside.h"
 
@@ -29,9 +28,7 @@ void stop(const std::string &name)
 
 void demand(bool holds, const std::string &what)
 {
-    if (holds) return;
-    drivesave(drivelookscreen(), place("fault.png"));
-    outsidefault(what + ": see fault.png");
+    if (!holds) outsidefault(what);
 }
 
 void saved(const std::string &leaf)
@@ -129,14 +126,15 @@ void crosswordsave()
 
 void squarebegin()
 {
-    say("Grid, Grid Type, Wordsquare, and Size: 12 by 12.");
+    say("Grid, Grid Type, Wordsquare; Lower Case, as a square is made of small letters; and");
+    say("Size: 12 by 12.");
     menucommand(WORDSQUARE);
+    menucommand(LOWERCASE);
     menucommand(SIZE);
     window size = dialog("Grid Size");
     fill(size, WIDTH, "12");
     fill(size, HEIGHT, "12");
-    press(size, OK);
-    drivesettle();
+    leave(size, OK);
 }
 
 void squaremake()

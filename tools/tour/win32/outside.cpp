@@ -24,7 +24,9 @@ static HWND handle(window w)
 
 [[noreturn]] void outsidefault(const std::string &what)
 {
-    std::printf("fault: %s\n", what.c_str());
+    std::string seen = (dictionaries.parent_path().parent_path() / "fault.png").string();
+    drivesave(drivelookscreen(), seen);
+    std::printf("fault: %s: see %s\n", what.c_str(), seen.c_str());
     std::fflush(stdout);
     TerminateProcess(process.hProcess, 1);
     std::exit(1);
@@ -233,6 +235,15 @@ void fill(window w, int32_t field, const std::string &text)
     drivetype(text);
 }
 
+void leave(window w, int32_t control)
+{
+    std::string title = drivetext(w);
+    press(w, control);
+    if (!drivewait([w] { return !IsWindowVisible(handle(w)); }))
+        outsidefault("the window \"" + title + "\" stays");
+    drivesettle();
+}
+
 void searchwait()
 {
     constexpr int32_t STOP = 1021;
@@ -349,10 +360,32 @@ drivepicture metafilelook(const std::string &path, int32_t width)
     return picture;
 }
 
+// The window manager draws a title and a border of one pixel round what the window
+// has inside; the window itself believes in a wider frame.
+static drivepicture framed(window w)
+{
+    RECT all;
+    GetWindowRect(handle(w), &all);
+    driveplace inside = driveclient(w, 0, 0);
+    int width, height;
+    drivesize(w, &width, &height);
+    drivepicture screen = drivelookscreen();
+    int left = inside.x - 1, right = inside.x + width + 1;
+    int top = static_cast<int>(all.top), bottom = inside.y + height + 1;
+    uint32_t desktop = screen.at(0, screen.height - 1);
+    while (top < inside.y && screen.at(inside.x + width / 2, top) == desktop)
+        top++;
+    drivepicture cut = {right - left, bottom - top, {}};
+    for (int y = top; y < bottom; y++)
+        for (int x = left; x < right; x++)
+            cut.pixels.push_back(screen.at(x, y));
+    return cut;
+}
+
 void shot(window w, const std::string &path)
 {
     drivemove(2, 2);
     Sleep(150);
     drivesettle();
-    drivesave(drivelookframe(w), path);
+    drivesave(framed(w), path);
 }

@@ -1,0 +1,153 @@
+// pictures GRIDS FOLDER - makes the pictures of Quillmere that the manual shows, by
+// working it as a user does: FOLDER/NAME.png.
+#include "tools/tour/commands.h"
+#include "tools/tour/outside.h"
+
+#include <cstdio>
+
+namespace
+{
+
+std::string grids, folder;
+int pictures;
+
+void picture(window w, const std::string &name)
+{
+    shot(w, folder + "\\" + name + ".png");
+    say("%s", name.c_str());
+    pictures++;
+}
+
+void start(const std::string &leaf)
+{
+    outsidestart(folder + "\\program\\quillmere.exe", leaf.empty() ? "" : grids + "\\" + leaf);
+}
+
+// A dialog that a command opens, as it is, and then left by Cancel.
+void dialogpicture(int32_t command, const std::string &title, const std::string &name)
+{
+    menucommand(command);
+    window w = dialog(title);
+    picture(w, name);
+    leave(w, CANCEL);
+}
+
+void empties()
+{
+    start("");
+    picture(mainwindow, "empty");
+    menucommand(SIZE);
+    window size = dialog("Grid Size");
+    fill(size, WIDTH, "11");
+    fill(size, HEIGHT, "11");
+    picture(size, "gridsize");
+    leave(size, CANCEL);
+    dialogpicture(CUSTOMISE, "Customisation", "custom");
+    dialogpicture(CHOICES, "Choices", "choices");
+    menucommand(ABOUT);
+    picture(dialog("About Quillmere"), "about");
+    drivekey(KEYESCAPE);
+    outsideend();
+}
+
+void dictionaries()
+{
+    start("");
+    menucommand(CREATE);
+    window create = dialog("Create New Dictionary");
+    fill(create, NEWNAME, "Village");
+    picture(create, "newdict");
+    leave(create, CANCEL);
+    menudictionary(EDITDICT, "Puzzle-UK");
+    window edit = dialog("Edit (Puzzle-UK)");
+    fill(edit, EDITFIELD, "quill");
+    picture(edit, "edit");
+    leave(edit, CANCEL);
+    outsideend();
+}
+
+// What the index shows is the liveliest: two words solved at once.
+void crosswords()
+{
+    start("crossword13.qmg");
+    cellsmeasure(13, 13);
+    menucommand(UPPERCASE);
+    menudictionary(LOAD, "Puzzle-UK");
+    cellsdrag(0, 10, 6, 10);
+    press(panebar(), SOLVE);
+    searchwait();
+    listclick(40);
+    picture(mainwindow, "crossword");
+
+    cellsdrag(0, 4, 3, 4);
+    cellsdrag(2, 0, 2, 4, DRIVECTRL);
+    driveclick(cell(2, 4).x, cell(2, 4).y, DRIVERIGHT);
+    press(panebar(), SOLVE);
+    searchwait();
+    listclick(20);
+    picture(mainwindow, "solutions");
+    outsideend();
+}
+
+void others()
+{
+    start("barred12.qmg");
+    cellsmeasure(12, 12);
+    driveclick(cell(4, 5).x, cell(4, 5).y);
+    picture(mainwindow, "bars");
+    outsideend();
+
+    start("misspelt15.qmg");
+    menudictionary(LOAD, "Puzzle-UK");
+    menucommand(SPELLCHECK);
+    window check = dialog("Spell Check (Guess)");
+    picture(check, "check");
+    leave(check, CHECKCLOSE);
+    menucommand(NEWWORDS);
+    menucommand(SAVEGRIDAS);
+    filebox(folder + "\\empty15.emf", TYPEENHANCED);
+    drivesave(metafilelook(folder + "\\empty15.emf", 500), folder + "\\picture.png");
+    say("picture");
+    pictures++;
+    outsideend();
+}
+
+void squares()
+{
+    start("");
+    menucommand(WORDSQUARE);
+    menucommand(SIZE);
+    window size = dialog("Grid Size");
+    fill(size, WIDTH, "12");
+    fill(size, HEIGHT, "12");
+    leave(size, OK);
+    press(panebar(), WORD);
+    for (const char *word : {"anchor", "captain", "crew", "dinghy", "ferry", "galley", "harbour",
+                             "mast", "pilot", "rudder", "sailor", "tide"}) {
+        drivetype(word);
+        drivekey(KEYRETURN);
+    }
+    press(panebar(), MAKE);
+    searchwait();
+    listclick(6);
+    listclick(60, DRIVERIGHT);
+    picture(mainwindow, "wordsquare");
+    dialogpicture(CUSTOMISE, "Customisation", "customw");
+    outsideend();
+}
+
+} // namespace
+
+int main(int count, char **words)
+{
+    if (count != 3) return 2;
+    grids = words[1];
+    folder = words[2];
+    empties();
+    dictionaries();
+    crosswords();
+    others();
+    squares();
+    std::printf("Pictures made: %d\n", pictures);
+    return 0;
+}
