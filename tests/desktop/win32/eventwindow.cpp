@@ -26,6 +26,7 @@ templaterow templates[] = {
     {EVENTCONTROLS, 0, nullptr, "EventControls"},
     {EVENTPLAIN, 0, nullptr, "EventPlain"},
     {EVENTSCROLLS, 0, nullptr, "EventScrolls"},
+    {EVENTICONS, 0, nullptr, "EventIcons"},
     {0, 0, nullptr, nullptr},
 };
 templatelink link;

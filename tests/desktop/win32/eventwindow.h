@@ -6,12 +6,17 @@
 
 #include <string>
 
-// Templates of tests.rc: one with controls, one without, one with both bars.
-constexpr int32_t EVENTCONTROLS = 100, EVENTPLAIN = 101, EVENTSCROLLS = 102;
+// Templates of tests.rc: one with controls, one without, one with both bars, one
+// with a control of each kind.
+constexpr int32_t EVENTCONTROLS = 100, EVENTPLAIN = 101, EVENTSCROLLS = 102, EVENTICONS = 103;
 
 // Controls of the first.
 constexpr int32_t EVENTFIELD = 10, EVENTBUTTON = 11, EVENTDRAWN = 12, EVENTDISABLED = 13,
                   EVENTFIELD2 = 14;
+
+// Controls of the last.
+constexpr int32_t ICONFIELD = 30, ICONTICK = 31, ICONBOX = 32, ICONROWS = 33, ICONLIST = 34,
+                  ICONARROWS = 35, ICONDIGITS = 36, ICONDRAWN = 37, ICONLABEL = 38, ICONBUTTON = 39;
 
 // What handlers have said since the last call.
 void said(const char *format, ...) __attribute__((format(gnu_printf, 1, 2)));

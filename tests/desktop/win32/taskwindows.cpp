@@ -4,6 +4,7 @@
 #include "desktop/wdata.h"
 #include "desktop/windowplace.h"
 #include "desktop/windows.h"
+#include "graphics/modeinfo.h"
 
 #include <doctest/doctest.h>
 
@@ -45,4 +46,29 @@ RECT taskclient(window w)
     ClientToScreen(taskhandle(w), &corner);
     OffsetRect(&client, corner.x, corner.y);
     return client;
+}
+
+static void screen(int32_t dpi)
+{
+    modefacts facts = {};
+    facts.xdpi = facts.ydpi = dpi;
+    facts.widthpx = GetSystemMetrics(SM_CXSCREEN);
+    facts.heightpx = GetSystemMetrics(SM_CYSCREEN);
+    facts.bitspixel = 32;
+    modeinfoset(facts);
+}
+
+bothscreens::bothscreens()
+{
+    screen(96);
+    SUBCASE("96 dpi") {}
+    SUBCASE("144 dpi")
+    {
+        screen(144);
+    }
+}
+
+bothscreens::~bothscreens()
+{
+    modeinfoinit();
 }

@@ -26,3 +26,11 @@ void taskopen(window w, int32_t left, int32_t top, int32_t width, int32_t height
 
 // The client area in pixels of the screen.
 RECT taskclient(window w);
+
+// A test that makes one runs twice, on a screen of 96 and on one of 144 dots to the
+// inch, by which windows are placed and work areas measured. It has no subcases of
+// its own.
+struct bothscreens {
+    bothscreens();
+    ~bothscreens();
+};
