@@ -1,6 +1,7 @@
-// tour GRIDS FOLDER - plays a tour of Quillmere with mouse and keys, as
-// a user would, saying what it does. FOLDER has it in program/; there the tour leaves what the user would have
-// saved, and a picture of the window at each stop.
+// tour GRIDS FOLDER [GRID.qmg] - plays a tour of Quillmere with mouse and keys, as
+// its user would, saying what it does; with a grid it opens and pictures that one.
+// FOLDER/program has the program; FOLDER gets what is saved on the way, and a
+// picture of the window at each stop.
 #include "tools/tour/commands.h"
 #include "tools/tour/outside.h"
 
@@ -174,16 +175,23 @@ void squaresave()
 
 int main(int count, char **words)
 {
-    if (count != 3) return 2;
+    if (count < 3 || count > 4) return 2;
     grids = words[1];
     folder = words[2];
-    crosswordopen();
-    crosswordsolve();
-    anagrams();
-    crosswordsave();
-    squarebegin();
-    squaremake();
-    squaresave();
+    if (count == 4) {
+        outsidestart(place("program\\quillmere.exe"), words[3]);
+        say("%s", drivetext(mainwindow).c_str());
+        stop("opened");
+        outsideend();
+    } else {
+        crosswordopen();
+        crosswordsolve();
+        anagrams();
+        crosswordsave();
+        squarebegin();
+        squaremake();
+        squaresave();
+    }
     std::printf("Tour ended, %d pictures\n", pictures);
     return 0;
 }
