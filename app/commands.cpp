@@ -8,6 +8,7 @@
 #include "app/menus.h"
 #include "app/startup.h"
 #include "desktop/help.h"
+#include "desktop/keys.h"
 #include "desktop/menus.h"
 #include "desktop/poll.h"
 #include "dict/dicteditwindow.h"
@@ -221,6 +222,13 @@ errorblock *commandrun(int32_t id)
         return row.stops ? aftersearch(commandnow, &row - commands) : row.function();
     }
     return nullptr;
+}
+
+errorblock *commandkey(window, intptr_t, int32_t, int32_t *code)
+{
+    if (*code != (KEYPRESS | KEYF1)) return nullptr;
+    *code = KEYCLAIMED;
+    return manual();
 }
 
 errorblock *commanddictionary(int32_t position, int32_t id)

@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/buttons.h"
+#include "app/commands.h"
 #include "app/filecommands.h"
 #include "app/layout.h"
 #include "app/menus.h"
@@ -123,6 +124,8 @@ errorblock *mainhandlers()
     if (!err) err = addopenhandler(layoutmain, mainwindow, 0);
     for (window w : {mainwindow, gridwindow, solutionswindow})
         if (!err && w) err = dropsaccept(w);
+    for (window w : {mainwindow, gridwindow})
+        if (!err && w) err = addkeyhandler(commandkey, w, 0);
     if (!err) err = addclickhandler(splitterclick, mainwindow, 0);
     if (!err) err = addpointerhandler(splitterpointer, mainwindow, 0);
     return err;

@@ -26,10 +26,14 @@ constexpr int32_t SMALLTEXT = 1024;
 
 bool helping; // the next press asks
 
+// Behind the name of a help file may stand ">" and that of a window to show it in.
 bool isfile(const char *path)
 {
+    char file[PATHSIZE];
     int32_t type;
-    fileobject(path, &type);
+    strcopyn(file, path, sizeof file);
+    if (char *windowname = std::strrchr(file, '>')) *windowname = 0;
+    fileobject(file, &type);
     return type == OBJECTFILE;
 }
 

@@ -121,24 +121,24 @@ TEST_CASE("the manual is where the path says, or beside the program")
     helpdesk desk;
     constexpr char KEY[] = "HKEY_CURRENT_USER\\Software\\Quillmere help test\\";
     REQUIRE_FALSE(regwrite((std::string(KEY) + "Path").c_str(), "C:\\Nowhere"));
-    std::string path = "<" + std::string(KEY) + "Path>\\Quillmere help test.chm";
+    std::string path = "<" + std::string(KEY) + "Path>\\Quillmere help test.chm>"; // any window
     CHECK_FALSE(helpcontents(5, path.c_str()));
-    CHECK(fakelog() == "topic 5 C:\\Nowhere\\Quillmere help test.chm");
+    CHECK(fakelog() == "topic 5 C:\\Nowhere\\Quillmere help test.chm>");
     CHECK(traced("topic " + path));
-    CHECK(traced("temp C:\\Nowhere\\Quillmere help test.chm"));
+    CHECK(traced("temp C:\\Nowhere\\Quillmere help test.chm>"));
 
     char folder[PATHSIZE];
     REQUIRE_FALSE(platformprogramdirectory(folder, sizeof folder));
     std::string beside = std::string(folder) + "Quillmere help test.chm";
     REQUIRE_FALSE(filesave(beside.c_str(), 0, "x", 1));
     CHECK_FALSE(helpcontents(5, path.c_str()));
-    CHECK(fakelog() == "topic 5 " + beside);
-    CHECK(traced("temp " + beside));
+    CHECK(fakelog() == "topic 5 " + beside + ">");
+    CHECK(traced("temp " + beside + ">"));
     filedelete(beside.c_str());
 
     regdelete(KEY); // it was never installed
     CHECK_FALSE(helpcontents(5, path.c_str()));
-    CHECK(fakelog() == "topic 5 " + beside);
+    CHECK(fakelog() == "topic 5 " + beside + ">");
 }
 
 TEST_CASE("the text of a control comes from its window's handler")
