@@ -82,23 +82,28 @@ TEST_CASE("the frame keeps the borders that it has")
 
 TEST_CASE("windows are centred, and a cascade of them drifts apart")
 {
-    screen(96); // 1920 by 1440 units
+    struct {
+        int32_t dpi, x, y; // of the first, on a screen of 1920 by 1440 or 1280 by 960 units
+    } screens[] = {{96, 760, 570}, {144, 440, 330}};
     struct {
         int32_t n, right, down;
     } places[] = {{0, 0, 0}, {1, 40, 40}, {3, 120, 120}, {4, 0, 160}, {5, 40, 0}, {19, 120, 160}};
-    for (const auto &place : places) {
-        CAPTURE(place.n);
-        windowstaterecord state = stateof(7, 9, 407, 309);
-        state.xscroll = 11;
-        state.behind = BEHINDSAME;
-        centrestate(&state, place.n);
-        CHECK(state.x0 == 760 + place.right);
-        CHECK(state.y0 == 570 - place.down);
-        CHECK(state.x1 == state.x0 + 400);
-        CHECK(state.y1 == state.y0 + 300);
-        CHECK(state.xscroll == 11);
-        CHECK(state.behind == BEHINDSAME);
-    }
+    for (const auto &s : screens)
+        for (const auto &place : places) {
+            CAPTURE(s.dpi);
+            CAPTURE(place.n);
+            screen(s.dpi);
+            windowstaterecord state = stateof(7, 9, 407, 309);
+            state.xscroll = 11;
+            state.behind = BEHINDSAME;
+            centrestate(&state, place.n);
+            CHECK(state.x0 == s.x + place.right);
+            CHECK(state.y0 == s.y - place.down);
+            CHECK(state.x1 == state.x0 + 400);
+            CHECK(state.y1 == state.y0 + 300);
+            CHECK(state.xscroll == 11);
+            CHECK(state.behind == BEHINDSAME);
+        }
 }
 
 TEST_CASE("a box of the work area covers each pixel that drawing in it falls on")
