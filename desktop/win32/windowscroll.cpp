@@ -93,8 +93,17 @@ int32_t positionread(const axis &a)
     return a.vertical ? a.data->yscroll : a.data->xscroll;
 }
 
-// The system would limit a position by its own rounded numbers: it is given one
-// that stays.
+// The system limits a position to the range less the page, in units: the page is
+// told such that this is where the last pixel is reached, or that all fits.
+int32_t pageof(const axis &a, const scrollbar &bar)
+{
+    axisrange range = rangeof(a);
+    int32_t last = bar.maximum - bar.page;
+    if (last > bar.minimum) return range.maximum - tounits(a, last);
+    return std::max(tounits(a, bar.page), range.maximum - range.minimum);
+}
+
+// It is given a position that stays.
 int32_t positionheld(const axis &a, int32_t position, int32_t page)
 {
     axisrange range = rangeof(a);
@@ -135,7 +144,7 @@ errorblock *barget(const axis &a, scrollbar *bar)
 // moves by that. A caller's own units are kept if they mean this pixel.
 int32_t barset(const axis &a, const scrollbar &bar, int32_t pixels, int32_t units)
 {
-    int32_t page = tounits(a, bar.page);
+    int32_t page = pageof(a, bar);
     int32_t position = topixels(a, units) == pixels ? units : tounits(a, pixels);
     position = positionheld(a, position, page);
     positionwrite(a, position, page);

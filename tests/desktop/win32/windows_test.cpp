@@ -65,6 +65,7 @@ void checkclient(window w, int32_t left, int32_t top, int32_t width, int32_t hei
 
 TEST_CASE("a window opens with its client area where the state says, whatever its frame")
 {
+    bothscreens screens;
     for (DWORD style : {BORDERED, DWORD{WS_POPUP}, DWORD{WS_POPUP | WS_BORDER}}) {
         window w = taskwindow(style);
         CHECK_FALSE(visible(w));
@@ -91,6 +92,7 @@ TEST_CASE("a window opens with its client area where the state says, whatever it
 
 TEST_CASE("a child opens at a place of the screen too, inside its parent")
 {
+    bothscreens screens;
     window parent = taskwindow(BORDERED);
     taskopen(parent, 100, 120, 400, 300);
     window child = taskwindow(WS_CHILD | WS_BORDER, parent);
@@ -157,6 +159,7 @@ TEST_CASE("a window behind its own parent goes to the bottom")
 
 TEST_CASE("hiding still places, and a state tells how a window is shown")
 {
+    bothscreens screens;
     window w = taskwindow(WS_OVERLAPPEDWINDOW);
     windowstaterecord state;
     windowstate(w, &state);
@@ -179,6 +182,7 @@ TEST_CASE("hiding still places, and a state tells how a window is shown")
 
 TEST_CASE("a window is centred and raised")
 {
+    bothscreens screens;
     window w = taskwindow(BORDERED);
     taskopen(w, 0, 0, 320, 240);
     REQUIRE_FALSE(opencentred(w, 0));
@@ -203,6 +207,7 @@ TEST_CASE("a window is centred and raised")
 
 TEST_CASE("positions of the work area, of the screen and of the frame agree")
 {
+    bothscreens screens;
     window w = taskwindow(BORDERED | WS_VSCROLL | WS_HSCROLL);
     taskopen(w, 96, 96, 192, 192);
     REQUIRE_FALSE(setextent(w, 0, -3000, 3000, 0));
@@ -227,6 +232,7 @@ TEST_CASE("positions of the work area, of the screen and of the frame agree")
 
 TEST_CASE("a window with the flag grows to its extent and no further")
 {
+    bothscreens screens;
     window w = taskwindow(WS_OVERLAPPEDWINDOW | WS_VSCROLL);
     REQUIRE_FALSE(setextent(w, 0, -devtoosy(400), devtoosx(300), 0));
     taskopen(w, 50, 50, 250, 380);

@@ -76,6 +76,7 @@ bool barshown(window w, DWORD bar)
 
 TEST_CASE("an extent shows the bars that it needs")
 {
+    bothscreens screens;
     window w = opened(BARS);
     CHECK(barshown(w, WS_VSCROLL));
     CHECK(barshown(w, WS_HSCROLL));
@@ -103,6 +104,7 @@ TEST_CASE("an extent shows the bars that it needs")
 
 TEST_CASE("a position is held to the unit, and stops at the ends")
 {
+    bothscreens screens;
     for (DWORD style : {BARS, DWORD{WS_POPUP}}) { // with bars, and kept by the library
         window w = opened(style);
         REQUIRE_FALSE(setextent(w, 0, -5001, 3001, 0));
@@ -119,8 +121,8 @@ TEST_CASE("a position is held to the unit, and stops at the ends")
         setscrollx(w, 100000);
         setscrolly(w, 100000);
         windowstate(w, &state);
-        CHECK(abs(state.xscroll - (3001 - devtoosx(clientwidth(w)))) <= 1);
-        CHECK(abs(-state.yscroll - (5001 - devtoosy(clientheight(w)))) <= 1);
+        CHECK(state.xscroll == devtoosx(ostodevx(3001) - clientwidth(w)));
+        CHECK(state.yscroll == -devtoosy(ostodevy(5001) - clientheight(w)));
         setscrollx(w, -5);
         CHECK(viewx(w) == 0);
 
@@ -136,8 +138,58 @@ TEST_CASE("a position is held to the unit, and stops at the ends")
     }
 }
 
+// Extents and sizes that are no whole pixels and no whole units of each other.
+TEST_CASE("the view reaches the last pixel and comes back, whatever the units")
+{
+    bothscreens screens;
+    for (DWORD style : {BARS, DWORD{WS_POPUP}}) {
+        window w = opened(style);
+        for (int32_t n = 0; n < 24; n++) {
+            int32_t width = 2001 + 7 * n, height = 5000 + 11 * n;
+            CAPTURE(style);
+            CAPTURE(n);
+            REQUIRE_FALSE(setextent(w, 0, -height, width, 0));
+            taskopen(w, 100, 100, 160 + n, 120 + n);
+            REQUIRE_FALSE(scrollto(w, 100000, -100000));
+            CHECK(viewx(w) == ostodevx(width) - clientwidth(w));
+            CHECK(viewy(w) == ostodevy(height) - clientheight(w));
+
+            // A place that was read is one that can be set, and nothing moves.
+            windowstaterecord state, again;
+            windowstate(w, &state);
+            REQUIRE_FALSE(scrollto(w, 0, 0));
+            windowstate(w, &again);
+            CHECK(again.xscroll == 0);
+            CHECK(again.yscroll == 0);
+            REQUIRE_FALSE(scrollto(w, state.xscroll, state.yscroll));
+            windowstate(w, &again);
+            CHECK(again.xscroll == state.xscroll);
+            CHECK(again.yscroll == state.yscroll);
+        }
+        taskwindowsend();
+    }
+}
+
+TEST_CASE("a place doesn't drift when the window grows and shrinks")
+{
+    bothscreens screens;
+    for (DWORD style : {BARS, DWORD{WS_POPUP}}) {
+        window w = opened(style);
+        REQUIRE_FALSE(scrollto(w, 333, -777));
+        for (int32_t n = 0; n < 12; n++) {
+            taskopen(w, 100, 100, 160 + 5 * (n % 3), 120 + 7 * (n % 4));
+            windowstaterecord state;
+            windowstate(w, &state);
+            CHECK(state.xscroll == 333);
+            CHECK(state.yscroll == -777);
+        }
+        taskwindowsend();
+    }
+}
+
 TEST_CASE("a work area smaller than the window is centred when that is wanted")
 {
+    bothscreens screens;
     for (DWORD style : {BARS, DWORD{WS_POPUP}}) {
         window w = opened(style);
         REQUIRE_FALSE(setflags(w, WINDOWCENTRED, 0));
@@ -161,6 +213,7 @@ TEST_CASE("a work area smaller than the window is centred when that is wanted")
 
 TEST_CASE("the view follows the window's size")
 {
+    bothscreens screens;
     window w = opened(BARS);
     extent(w, 1000, 1000);
     setscrollx(w, devtoosx(500));
@@ -182,6 +235,7 @@ TEST_CASE("the view follows the window's size")
 
 TEST_CASE("scroll messages move the view")
 {
+    bothscreens screens;
     window w = opened(BARS);
     bool moved;
     auto send = [&](bool vertical, int32_t code, int32_t thumb) {
@@ -208,6 +262,7 @@ TEST_CASE("scroll messages move the view")
 
 TEST_CASE("the wheel scrolls three lines a notch, and only where there is a bar")
 {
+    bothscreens screens;
     window w = opened(BARS);
     CHECK(scrollwheelwindow(w, -120, false));
     CHECK(viewy(w) == 36);
@@ -296,6 +351,7 @@ int wrongpixels(window w)
 
 TEST_CASE("scrolling moves what is shown and paints only what is uncovered")
 {
+    bothscreens screens;
     REQUIRE_FALSE(blockstart());
     window w = opened(WS_POPUP);
     REQUIRE_FALSE(addredrawhandler(paintsquares, w, 0));
@@ -333,6 +389,7 @@ TEST_CASE("scrolling moves what is shown and paints only what is uncovered")
 
 TEST_CASE("children move with what is scrolled, or stay")
 {
+    bothscreens screens;
     window w = opened(WS_POPUP);
     window child = taskwindow(WS_CHILD, w);
     taskopen(child, 120, 140, 30, 20);
