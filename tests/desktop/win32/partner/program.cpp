@@ -238,6 +238,11 @@ std::string obey(std::string line)
     if (verb == "formats") return formats();
     if (verb == "paste") return paste(number(line));
     if (verb == "copy") return copy(line), "ok";
+    if (verb == "show") { // a window at a place of the screen, in front of all
+        int left = static_cast<int>(number(word(&line))), top = static_cast<int>(number(line));
+        SetWindowPos(partner.self, HWND_TOPMOST, left, top, 100, 80, SWP_SHOWWINDOW);
+        return "ok";
+    }
     if (verb == "die") TerminateProcess(GetCurrentProcess(), 1);
     if (verb == "serve") {
         partner.app = word(&line);
