@@ -269,9 +269,22 @@ struct playrecord {
     DWORD patience, stopping; // of a search; stopping 0 while it is let run
 };
 
+// A bar of the system follows the pointer in a loop of its own while it is held.
+void holdend()
+{
+    note("  what is held is let go");
+    driveplace at = spot(otherdice);
+    drivemove(at.x, at.y);
+    driverelease(DRIVELEFT);
+    driverelease(DRIVERIGHT);
+}
+
 void busyplay(playrecord *play, DWORD age)
 {
-    if (!searchunderway()) return;
+    if (!searchunderway()) {
+        holdend();
+        return;
+    }
     if (age < play->patience) {
         searchplay();
         return;

@@ -79,6 +79,7 @@ void programstack()
 
 [[noreturn]] void stop(const char *reason, const CONTEXT *context)
 {
+    note("FAULT");
     ringlock.lock(); // for good
     if (faulty) Sleep(INFINITE);
     faulty = true;
