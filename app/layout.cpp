@@ -7,7 +7,7 @@
 panelayout layoutpanes(const pixelbox &area, int32_t barheight, uint32_t fraction)
 {
     int32_t width = std::max(area.right - area.left, 0);
-    int32_t under = area.top + std::clamp(barheight, 0, std::max(area.bottom - area.top, 0));
+    int32_t under = area.top + std::max(barheight, 0);
     int32_t split = area.left + static_cast<int32_t>(int64_t{width} * fraction >> 16);
     int32_t listright = std::max(split - SPLITTERWIDTH / 2, area.left);
     int32_t gridleft = std::min(split + SPLITTERWIDTH / 2, area.left + width);

@@ -20,8 +20,8 @@ struct panelayout {
 constexpr int32_t SPLITTERWIDTH = 4;
 
 // Lays the panes out in an area. fraction, 16.16, is where the middle of the
-// splitter is. A pane for which no room is left is empty, never turned inside
-// out.
+// splitter is. The bar keeps its height, as it is asked for it at the next layout.
+// A pane for which no room is left is empty, never turned inside out.
 panelayout layoutpanes(const pixelbox &area, int32_t barheight, uint32_t fraction);
 
 // The fraction of a splitter that was let go at x, inside its limits.

@@ -87,13 +87,17 @@ errorblock *splitterdone(window self, intptr_t, const dragresult *box)
     return panesplace(state);
 }
 
+// The press lies where the pointer was before it moved, by as much as a fast hand
+// moves it; the bar follows from where it is now.
 errorblock *splitterclick(window self, intptr_t, mouserecord *mouse)
 {
     if (mouse->buttons != BUTTONLEFTDRAG) return nullptr;
     windowstaterecord state;
+    mouserecord now;
     errorblock *err = windowstate(self, &state);
+    if (!err) err = getpointer(&now);
     if (err) return err;
-    int32_t x = static_cast<int32_t>(mouse->x);
+    int32_t x = static_cast<int32_t>(now.x);
     dragbox bar = {
         .window = self,
         .type = DRAGBAR,
