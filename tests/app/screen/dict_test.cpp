@@ -196,8 +196,8 @@ bool largebegin()
         return false;
     }
     begin({});
-    std::filesystem::copy_file(file, place("mine.dic"),
-                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::remove(place("mine.dic"));
+    std::filesystem::copy_file(file, place("mine.dic"));
     return true;
 }
 
