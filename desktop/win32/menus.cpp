@@ -210,6 +210,7 @@ static errorblock *replace(int32_t tag, HMENU (*make)(), menuselectfunction sele
     if (err) return err;
     row->select = select;
     row->prepare = prepare;
+    row->parent = 0; // it hangs nowhere, and doesn't go with what the old one hung on
     row->menu = reinterpret_cast<intptr_t>(make());
     return row->menu ? nullptr : syserr("CreateMenu");
 }
