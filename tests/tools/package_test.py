@@ -1,0 +1,134 @@
+#!/usr/bin/env python3
+"""The installer and the archive, as a user meets them: installed, run, installed
+again over what the user has added, and removed.
+
+usage: package_test.py ROOT BUILD FOLDER   - packs BUILD into FOLDER
+
+It changes the registry of its Wine prefix: run it in a session of its own.
+"""
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import time
+import unittest
+import zipfile
+
+ROOT, BUILD, OUT = map(pathlib.Path, sys.argv[1:4])
+WINE = "/usr/lib/wine/wine64"
+DRIVE = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
+DICTIONARIES = r"HKLM\Software\Orchardlight\Dictionaries"
+APPPATHS = r"HKLM\Software\Microsoft\Windows\CurrentVersion\App Paths\Quillmere.exe"
+CLASSES = r"HKLM\Software\Classes"
+UNINSTALL = r"HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillmere"
+SHIPPED = ["MainDict", "MainDict-UK", "MainDict-US", "Puzzle-UK", "Puzzle-US"]
+
+
+def wine(*words, check=True):
+    run = subprocess.run([WINE, *map(str, words)], capture_output=True, timeout=120)
+    text = run.stdout.decode("cp1252").replace("\r\n", "\n")
+    if check and run.returncode:
+        raise AssertionError(f"{words}: {run.returncode}\n{text}{run.stderr.decode('cp1252')}")
+    return text
+
+
+def registered(key, name=None):
+    """A value of the registry, the default one without a name; None for none."""
+    told = wine("reg", "query", key, *(["/v", name] if name else ["/ve"]), check=False)
+    match = re.search(r"REG_\w+ +(.*)", told)
+    return match[1].strip() if match else None
+
+
+def tree(folder):
+    return {str(path.relative_to(folder)) + ("/" if path.is_dir() else "")
+            for path in folder.rglob("*")}
+
+
+def waitfor(condition, seconds=30):
+    end = time.monotonic() + seconds
+    while not condition() and time.monotonic() < end:
+        time.sleep(0.1)
+    return condition()
+
+
+class Package(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        run = subprocess.run([ROOT / "tools" / "package", BUILD, OUT], capture_output=True, text=True)
+        assert run.returncode == 0, run.stdout + run.stderr
+        cls.setup, = OUT.glob("*-setup.exe")
+        cls.archive, = OUT.glob("*.zip")
+        with zipfile.ZipFile(cls.archive) as packed:
+            assert packed.testzip() is None
+            cls.packed = {info.filename.removeprefix("Quillmere/") for info in packed.infolist()} - {""}
+
+    def registeredat(self, folder):
+        self.assertEqual(registered(DICTIONARIES), folder + r"\Dictionaries")
+        self.assertEqual(registered(APPPATHS), folder + r"\quillmere.exe")
+        self.assertEqual(registered(APPPATHS, "Path"), folder)
+
+    def starts(self):
+        """By its name alone, which the registry resolves; closed as by a user."""
+        # It would hold a pipe open as long as it runs.
+        subprocess.run([WINE, "start", "quillmere.exe"], stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, timeout=60, check=True)
+        closed = lambda: "Close message sent" in wine("taskkill", "/im", "quillmere.exe", check=False)
+        self.assertTrue(waitfor(closed), "it never ran")
+        self.assertTrue(waitfor(lambda: not closed()), "it doesn't end")
+
+    def test_what_is_packed(self):
+        for name in ("quillmere.exe", "quill.exe", "Quillmere.chm", "Quillmere.html", "LICENSE.txt",
+                     "ReadMe.txt", "register.cmd", "Choices/", "Default/", "Samples/crossword13.qmg",
+                     "Dictionaries/copyright-scowl.txt", *(f"Dictionaries/{n}.dic" for n in SHIPPED)):
+            self.assertIn(name, self.packed)
+        self.assertFalse([name for name in self.packed if re.match("(Choices|Default)/.", name)])
+
+    def test_installed_and_removed(self):
+        place, windows = DRIVE / "Puzzles", r"C:\Puzzles"
+        wine(self.setup, "/S", "/D=" + windows)
+        self.assertEqual(tree(place), self.packed - {"register.cmd"} | {"uninstall.exe"})
+        self.registeredat(windows)
+        self.assertEqual(registered(CLASSES + r"\.qmg"), "Quillmere.Grid")
+        self.assertEqual(registered(CLASSES + r"\Quillmere.Grid\shell\open\command"),
+                         rf'"{windows}\quillmere.exe" "%1"')
+        self.assertEqual(registered(CLASSES + r"\Quillmere.Grid\DefaultIcon"),
+                         rf"{windows}\quillmere.exe,0")
+        shortcuts = DRIVE / "ProgramData/Microsoft/Windows/Start Menu/Programs/Quillmere"
+        self.assertEqual(tree(shortcuts), {"Quillmere.lnk", "Manual.lnk"})
+        self.starts()
+
+        # What the user has added stays through an installation over this one.
+        quill, puzzle = place / "quill.exe", place / "Dictionaries" / "Puzzle-UK.dic"
+        wine(quill, "dict", "add", puzzle, "zzquillmere")
+        shutil.copy(puzzle, place / "Dictionaries" / "Mine.dic")
+        (place / "Quillmere.chm").write_bytes(b"of an older version")
+        wine(self.setup, "/S")  # it knows where
+        self.assertIn("zzquillmere", wine(quill, "dict", "find", puzzle, "zzquillmere"))
+        self.assertEqual((place / "Quillmere.chm").read_bytes(),
+                         (BUILD / "manual" / "Quillmere.chm").read_bytes())
+
+        # It goes on from a copy of itself, so that it can go too.
+        wine(place / "uninstall.exe", "/S")
+        waitfor(lambda: not shortcuts.exists() and registered(UNINSTALL, "DisplayName") is None)
+        self.assertEqual(tree(place), {"Dictionaries/", "Dictionaries/Mine.dic"})
+        self.assertIsNone(registered(DICTIONARIES))
+        self.assertIsNone(registered(APPPATHS, "Path"))
+        self.assertIsNone(registered(CLASSES + r"\.qmg"))
+        self.assertFalse(shortcuts.exists())
+
+    def test_unpacked_and_registered(self):
+        with zipfile.ZipFile(self.archive) as packed:
+            packed.extractall(DRIVE / "My tools")
+        windows = r"C:\My tools\Quillmere"
+        wine("cmd", "/c", windows + r"\register.cmd", "/quiet")
+        self.registeredat(windows)
+        self.starts()
+        wine("cmd", "/c", windows + r"\register.cmd", "/remove")
+        self.assertIsNone(registered(DICTIONARIES))
+        self.assertIsNone(registered(APPPATHS, "Path"))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
