@@ -1,0 +1,289 @@
+// Dictionaries that are damaged, in use elsewhere, too many or empty, as a user
+// meets them.
+#include "app/commands.h"
+#include "base/boxes.h"
+#include "base/text.h"
+#include "dict/dicteditwindow.h"
+#include "dict/dictfile.h"
+#include "dict/dictset.h"
+#include "find/spellwindow.h"
+#include "grid/gridpicture.h"
+#include "tests/app/screen/menuhands.h"
+#include "tests/app/screen/screen.h"
+#include "tests/support/driver.h"
+#include "tests/support/runner.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+using list = std::vector<std::string>;
+
+constexpr int32_t SPELLCHECK = 40017, CREATE = 40020;
+const menupath LOAD = {1, 1, 0}, EDIT = {1, 2, 0}, DELETEDICT = {1, 4, 0};
+constexpr int FIELD = 1017, COUNT = 1015, ADD = 1005, DELETEWORD = 1013, KEEP = 1012;
+constexpr int CHECKADD = 1024;
+
+std::string place(const std::string &leaf)
+{
+    return std::string(dictdirectory) + "\\" + leaf;
+}
+
+void filewrite(const std::string &path, const std::string &text)
+{
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string fileread(const std::string &path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void dictionarywrite(const char *name, const list &words)
+{
+    Dictionary dict;
+    REQUIRE_FALSE(dictempty(&dict));
+    for (const std::string &word : words)
+        REQUIRE_FALSE(dictadd(word.c_str(), &dict));
+    REQUIRE_FALSE(dictsave(dictdirectory, name, &dict));
+    dictfree(&dict);
+}
+
+// A directory of its own with "mine", which holds these words.
+void begin(const list &words)
+{
+    static int made;
+    screenstart();
+    std::string folder = scratchfolder() + "\\faults" + std::to_string(made++);
+    std::filesystem::create_directories(folder);
+    strcopyn(dictdirectory, folder.c_str(), sizeof dictdirectory);
+    dictionarywrite("mine", words);
+    REQUIRE_FALSE(dictstart());
+}
+
+// What an error box says while work is done. The keys go where they went before.
+std::string complaint(const std::function<void()> &work)
+{
+    std::string text = drivebox(IDOK, work);
+    drivewait([] { return GetFocus() && GetForegroundWindow() == GetActiveWindow(); });
+    drivepump();
+    return text;
+}
+
+void edit()
+{
+    menuchoose(EDIT);
+    REQUIRE(editor.self);
+}
+
+void press(window w, int32_t icon)
+{
+    driveplace at = driveicon(w, icon);
+    driveclick(at.x, at.y);
+}
+
+size_t filesthere()
+{
+    std::filesystem::directory_iterator files(dictdirectory);
+    return static_cast<size_t>(std::distance(begin(files), end(files)));
+}
+
+// Another program has it open, and lets nobody in.
+struct taken {
+    HANDLE file;
+    explicit taken(const std::string &path)
+        : file(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr))
+    {
+        REQUIRE(file != INVALID_HANDLE_VALUE);
+    }
+    ~taken()
+    {
+        CloseHandle(file);
+    }
+};
+
+void gridwith(const std::string &word)
+{
+    std::string picture = word + "#\n" + std::string(word.size() + 1, '#') + "\n";
+    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
+    drivepump();
+}
+
+} // namespace
+
+TEST_CASE("a damaged dictionary can't be edited or added to, and its file stays")
+{
+    begin({"ant", "bee", "cow"});
+    std::string whole = fileread(place("mine.dic")), damaged;
+    SUBCASE("cut short")
+    {
+        damaged = whole.substr(0, whole.size() - 7);
+    }
+    SUBCASE("no words but a promise")
+    {
+        damaged =
+            whole.substr(0, 256) + std::string("\377\377\0\0\377\0\0\0", 8) + whole.substr(264);
+    }
+    SUBCASE("something else")
+    {
+        damaged = "zebra\r\n";
+    }
+    SUBCASE("nothing at all") {}
+    SUBCASE("of a later program")
+    {
+        damaged = whole;
+        damaged[96] = 1;
+    }
+    filewrite(place("mine.dic"), damaged);
+    CHECK(complaint([] { menuchoose(EDIT); }) != "");
+    CHECK_FALSE(editor.self);
+    menuchoose(LOAD); // in use, with no words
+    CHECK(menulook({1, 1})[0].ticked);
+    gridwith("ant");
+    REQUIRE_FALSE(commandrun(SPELLCHECK));
+    REQUIRE(check.self);
+    CHECK(complaint([] { press(check.self, CHECKADD); }) != "");
+    CHECK_FALSE(dictanychanges());
+    drivekey(VK_ESCAPE);
+    CHECK_FALSE(check.self);
+    CHECK(fileread(place("mine.dic")) == damaged);
+}
+
+TEST_CASE("a dictionary that another program has open is let alone")
+{
+    begin({"ant"});
+    std::string before = fileread(place("mine.dic"));
+    {
+        taken file(place("mine.dic"));
+        CHECK(complaint([] { menuchoose(EDIT); }) != "");
+        CHECK_FALSE(editor.self);
+        CHECK(complaint([] { menuchoose(DELETEDICT); }) != "");
+        CHECK(ndicts == 1);
+    }
+    edit();
+    drivetype("bee");
+    drivekey(VK_RETURN);
+    {
+        taken file(place("mine.dic"));
+        press(editor.self, KEEP);
+        CHECK_FALSE(editor.self);
+    }
+    CHECK(fileread(place("mine.dic")) == before);
+    CHECK(filesthere() == 1);
+}
+
+TEST_CASE("a dictionary that may not be written isn't deleted")
+{
+    begin({"ant"});
+    SetFileAttributesA(place("mine.dic").c_str(), FILE_ATTRIBUTE_READONLY);
+    CHECK(complaint([] { menuchoose(DELETEDICT); }) != "");
+    CHECK(ndicts == 1);
+    CHECK(std::filesystem::exists(place("mine.dic")));
+    SetFileAttributesA(place("mine.dic").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_CASE("words go neither into nor out of files that are in use")
+{
+    begin({"ant"});
+    filewrite(place("words.txt"), "bee\r\n");
+    edit();
+    {
+        taken file(place("words.txt"));
+        CHECK(complaint([] { drivedrop(editor.view.pane, {place("words.txt")}, {10, 10}); }) != "");
+        bool told = false;
+        driveaside([] { reporterror(editexportbox()); },
+                   [&] {
+                       if (!drivewaitwindow("", "#32770")) return;
+                       Sleep(200); // its own first messages
+                       drivetype(place("words.txt"));
+                       drivekey(VK_RETURN);
+                       told = drivewaitwindow("Quillmere", "#32770");
+                       drivekey(VK_RETURN);
+                   });
+        CHECK(told);
+    }
+    CHECK(drivetext(editor.self, COUNT) == "1");
+    CHECK_FALSE(dictanychanges());
+    CHECK(fileread(place("words.txt")) == "bee\r\n");
+}
+
+TEST_CASE("an empty dictionary shows nothing, has nothing to choose and makes no file")
+{
+    begin({});
+    edit();
+    drivepicture blank = drivelook(editor.view.pane);
+    drivekey(VK_TAB);
+    for (int key : {VK_UP, VK_DOWN, VK_UP})
+        drivekey(key);
+    driveplace at = driveclient(editor.view.pane, 20, 5);
+    driveclick(at.x, at.y);
+    CHECK(editor.view.rowsel == -1);
+    CHECK(editor.view.rowcaret == -1);
+    CHECK(drivetext(editor.self, FIELD) == "");
+    CHECK(drivelook(editor.view.pane).pixels == blank.pixels);
+    press(editor.self, DELETEWORD);
+    press(editor.self, ADD);
+    CHECK(drivetext(editor.self, COUNT) == "0");
+    CHECK(drivefilebox(place("out.txt"), 0, true, [] { CHECK_FALSE(editexportbox()); }));
+    CHECK_FALSE(std::filesystem::exists(place("out.txt")));
+}
+
+TEST_CASE("without a directory there is nothing to create or check")
+{
+    begin({"ant"});
+    auto grey = [] {
+        std::vector<menuentry> words = menulook({1});
+        CHECK(words[0].grey == words[3].grey);
+        return words[0].grey;
+    };
+    CHECK_FALSE(grey());
+    std::filesystem::remove_all(dictdirectory);
+    CHECK(grey());
+    CHECK(complaint([] { menuchoose(DELETEDICT); }) != "");
+    CHECK(ndicts == 1);
+}
+
+TEST_CASE("a check without dictionaries doesn't begin, nor does it say so")
+{
+    begin({"ant"}); // of a name that nobody uses unasked
+    gridwith("bee");
+    REQUIRE_FALSE(commandrun(SPELLCHECK));
+    drivepump();
+    CHECK_FALSE(check.self);
+    CHECK_FALSE(drivefind("", "#32770"));
+}
+
+TEST_CASE("names that can't be a dictionary's are told of, and make none")
+{
+    begin({"ant"});
+    auto name = [](const std::string &text) {
+        REQUIRE_FALSE(commandrun(CREATE));
+        drivepump();
+        drivetype(text);
+        return complaint([] { drivekey(VK_RETURN); });
+    };
+    CHECK(name(std::string(32, 'n')) != "");
+    CHECK(name("MINE") == "Dictionary already exists.");
+    CHECK(name("no\\such\\folder") != "");
+    CHECK(ndicts == 1);
+    CHECK(filesthere() == 1);
+    CHECK(name(std::string(31, 'n')) == "");
+    CHECK(std::filesystem::exists(place(std::string(31, 'n') + ".dic")));
+    for (int i = 0; i < 40; i++)
+        std::filesystem::copy_file(place("mine.dic"),
+                                   place("x" + std::to_string(100 + i) + ".dic"));
+    REQUIRE_FALSE(dictstart());
+    CHECK(menulook({1, 1}).size() == 32);
+    CHECK(name("onemore") == "ENUD");
+    CHECK(ndicts == 32);
+    CHECK_FALSE(std::filesystem::exists(place("onemore.dic")));
+}
