@@ -88,16 +88,17 @@ void dictionariescheck()
 bool refgood(wordref ref)
 {
     uint32_t number = ref >> 24, word = ref & 0xFFFFFF;
-    if (ref == NOWORD) return true;
     return number < ndicts && dicts[number].loaded && word < dicts[number].dict.nwords;
 }
 
 const char *solutionsfault()
 {
     if (solutions.count < 0) return "the number of solutions";
-    if ((solutions.count != 0) != (solutions.wslist != nullptr) && solutions.count)
-        return "a list without its block";
+    if (solutions.count && !solutions.wslist) return "a list without its block";
     if (grid.kind != GRIDCROSSWORD) return nullptr;
+    // A list of words that was opened in a Crossword stays, and says nothing: no
+    // search finds this reference.
+    if (solutions.slotcount > 0 && solref(0, 0) == NOWORD) return nullptr;
     for (int32_t i = 0; i < solutions.count; i++)
         for (int32_t slot = 0; slot < solutions.slotcount; slot++)
             if (!refgood(solref(i, slot))) return "a solution of a word that is gone";

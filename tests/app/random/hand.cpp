@@ -20,7 +20,7 @@ constexpr DWORD STEPWITHIN = 120000;  // any step, with all the boxes that it br
 constexpr DWORD ANSWERWITHIN = 20000; // a message; the machine may be busy
 constexpr int MENUPLAY = 30, MOVEPLAY = 8, BOXPLAY = 12;
 
-std::atomic<bool> over;
+std::atomic<bool> over, watched;
 std::atomic<DWORD> begun; // when the step began, 0 between steps
 DWORD programthread;
 std::thread hand, watch;
@@ -334,6 +334,7 @@ void watchwork()
             fault("the program doesn't answer");
         Sleep(500);
     }
+    watched = true;
 }
 
 } // namespace
@@ -349,7 +350,7 @@ void handstart()
 void handend()
 {
     over = true;
-    while (WaitForSingleObject(reinterpret_cast<HANDLE>(watch.native_handle()), 0) == WAIT_TIMEOUT)
+    while (!watched)
         drivepump(10);
     hand.join();
     watch.join();

@@ -60,17 +60,25 @@ holdings holdingsnow()
             timedcount(), pollnesting(), boxdepth(),   drivecountnow()};
 }
 
+// As its button does it: Wine brings the dialogs back for no other call.
+void restore()
+{
+    HWND main = reinterpret_cast<HWND>(mainwindow);
+    if (!IsIconic(main) && !IsZoomed(main)) return;
+    SendMessageA(main, WM_SYSCOMMAND, SC_RESTORE, 0);
+    drivepump(50);
+}
+
 // A question that closing asks is answered by the other hand.
 void windowsclose()
 {
     for (int tries = 0; tries < 40; tries++) {
+        restore();
         std::vector<window> tops = topwindows();
         if (tops.size() == 1 && tops[0] == mainwindow) return;
         for (window top : tops)
             if (top != mainwindow && IsWindow(reinterpret_cast<HWND>(top)))
                 SendMessageA(reinterpret_cast<HWND>(top), WM_CLOSE, 0, 0);
-        if (IsIconic(reinterpret_cast<HWND>(mainwindow)))
-            ShowWindow(reinterpret_cast<HWND>(mainwindow), SW_RESTORE);
         drivepump(50);
     }
     for (window top : topwindows())
@@ -124,6 +132,15 @@ void bounded(const char *what, uint32_t now, uint32_t before, uint32_t slack)
     if (now > before + slack) fault("%s grow: %u, and at first %u", what, now, before);
 }
 
+void windowsnote()
+{
+    for (const wdata *record = wdatas; record; record = record->next) {
+        HWND h = reinterpret_cast<HWND>(record->handle);
+        note("    window \"%s\", shown %d, enabled %d", drivetext(record->handle).c_str(),
+             IsWindowVisible(h), IsWindowEnabled(h));
+    }
+}
+
 void systemcompare(const drivecounts &now)
 {
     if (rounds++ < WARMROUNDS) {
@@ -145,7 +162,6 @@ void everythingdrop()
     clipboardempty();
     documentreset();
     dictionariesdrop();
-    ShowWindow(reinterpret_cast<HWND>(mainwindow), SW_SHOWNORMAL);
     openwindow(&firststate);
     setactive(mainwindow);
     drivepump(150); // searches that were about to begin
@@ -179,9 +195,10 @@ void rest()
                 static_cast<int>(now.windows), now.system.gdiobjects, now.system.userobjects,
                 now.system.handles);
     std::fflush(stdout);
+    windowsnote();
+    same("windows", now.windows, first.windows);
     same("blocks", now.flexblocks, first.flexblocks);
     same("handlers", now.handlers, first.handlers);
-    same("windows", now.windows, first.windows);
     same("null handlers", now.nulls, first.nulls);
     same("timed calls", now.timers, first.timers);
     same("levels of the poll", now.nesting, first.nesting);

@@ -449,7 +449,7 @@ const steprow &chosen()
 void comeback()
 {
     HWND main = handle(mainwindow);
-    if (IsIconic(main) && chance(firstdice, 30)) ShowWindow(main, SW_RESTORE);
+    if (IsIconic(main) && chance(firstdice, 30)) SendMessageA(main, WM_SYSCOMMAND, SC_RESTORE, 0);
     DWORD process = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &process);
     if (process != GetCurrentProcessId())
