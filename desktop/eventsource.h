@@ -8,8 +8,9 @@
 
 #include <cstdint>
 
-// Numbers of the messages of the keys.
+// Numbers of the messages of the keys, and of the mouse's right button.
 constexpr intptr_t SYSTEMKEYDOWN = 0x100, SYSTEMSYSKEYDOWN = 0x104, SYSTEMCHAR = 0x102;
+constexpr intptr_t SYSTEMRIGHTDOWN = 0x204, SYSTEMRIGHTDOUBLE = 0x206;
 
 enum sourcefetched {
     SOURCENOTHING, // without waiting: there was none

@@ -8,10 +8,12 @@
 #include "base/trace.h"
 #include "desktop/combo.h"
 #include "desktop/confirm.h"
+#include "desktop/eventsource.h"
 #include "desktop/handlers.h"
 #include "desktop/hourglass.h"
 #include "desktop/icons.h"
 #include "desktop/keys.h"
+#include "desktop/subclass.h"
 #include "desktop/templates.h"
 #include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
@@ -233,6 +235,19 @@ errorblock *clicked(window, intptr_t, mouserecord *mouse)
     return nullptr;
 }
 
+// The system's buttons answer the left button alone. Fast presses come in pairs.
+errorblock *addmessage(const systemmessage *message, intptr_t, int *stop, intptr_t *)
+{
+    if (message->message != SYSTEMRIGHTDOWN && message->message != SYSTEMRIGHTDOUBLE)
+        return nullptr;
+    *stop = 1;
+    mouserecord mouse = {};
+    mouse.buttons = BUTTONRIGHT;
+    mouse.icon = ADD;
+    reporterror(clicked(check.self, 0, &mouse));
+    return nullptr;
+}
+
 errorblock *keyed(window, intptr_t, int32_t, int32_t *code)
 {
     int32_t key = *code & ~KEYPRESS;
@@ -257,6 +272,7 @@ errorblock *chosen(int32_t, window, intptr_t, int32_t index, int32_t)
 errorblock *handlersadd()
 {
     errorblock *err = addclickhandler(clicked, check.self, 0);
+    if (!err) err = addsubclasshandler(check.self, ADD, 0, addmessage);
     if (!err) err = addkeyhandler(keyed, check.self, 0);
     if (!err) err = addkeyhandler(keyed, check.view.pane, 0);
     if (!err) err = addclosehandler(closed, check.self, 0);
@@ -272,6 +288,7 @@ errorblock *windowend()
     remclosehandler(closed, check.self, 0);
     if (check.view.pane) remkeyhandler(keyed, check.view.pane, 0);
     remkeyhandler(keyed, check.self, 0);
+    remsubclasshandler(check.self, ADD, 0, addmessage);
     remclickhandler(clicked, check.self, 0);
     wordviewclose(&check.view);
     return removewindow(&check.self);

@@ -3,11 +3,13 @@
 #include "base/text.h"
 #include "desktop/icons.h"
 #include "desktop/windows.h"
+#include "dict/dicteditwindow.h"
 #include "dict/dictfile.h"
 #include "dict/dictset.h"
 #include "find/solutions.h"
 #include "find/spell.h"
 #include "find/spellwindow.h"
+#include "graphics/modeinfo.h"
 #include "grid/gridpicture.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
@@ -218,4 +220,113 @@ TEST_CASE("a word goes to no other dictionary than the one that is seen chosen")
     press(ADD);
     CHECK(dictcount(&dictionary("two")) == 3);
     answered(NO, [] { press(CLOSE); });
+}
+
+TEST_CASE("a suggestion is taken by the mouse or the arrows, and the list follows typing")
+{
+    spellnow({"hose"}); // horse, house
+    int height = ostodevy(wordmetrics.rowheight);
+    driveplace second = driveclient(check.view.pane, 20, height + height / 2);
+    driveclick(second.x, second.y);
+    CHECK(field() == "house");
+    drivekey(VK_DOWN); // it is the last
+    CHECK(field() == "house");
+    drivekey(VK_UP);
+    CHECK(field() == "horse");
+    CHECK(check.view.rowsel == 0);
+    press(FIELD);
+    drivekey(VK_END);
+    drivetype("s");
+    CHECK(check.view.rowsel == -1);
+    drivekey(VK_BACK);
+    CHECK(check.view.rowsel == 0);
+    press(BROWSE);
+    CHECK(check.view.rowsel == 2); // of the whole dictionary
+    press(ADD);                    // it is there
+    CHECK(dictcount(&dictionary("one")) == 5);
+    answered(NO, [] { press(CLOSE); });
+}
+
+TEST_CASE("a right press on Add goes on to the next word as well")
+{
+    spellnow({"hose", "zebar"});
+    driveplace at = driveicon(check.self, ADD);
+    driveclick(at.x, at.y, DRIVERIGHT);
+    CHECK(wordsof(dictionary("one")).size() == 6);
+    CHECK(field() == "zebar");
+    std::string question = answered(YES, [&] { driveclick(at.x, at.y, DRIVERIGHT); });
+    CHECK(question == "Dictionaries changed. Retain changes?");
+    CHECK(saved("one").size() == 7);
+}
+
+TEST_CASE("Return and Escape in the list are the window's")
+{
+    spellnow({"hose", "zebar"});
+    driveplace at = drivemiddle(check.view.pane);
+    driveclick(at.x, at.y);
+    press(FIELD);
+    drivekey(VK_TAB); // into the list
+    caretrecord caret;
+    REQUIRE_FALSE(getcaret(&caret));
+    CHECK(caret.self == check.view.pane);
+    drivekey(VK_RETURN);
+    CHECK(field() == "zebar");
+    drivekey(VK_TAB);
+    drivekey(VK_ESCAPE);
+    CHECK(check.self == 0);
+}
+
+TEST_CASE("the question comes whichever way the check ends, and can be put off")
+{
+    std::string question;
+    spellnow({"hose"});
+    press(ADD);
+    SUBCASE("the last word was dealt with")
+    {
+        question = answered(YES, [] { press(CONTINUE); });
+        CHECK(saved("one").size() == 6);
+    }
+    SUBCASE("the close box")
+    {
+        question = answered(NO, [] { drivekey(VK_F4, DRIVEALT); });
+        CHECK(dictcount(&dictionary("one")) == 5);
+    }
+    SUBCASE("put off: what was added stays in memory, for the dictionary's editor to settle")
+    {
+        driveaside([] { press(CLOSE); },
+                   [&] {
+                       window box = drivewaitwindow("Quillmere", "Task");
+                       question = drivetext(box, 12);
+                       Sleep(100);
+                       drivekey(VK_ESCAPE);
+                   });
+        CHECK(dictanychanges());
+        CHECK(saved("one").size() == 5);
+        CHECK(dictcount(&dictionary("one")) == 6);
+        REQUIRE_FALSE(dictedit(static_cast<uint32_t>(dictnamefind("two"))));
+        drivepump();
+        driveplace ok = driveicon(editor.self, 1012);
+        driveclick(ok.x, ok.y);
+        CHECK(saved("one").size() == 6);
+    }
+    CHECK(question == "Dictionaries changed. Retain changes?");
+    CHECK_FALSE(check.self);
+    CHECK_FALSE(dictanychanges());
+}
+
+TEST_CASE("a check that is started again begins at the first word")
+{
+    spellnow({"hose", "zebar"});
+    press(CONTINUE);
+    CHECK(field() == "zebar");
+    REQUIRE_FALSE(commandrun(SPELLCHECK));
+    drivepump();
+    CHECK(field() == "hose");
+    CHECK(GetForegroundWindow() == reinterpret_cast<HWND>(check.self));
+    press(CLOSE);
+    REQUIRE_FALSE(commandrun(SPELLCHECK));
+    drivepump();
+    CHECK(field() == "hose");
+    press(CLOSE);
+    CHECK(check.self == 0);
 }
