@@ -1,11 +1,15 @@
 #include "desktop/helpsystem.h"
 
 #include "base/errors.h"
+#include "base/platform.h"
 #include "base/syserr.h"
+#include "base/text.h"
 
 #include <windows.h>
 
 #include <shellapi.h>
+
+#include <cstring>
 
 // The call of the system's help library, and its commands that are used here.
 using helpcall = HWND(WINAPI *)(HWND caller, const char *file, UINT command, DWORD_PTR data);
@@ -41,12 +45,22 @@ static errorblock *helplibrary(helpcall *call)
     return nullptr;
 }
 
+// Behind the ">" of a path would stand a kind of window: the file's name ends
+// before it.
+static errorblock *filemissing(const char *path)
+{
+    char file[PATHSIZE];
+    strcopyn(file, path, sizeof file);
+    if (char *end = std::strchr(file, '>')) *end = 0;
+    return makeerrorf(ERRORNOTFOUND, file);
+}
+
 errorblock *helpsystemtopic(window w, const char *path)
 {
     helpcall call = nullptr;
     errorblock *err = helplibrary(&call);
     if (err || !call) return err;
-    return call(handleof(w), path, TOPIC, 0) ? nullptr : makeerrorf(ERRORNOTFOUND, path);
+    return call(handleof(w), path, TOPIC, 0) ? nullptr : filemissing(path);
 }
 
 errorblock *helpsystempopup(window w, const char *text, int32_t x, int32_t y, const char *font)
