@@ -20,8 +20,11 @@ const char *documentfault()
         return "the grid's size";
     if (grid.kind != GRIDCROSSWORD && grid.kind != GRIDWORDSQUARE) return "the grid's kind";
     if (grid.casemode < CASEASTYPED || grid.casemode > CASELOWER) return "the case of letters";
+    // A grid that was made smaller leaves the cursor where it was, outside.
     bool none = grid.cursorx == -1 && grid.cursory == -1;
-    if (!none && !gridinside(grid.cursorx, grid.cursory)) return "the cursor's place";
+    bool somewhere =
+        grid.cursorx >= 0 && grid.cursorx < GRIDMAX && grid.cursory >= 0 && grid.cursory < GRIDMAX;
+    if (!none && !somewhere) return "the cursor's place";
     if (grid.changed < 0) return "the count of edits";
     if (!std::memchr(grid.filename, 0, sizeof grid.filename)) return "the document's name";
     if (grid.cellwidth < 1 || grid.cellheight < 1) return "the size of a square";

@@ -11,6 +11,8 @@
 #include <cstring>
 #include <thread>
 
+uint32_t searchesstopped;
+
 namespace
 {
 
@@ -289,7 +291,10 @@ void busyplay(playrecord *play, DWORD age)
         searchplay();
         return;
     }
-    if (!play->stopping) play->stopping = GetTickCount();
+    if (!play->stopping) {
+        play->stopping = GetTickCount();
+        searchesstopped++;
+    }
     searchstop();
     if (searchunderway() && GetTickCount() - play->stopping > STOPWITHIN)
         fault("a search can't be stopped");

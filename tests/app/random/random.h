@@ -62,8 +62,9 @@ void handend();
 void stepbegun();
 void stepended();
 
-// What boxes said, and how often the user chose to end the program.
-extern uint32_t boxesseen, quits;
+// The program's own boxes, how often the user chose to end it, and the searches
+// that went on until they were stopped.
+extern uint32_t boxesseen, quits, searchesstopped;
 
 // The document and the dictionaries are as their headers say.
 void invariants();

@@ -188,9 +188,9 @@ void rest()
     everythingdrop();
     stepended();
     holdings now = holdingsnow();
-    std::printf("%8llu steps, %u boxes, %u ends; blocks %d, handlers %d, windows %d; "
+    std::printf("%8llu steps, %u boxes, %u ends, %u stops; blocks %d, handlers %d, windows %d; "
                 "GDI %u, user %u, handles %u\n",
-                static_cast<unsigned long long>(steps), boxesseen, quits,
+                static_cast<unsigned long long>(steps), boxesseen, quits, searchesstopped,
                 static_cast<int>(now.flexblocks), static_cast<int>(now.handlers),
                 static_cast<int>(now.windows), now.system.gdiobjects, now.system.userobjects,
                 now.system.handles);

@@ -43,6 +43,8 @@ bool likeformat(const char *text, const char *format)
 
 bool known(const char *text)
 {
+    // A kind of window behind a manual's name is no part of the name.
+    if (std::strstr(text, "> not found")) return false;
     for (const char *key : explained) {
         char expanded[256];
         std::strcpy(expanded, key);
