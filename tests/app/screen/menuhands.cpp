@@ -101,15 +101,20 @@ std::vector<menuentry> menulook(const menupath &path)
     return entries;
 }
 
+bool menupress(const menupath &path)
+{
+    HMENU menu = open(path, path.size() - 1);
+    if (menu) press(menu, path.back());
+    drivewait([] { return !inmenus(); });
+    return menu;
+}
+
 void menuchoose(const menupath &path, const std::function<void()> &then)
 {
     bool opened = false;
     driveaside([] {},
                [&] {
-                   HMENU menu = open(path, path.size() - 1);
-                   opened = menu;
-                   if (menu) press(menu, path.back());
-                   drivewait([] { return !inmenus(); });
+                   opened = menupress(path);
                    if (then) then();
                });
     drivepump();

@@ -24,5 +24,8 @@ std::vector<menuentry> menulook(const menupath &path);
 // own, and ends what the command waits for.
 void menuchoose(const menupath &path, const std::function<void()> &then = nullptr);
 
+// For scripts that run beside other work.
+bool menupress(const menupath &path);
+
 // The path of a command, wherever it stands.
 menupath menufindpath(int32_t id);
