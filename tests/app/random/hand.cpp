@@ -271,14 +271,22 @@ struct playrecord {
     DWORD patience, stopping; // of a search; stopping 0 while it is let run
 };
 
-// A bar of the system follows the pointer in a loop of its own while it is held.
+bool down(int button)
+{
+    return GetAsyncKeyState(button) & 0x8000;
+}
+
+// A bar of the system follows the pointer in a loop of its own while it is held. A
+// button that isn't down stays so: Wine's list of files would open a menu for it,
+// in which Wine itself falls over.
 void holdend()
 {
+    if (!down(VK_LBUTTON) && !down(VK_RBUTTON)) return;
     note("  what is held is let go");
     driveplace at = spot(otherdice);
     drivemove(at.x, at.y);
-    driverelease(DRIVELEFT);
-    driverelease(DRIVERIGHT);
+    if (down(VK_LBUTTON)) driverelease(DRIVELEFT);
+    if (down(VK_RBUTTON)) driverelease(DRIVERIGHT);
 }
 
 void busyplay(playrecord *play, DWORD age)

@@ -402,7 +402,8 @@ void settings()
 void dictionaryfile()
 {
     if (!ndicts) return;
-    std::string path = std::string(dictdirectory) + "\\" + pick(firstdice, dicts).name + ".dic";
+    std::string path = std::string(dictdirectory) + "\\" +
+                       dicts[roll(firstdice, static_cast<int>(ndicts))].name + ".dic";
     int what = roll(firstdice, 3);
     note("%s: %s", what == 0 ? "delete" : what == 1 ? "lock" : "unlock", path.c_str());
     if (what == 0)
