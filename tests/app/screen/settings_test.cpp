@@ -2,26 +2,34 @@
 #include "app/choices.h"
 #include "app/commands.h"
 #include "app/mainwindow.h"
+#include "app/stages.h"
 #include "base/platform.h"
+#include "base/text.h"
 #include "desktop/icons.h"
+#include "dict/dicteditwindow.h"
+#include "dict/dictset.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/solutionsview.h"
 #include "graphics/modeinfo.h"
 #include "grid/appearance.h"
 #include "grid/grid.h"
+#include "grid/gridpicture.h"
 #include "grid/gridsettings.h"
 #include "grid/gridshape.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
+#include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -29,7 +37,7 @@
 namespace
 {
 
-constexpr int CHOICES = 40027, CUSTOMISE = 40026; // commands
+constexpr int CHOICES = 40027, CUSTOMISE = 40026, OPEN = 40022, SAVEAS = 40004; // commands
 constexpr int OK = 1, CANCEL = 2, SAVE = 3;
 constexpr const char *TITLECHOICES = "Choices", *TITLECUSTOM = "Customisation";
 
@@ -146,6 +154,90 @@ struct choicesfile {
         std::filesystem::remove_all(folder, ignored);
     }
 };
+
+// A test's changes of the choices don't outlast it.
+struct choiceskept {
+    choicesrecord before = {};
+
+    choiceskept()
+    {
+        choicesget(&before);
+    }
+    ~choiceskept()
+    {
+        choicesset(before);
+        metricsupdate();
+    }
+};
+
+// In the system's box for fonts.
+void points(HWND box, const char *height)
+{
+    HWND heights = GetDlgItem(box, HEIGHTLIST);
+    SendMessageA(heights, CB_SELECTSTRING, 0, reinterpret_cast<LPARAM>(height));
+    SendMessageA(box, WM_COMMAND, MAKEWPARAM(HEIGHTLIST, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(heights));
+}
+
+void twenty(HWND box)
+{
+    points(box, "20");
+}
+
+// A place in a cell, in parts of its sides.
+driveplace incell(int32_t x, int32_t y, double across, double down)
+{
+    return driveclient(gridwindow, static_cast<int>(ostodevx(grid.cellwidth) * (x + across)),
+                       static_cast<int>(ostodevy(grid.cellheight) * (y + down)));
+}
+
+uint32_t cellcolour(int32_t x, int32_t y)
+{
+    driveplace place = incell(x, y, 0.5, 0.5);
+    return drivepixel(place.x, place.y);
+}
+
+drivepicture gridlook()
+{
+    drivemove(2, 2);
+    return drivelook(gridwindow);
+}
+
+int count(const drivepicture &picture, uint32_t colour)
+{
+    return static_cast<int>(std::count(picture.pixels.begin(), picture.pixels.end(), colour));
+}
+
+// The last row of pixels that has this colour.
+int lowest(const drivepicture &picture, uint32_t colour)
+{
+    auto last = std::find(picture.pixels.rbegin(), picture.pixels.rend(), colour);
+    return static_cast<int>(picture.pixels.rend() - last) / picture.width;
+}
+
+bool samesettings(const gridsettings &a, const gridsettings &b)
+{
+    auto samefont = [](const fontrecord &f, const fontrecord &g) {
+        return f.height == g.height && f.width == g.width && f.weight == g.weight &&
+               std::strcmp(f.face, g.face) == 0;
+    };
+    return a.textcolour == b.textcolour && a.gridcolour == b.gridcolour &&
+           a.fillcolour == b.fillcolour && a.backcolour == b.backcolour &&
+           samefont(a.gridfont, b.gridfont) && samefont(a.cluefont, b.cluefont) &&
+           a.squarescale == b.squarescale && a.minwordlength == b.minwordlength &&
+           a.showsolutions == b.showsolutions && a.filldirections == b.filldirections;
+}
+
+// The document is saved, another begun, and the file opened again.
+void throughfile(const std::string &leaf)
+{
+    std::string path = scratchfolder() + "\\" + leaf;
+    CHECK(drivefilebox(path, 0, true, [] { CHECK_FALSE(commandrun(SAVEAS)); }));
+    drivepump();
+    begin();
+    CHECK(drivefilebox(path, 0, true, [] { CHECK_FALSE(commandrun(OPEN)); }));
+    drivepump();
+}
 
 } // namespace
 
@@ -265,10 +357,7 @@ TEST_CASE("Choices: the list of words takes a larger font")
         char height[8] = "";
         GetDlgItemTextA(box, HEIGHTLIST, height, sizeof height);
         CHECK(std::string(height) == "8");
-        HWND heights = GetDlgItem(box, HEIGHTLIST);
-        SendMessageA(heights, CB_SELECTSTRING, 0, reinterpret_cast<LPARAM>("20"));
-        SendMessageA(box, WM_COMMAND, MAKEWPARAM(HEIGHTLIST, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(heights));
+        twenty(box);
     });
     CHECK(pixelsof(w, 1018, 0) > small);
     CHECK(solutions.rowheight == before);
@@ -373,6 +462,124 @@ TEST_CASE("Customisation of a Wordsquare: what is made, and how")
     CHECK(grid.showsolutions == 0);
     CHECK(grid.minwordlength == 12);
     CHECK(gridsunsaved() == 1);
+}
+
+TEST_CASE("Choices: all that is set is seen at once, and after Save it is in the file")
+{
+    begin();
+    choicesfile user;
+    choiceskept kept;
+    std::string folder = scratchfolder() + "\\looks";
+    std::filesystem::create_directories(folder);
+    strcopyn(dictdirectory, folder.c_str(), sizeof dictdirectory);
+    REQUIRE_FALSE(dictcreate("mine"));
+    for (const char *word : {"ant", "bee", "cow"})
+        REQUIRE_FALSE(dictadd(word, &dicts[0].dict));
+    REQUIRE_FALSE(dictedit(0));
+    SetWindowPos(reinterpret_cast<HWND>(editor.self), nullptr, 10, 500, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER);
+    grid.cursorx = grid.cursory = 1;
+    grid.flags[3][2] |= CELLMARKED;
+    gridredraw();
+    drivepump();
+    CHECK(cellcolour(3, 2) == 0xEEEEBB);
+    int small = lowest(drivelook(editor.view.pane), 0);
+
+    window w = dialog(TITLECHOICES, CHOICES);
+    pick(w, 1033, [](HWND box) { rgb(box, 200, 100, 50); });
+    pick(w, 1012, [](HWND box) { rgb(box, 10, 220, 30); });
+    pick(w, 1011, twenty);
+    pick(w, 1018, twenty); // by its sample
+    fill(w, 1022, "321");
+    press(w, SAVE);
+    CHECK_FALSE(drivefind(TITLECHOICES));
+    CHECK(IsWindowEnabled(reinterpret_cast<HWND>(mainwindow)));
+    CHECK(cellcolour(1, 1) == 0xC86432);
+    CHECK(cellcolour(3, 2) == 0x0ADC1E);
+    CHECK(lowest(drivelook(editor.view.pane), 0) > 2 * small);
+
+    choicesrecord set = {}, saved = {};
+    choicesget(&set);
+    CHECK_FALSE(choicesread(user.file.string().c_str(), &saved));
+    CHECK(saved.cursorcolour == 0x3264C800);
+    CHECK(saved.selectedcolour == 0x1EDC0A00);
+    for (const fontrecord *font : {&saved.dictfont, &saved.solfont}) {
+        CHECK(std::abs(font->height - 320) < 8); // whole pixels
+        CHECK(font->width == 0);
+    }
+    CHECK(saved.maxsolutions == 321);
+    choicesset(kept.before);
+    CHECK_FALSE(choicesload()); // as the next start does
+    CHECK(dictfont.height == saved.dictfont.height);
+    CHECK(selectedcolour == 0x1EDC0A00);
+    CHECK(solutions.maxsolutions == 321);
+}
+
+TEST_CASE("Customisation: all that is set is seen at once, and goes with the grid's file")
+{
+    begin();
+    std::string picture = "ab#\n.c.\n";
+    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
+    grid.cursorx = 0;
+    grid.cursory = 1;
+    window w = dialog(TITLECUSTOM, CUSTOMISE);
+    pick(w, 1009, [](HWND box) { rgb(box, 0, 0, 255); }); // lines
+    pick(w, 1014, [](HWND box) { rgb(box, 255, 0, 0); }); // text
+    pick(w, 1017, [](HWND box) { rgb(box, 0, 128, 0); }); // blocks
+    pick(w, 1020, [](HWND box) { rgb(box, 255, 255, 128); });
+    fill(w, 1007, "300");
+    press(w, OK);
+    CHECK(gone(TITLECUSTOM));
+    CHECK(grid.cellwidth == 60);
+    CHECK(cellcolour(2, 0) == 0x008000);
+    CHECK(cellcolour(2, 1) == 0xFFFF80);
+    drivepicture before = gridlook();
+    driveplace line = incell(1, 1, 0, 0.5);
+    CHECK(drivepixel(line.x, line.y) == 0x0000FF);
+    CHECK(count(before, 0xFF0000) > 0);
+
+    // Squares go by the text's font. Numbers are for pictures.
+    w = dialog(TITLECUSTOM, CUSTOMISE);
+    pick(w, 1013, twenty);
+    int small = pixelsof(w, 1016, 0xFF0000);
+    pick(w, 1016, twenty);
+    CHECK(pixelsof(w, 1016, 0xFF0000) > 2 * small);
+    press(w, OK);
+    drivepicture after = gridlook();
+    CHECK(grid.cellwidth > 90);
+    CHECK(count(after, 0xFF0000) > count(before, 0xFF0000) * 3 / 2);
+    CHECK(std::abs(grid.cluefont.height - 320) < 8);
+
+    gridsettings set = {}, opened = {};
+    gridsettingsget(&set);
+    throughfile("looks.qmg");
+    gridsettingsget(&opened);
+    CHECK(samesettings(set, opened));
+    grid.cursorx = 0;
+    grid.cursory = 1;
+    gridredraw();
+    drivepump();
+    CHECK(gridlook().pixels == after.pixels);
+}
+
+TEST_CASE("Customisation of a Wordsquare goes with its file")
+{
+    begin();
+    gridsetkind(GRIDWORDSQUARE);
+    window w = dialog(TITLECUSTOM, CUSTOMISE);
+    pick(w, 1009, [](HWND box) { rgb(box, 0, 0, 255); });
+    pick(w, 1013, twenty);
+    press(w, 1032); // no lines in pictures
+    press(w, 1036); // Down+Right, the other way round
+    fill(w, 1008, "7");
+    press(w, OK);
+    gridsettings set = {}, opened = {};
+    gridsettingsget(&set);
+    CHECK(set.minwordlength == 7);
+    throughfile("square.qmg");
+    CHECK(grid.kind == GRIDWORDSQUARE);
+    gridsettingsget(&opened);
+    CHECK(samesettings(set, opened));
 }
 
 TEST_CASE("dialogs of settings leave nothing behind")
