@@ -305,7 +305,6 @@ errorblock *windowmake()
     if (!err) err = namesfill();
     if (!err) err = opencentred(check.self, 0);
     if (!err) err = wordviewplace(&check.view);
-    if (!err) err = focusicon(check.self, FIELD);
     if (!err) err = seticonselected(check.self, BROWSE, check.browsing);
     return err;
 }
@@ -326,9 +325,8 @@ errorblock *checkshow()
     errorblock *err = was ? nullptr : windowopen();
     if (!err) err = seticontext(check.self, FIELD, spell.checkword);
     if (!err && check.browsing) err = wordviewsync(&check.view);
-    if (err || check.browsing || !was) return err;
-    err = focusicon(check.self, FIELD);
-    return err ? err : listrenew();
+    if (!err && !(was && check.browsing)) err = caretatend(check.self, FIELD);
+    return err || check.browsing || !was ? err : listrenew();
 }
 
 errorblock *nonewwords()

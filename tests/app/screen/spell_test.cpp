@@ -130,6 +130,8 @@ TEST_CASE("each word that nobody knows is shown with its suggestions")
     spellnow({"CAT", "hose", "m.use", "zebar", "mice", "qq"});
     CHECK(drivetext(check.self) == "Spell Check (Guess)");
     CHECK(field() == "hose");
+    drivetype("s"); // goes behind it
+    CHECK(field() == "hoses");
     CHECK(check.view.wordrows == &spell.guessstore);
     CHECK(wordsof(spell.guessstore) == list{"horse", "house"});
     CHECK(drivetext(check.self, DICTIONARIES) == "one");
