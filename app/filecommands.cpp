@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "desktop/filedialogs.h"
 #include "desktop/handlers.h"
+#include "desktop/windows.h"
 #include "find/wordload.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
@@ -125,6 +126,7 @@ errorblock *dropsaccept(window w)
     errorblock *err = adddroploadhandler(w, 0, droploaded);
     if (!err) err = adddropdonehandler(w, 0, dropdone);
     if (!err) err = adddrophandler(w, 0, dropasked);
+    if (!err) err = setdrops(w, true);
     return err;
 }
 

@@ -107,6 +107,10 @@ errorblock *setscrolly(window w, int32_t position);
 // The same with work-area places, as in a state: y is 0 or negative.
 errorblock *scrollto(window w, int32_t x, int32_t y);
 
+// Whether the system offers the window the files that are dropped on it. Without
+// this no drop handler of the window is ever asked.
+errorblock *setdrops(window w, bool on);
+
 errorblock *setflags(window w, uint32_t set, uint32_t clear);
 errorblock *getflags(window w, uint32_t *flags);
 

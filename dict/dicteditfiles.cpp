@@ -6,6 +6,7 @@
 #include "desktop/filedialogs.h"
 #include "desktop/handlers.h"
 #include "desktop/hourglass.h"
+#include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "dict/wordimport.h"
@@ -105,12 +106,14 @@ errorblock *editdropsadd()
     errorblock *err = adddrophandler(pane, 0, dropasked);
     if (!err) err = adddroploadhandler(pane, 0, droploaded);
     if (!err) err = adddropdonehandler(pane, 0, dropdone);
+    if (!err) err = setdrops(pane, true);
     return err;
 }
 
 void editdropsremove()
 {
     window pane = editor.view.pane;
+    setdrops(pane, false);
     remdrophandler(pane, 0, dropasked);
     remdroploadhandler(pane, 0, droploaded);
     remdropdonehandler(pane, 0, dropdone);

@@ -3,8 +3,15 @@
 #include "desktop/drop.h"
 #include "desktop/win32/pointerplace.h"
 #include "desktop/win32/procedure.h"
+#include "desktop/windows.h"
 
 #include <shellapi.h>
+
+errorblock *setdrops(window w, bool on)
+{
+    DragAcceptFiles(reinterpret_cast<HWND>(w), on);
+    return nullptr;
+}
 
 static void dropone(HDROP drop, UINT number, mouserecord *mouse)
 {

@@ -101,6 +101,7 @@ errorblock *handlersadd(window w)
     if (!err) err = addclickhandler(click, w, 0);
     if (!err) err = addwheelhandler(wheel, w, 0);
     if (!err) err = adddrophandler(w, 0, dropped);
+    if (!err) err = setdrops(w, true);
     if (!err) err = adddroploadhandler(w, 0, dropload);
     return err;
 }

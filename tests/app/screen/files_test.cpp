@@ -1,12 +1,17 @@
 // The File menu and its boxes, with a user's hands and eyes.
+#include "app/buttons.h"
 #include "app/commands.h"
+#include "app/mainwindow.h"
+#include "find/solutionsview.h"
 #include "grid/grid.h"
 #include "grid/gridpicture.h"
+#include "grid/gridview.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
+#include <windows.h>
 
 #include <filesystem>
 #include <fstream>
@@ -94,4 +99,16 @@ TEST_CASE("clues are saved as text")
     document("ab#\n...\n");
     boxed(SAVECLUES, at("clues"), 0, true);
     CHECK(bytes("clues.txt").find("Clues across.") != std::string::npos);
+}
+
+TEST_CASE("the system offers dropped files to the windows that take them")
+{
+    document("ab#\n...\n");
+    auto offered = [](window w) {
+        return (GetWindowLongA(reinterpret_cast<HWND>(w), GWL_EXSTYLE) & WS_EX_ACCEPTFILES) != 0;
+    };
+    CHECK(offered(mainwindow));
+    CHECK(offered(gridwindow));
+    CHECK(offered(solutionswindow));
+    CHECK_FALSE(offered(buttonwindow));
 }
