@@ -59,6 +59,20 @@ void gridsfill()
     }
 }
 
+// An empty Wordsquare: a header of the grid file's format, and blank cells.
+void squarefill()
+{
+    constexpr size_t header = 264, names = 12, kindat = 240, widthat = 256, heightat = 260;
+    constexpr char side = 12;
+    std::string square(header + names, '\0');
+    square.replace(24, 4, "1.02");
+    square[kindat] = 1;
+    square[widthat] = square[heightat] = side;
+    square += std::string(side * side, ' ') + std::string(side * side, '\0');
+    for (int i = 0; i < 3; i++)
+        droppables.push_back(filewrite("square.qmg", square));
+}
+
 std::string wordof(int length)
 {
     std::string word;
@@ -138,6 +152,7 @@ void scratchfill()
     dictionariesfill();
     droppables.clear();
     gridsfill();
+    squarefill();
     textsfill();
     droppables.push_back(scratch);
     droppables.push_back(std::string(dictdirectory) + "\\small.dic");

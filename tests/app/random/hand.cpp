@@ -131,8 +131,14 @@ void filesanswer(HWND box, int tries)
                                 SMTO_ABORTIFHUNG, 2000, &result);
     }
     note("  the box \"%s\": %s, %s", textof(box).c_str(), name.c_str(), ok ? "OK" : "Cancel");
-    press(box, ok ? IDOK : IDCANCEL);
-    Sleep(100);
+    // With the mouse: Wine falls over a second OK that a box hears in its first.
+    SetForegroundWindow(box);
+    HWND button = GetDlgItem(box, ok ? IDOK : IDCANCEL);
+    if (tries < 2 * BOXPLAY && button)
+        click(button);
+    else
+        press(box, IDCANCEL);
+    Sleep(150);
 }
 
 BOOL CALLBACK childadd(HWND h, LPARAM word)

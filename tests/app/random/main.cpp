@@ -49,11 +49,12 @@ void round(DWORD start, DWORD length)
     rest();
 }
 
-// --seed=N --minutes=N --data=FOLDER; the scratch folder is the one that this
+// --seed=N --minutes=N --data=FOLDER --tell; the scratch folder is the one that this
 // program lies in.
 void arguments(int count, char **words, uint32_t *seed, double *minutes)
 {
     for (int i = 1; i < count; i++) {
+        if (!std::strcmp(words[i], "--tell")) telling = true;
         if (!std::strncmp(words[i], "--seed=", 7))
             *seed = static_cast<uint32_t>(std::strtoul(words[i] + 7, nullptr, 10));
         if (!std::strncmp(words[i], "--minutes=", 10))

@@ -36,6 +36,7 @@ template<typename list> const auto &pick(dice &from, const list &items)
 }
 
 // The ring of what was done, and the end that a fault makes. Any thread.
+extern bool telling; // each line is also printed at once
 [[gnu::format(printf, 1, 2)]] void note(const char *format, ...);
 [[noreturn, gnu::format(printf, 1, 2)]] void fault(const char *format, ...);
 

@@ -11,6 +11,7 @@
 #include <mutex>
 
 dice firstdice, otherdice;
+bool telling;
 
 namespace
 {
@@ -143,6 +144,7 @@ void note(const char *format, ...)
     std::snprintf(stamp, sizeof stamp, "%8.2f ", GetTickCount() / 1000.0);
     std::lock_guard<std::mutex> guard(ringlock);
     ring[lines++ % RINGLINES] = std::string(stamp) + text;
+    if (telling) std::printf("%s%s\n", stamp, text);
 }
 
 void fault(const char *format, ...)

@@ -8,11 +8,14 @@
 #include "dict/dictset.h"
 #include "find/solutionsview.h"
 #include "find/spellwindow.h"
+#include "graphics/modeinfo.h"
+#include "grid/grid.h"
 #include "grid/gridview.h"
 #include "tests/app/random/random.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 
@@ -262,22 +265,46 @@ void drop()
 void sample()
 {
     static const char *const leaves[] = {"crossword13.qmg", "barred12.qmg", "misspelt15.qmg",
-                                         "few.txt"};
+                                         "square.qmg", "few.txt"};
     dropon(gridwindow, {scratchfile(pick(firstdice, leaves))});
 }
 
+// Dictionaries are used by name: the shipped ones are those that hold much.
+void dictionaryuse()
+{
+    static const char *const names[] = {"MainDict", "Puzzle-UK", "middle", "small"};
+    int32_t number = dictnamefind(pick(firstdice, names));
+    if (number < 0 || dictinset(static_cast<uint32_t>(number))) return;
+    note("use %s", dicts[number].name);
+    reporterror(commanddictionary(DICTMENULOAD, DICTMENUFIRST + number));
+}
+
+void barpress(int icon, const char *text)
+{
+    HWND button = handle(drivecontrol(buttonwindow, icon));
+    if (!button) return;
+    note("press %s", text);
+    driveplace at = drivemiddle(word(button));
+    driveclick(at.x, at.y);
+    drivepump(200); // it begins a little later
+}
+
+// Of what the view shows of the grid.
 void mark()
 {
     if (!reachable()) return;
     int width, height;
     drivesize(gridwindow, &width, &height);
+    width = std::min(width, ostodevx(grid.width * grid.cellwidth));
+    height = std::min(height, ostodevy(grid.height * grid.cellheight));
     if (width < 2 || height < 2) return;
     driveplace from = driveclient(gridwindow, roll(firstdice, width), roll(firstdice, height));
-    bool across = chance(firstdice, 50);
-    driveplace to = {from.x + (across ? rollbetween(firstdice, 20, 200) : 0),
-                     from.y + (across ? 0 : rollbetween(firstdice, 20, 200))};
+    driveplace to = driveclient(gridwindow, roll(firstdice, width), roll(firstdice, height));
+    int shape = roll(firstdice, 5);
+    if (shape < 2) to.x = from.x;
+    if (shape >= 2 && shape < 4) to.y = from.y;
     note("mark from %d,%d to %d,%d", from.x, from.y, to.x, to.y);
-    drivedrag({from, to});
+    drivedrag({from, to}, DRIVELEFT, chance(firstdice, 20) ? DRIVECTRL : 0);
 }
 
 void bar()
@@ -421,18 +448,42 @@ void wait()
     drivewait([&] { return GetTickCount() - start >= static_cast<DWORD>(time); }, time);
 }
 
+void crosswordsearch()
+{
+    if (!reachable() || IsIconic(handle(mainwindow))) return;
+    commandgive(40030);
+    dictionaryuse();
+    if (chance(firstdice, 30)) dropon(gridwindow, {scratchfile("crossword13.qmg")});
+    if (chance(firstdice, 70)) commandgive(40002);
+    for (int n = rollbetween(firstdice, 1, 3); n; n--)
+        mark();
+    barpress(chance(firstdice, 75) ? BUTTONSOLVE : BUTTONANAGRAM, "a Crossword's search");
+}
+
+void squaresearch()
+{
+    static const int buttons[] = {BUTTONMAKE, BUTTONMAKE, BUTTONNEW, BUTTONSQUARESOLVE};
+    if (!reachable() || IsIconic(handle(mainwindow))) return;
+    dictionaryuse();
+    dropon(gridwindow, {scratchfile("square.qmg")});
+    dropon(gridwindow, {scratchfile(chance(firstdice, 70) ? "few.txt" : "many.txt")});
+    for (int n = rollbetween(firstdice, 1, 2); n; n--)
+        barpress(pick(firstdice, buttons), "a Wordsquare's search");
+}
+
 struct steprow {
     int weight;
     void (*take)();
 };
 
 const steprow table[] = {
-    {6, move},      {10, press},    {4, doublepress},    {6, drag},        {1, halfpress},
-    {4, wheel},     {8, letters},   {2, sign},           {12, key},        {4, shortcut},
-    {3, menukey},   {4, menupress}, {8, command},        {2, kindcommand}, {6, dictionary},
-    {5, drop},      {3, sample},    {5, mark},           {8, bar},         {8, control},
-    {5, field},     {3, size},      {2, show},           {2, close},       {2, activate},
-    {1, clipboard}, {1, settings},  {1, dictionaryfile}, {5, wait},
+    {6, move},         {10, press},    {4, doublepress},    {6, drag},        {1, halfpress},
+    {4, wheel},        {8, letters},   {2, sign},           {12, key},        {4, shortcut},
+    {3, menukey},      {4, menupress}, {8, command},        {2, kindcommand}, {6, dictionary},
+    {5, drop},         {3, sample},    {5, mark},           {8, bar},         {8, control},
+    {5, field},        {3, size},      {2, show},           {2, close},       {2, activate},
+    {1, clipboard},    {1, settings},  {1, dictionaryfile}, {5, wait},        {6, crosswordsearch},
+    {5, squaresearch},
 };
 
 const steprow &chosen()
