@@ -12,6 +12,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 import zipfile
@@ -27,10 +28,15 @@ SHIPPED = ["MainDict", "MainDict-UK", "MainDict-US", "Puzzle-UK", "Puzzle-US"]
 
 
 def wine(*words, check=True):
-    run = subprocess.run([WINE, *map(str, words)], capture_output=True, timeout=120)
-    text = run.stdout.decode("cp1252").replace("\r\n", "\n")
+    # Into a file: what a program leaves running in the background would hold a
+    # pipe open.
+    with tempfile.TemporaryFile() as told:
+        run = subprocess.run([WINE, *map(str, words)], stdout=told, stderr=subprocess.STDOUT,
+                             timeout=120)
+        told.seek(0)
+        text = told.read().decode("cp1252", "replace").replace("\r\n", "\n")
     if check and run.returncode:
-        raise AssertionError(f"{words}: {run.returncode}\n{text}{run.stderr.decode('cp1252')}")
+        raise AssertionError(f"{words}: {run.returncode}\n{text}")
     return text
 
 
