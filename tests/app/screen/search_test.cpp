@@ -125,6 +125,21 @@ void pressstop()
     driveclick(at.x, at.y);
 }
 
+// The same, and what the box says that comes up then.
+std::string stopandread(bool escape)
+{
+    if (escape)
+        drivekey(VK_ESCAPE);
+    else
+        pressstop();
+    window box = drivewaitwindow("", "#32770");
+    Sleep(100);
+    std::string said = drivetext(box, 0xFFFF);
+    PostMessageA(handle(box), WM_COMMAND, IDCANCEL, 0);
+    drivewait([] { return !drivefind("", "#32770"); });
+    return said;
+}
+
 std::string complaint(const std::function<void()> &work)
 {
     std::string text = drivebox(IDOK, work);
@@ -561,15 +576,7 @@ TEST_CASE("a Make that finds no end is stopped with what it has")
         Sleep(300);
         progress = drivetext(buttonwindow, FIELDPROGRESS);
         painted = repaints(solutionswindow);
-        if (escape)
-            drivekey(VK_ESCAPE);
-        else
-            pressstop();
-        window box = drivewaitwindow("", "#32770");
-        Sleep(100);
-        said = drivetext(box, 0xFFFF);
-        PostMessageA(handle(box), WM_COMMAND, IDCANCEL, 0);
-        drivewait([] { return !drivefind("", "#32770"); });
+        said = stopandread(escape);
     });
     CHECK(painted);
     CHECK(shownprogress(progress));
@@ -582,6 +589,23 @@ TEST_CASE("a Make that finds no end is stopped with what it has")
                       crowd[static_cast<size_t>(fitted)]);
     for (int32_t i = 0; i < 11; i++)
         CHECK((i < fitted ? placed(*solword(i)) : solword(i)->x == -1));
+    CHECK(filled());
+    CHECK(undrawn() == 0);
+}
+
+TEST_CASE("a New without end is stopped, and its square filled")
+{
+    screenstart();
+    dictionariesbegin({{"short", {"cat", "dog"}}}); // which fit over themselves for ever
+    REQUIRE_FALSE(dictuse(0));
+    gridsetkind(GRIDWORDSQUARE);
+    drivepump();
+    run(BUTTONNEW, [] {
+        Sleep(100);
+        pressstop();
+    });
+    CHECK_FALSE(drivefind("", "#32770"));
+    CHECK(solutions.count == 0);
     CHECK(filled());
     CHECK(undrawn() == 0);
 }
