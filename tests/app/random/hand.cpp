@@ -11,7 +11,7 @@
 #include <cstring>
 #include <thread>
 
-uint32_t searchesstopped;
+uint32_t searchesstopped, fileschosen;
 
 namespace
 {
@@ -131,6 +131,7 @@ void filesanswer(HWND box, int tries)
                                 SMTO_ABORTIFHUNG, 2000, &result);
     }
     note("  the box \"%s\": %s, %s", textof(box).c_str(), name.c_str(), ok ? "OK" : "Cancel");
+    fileschosen += ok;
     // With the mouse: Wine falls over a second OK that a box hears in its first.
     SetForegroundWindow(box);
     HWND button = GetDlgItem(box, ok ? IDOK : IDCANCEL);

@@ -63,9 +63,9 @@ void handend();
 void stepbegun();
 void stepended();
 
-// The program's own boxes, how often the user chose to end it, and the searches
-// that went on until they were stopped.
-extern uint32_t boxesseen, quits, searchesstopped;
+// The program's own boxes, how often the user chose to end it, the searches that
+// went on until they were stopped, and the files chosen in boxes of the system.
+extern uint32_t boxesseen, quits, searchesstopped, fileschosen;
 
 // The document and the dictionaries are as their headers say.
 void invariants();
