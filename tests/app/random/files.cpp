@@ -83,7 +83,9 @@ std::string wordof(int length)
 
 void textsfill()
 {
-    std::string few, many, odd;
+    std::string few, many, tight, odd;
+    for (int i = 0; i < 60; i++) // more than a small Wordsquare holds
+        tight += wordof(rollbetween(firstdice, 5, 8)) + "\n";
     for (int i = 0; i < 12; i++)
         few += wordof(rollbetween(firstdice, 2, 6)) + "\r\n";
     for (int i = 0; i < 2000; i++)
@@ -93,6 +95,7 @@ void textsfill()
     for (int i = 0; i < 5; i++)
         droppables.push_back(filewrite("few.txt", few));
     droppables.push_back(filewrite("many.txt", many));
+    droppables.push_back(filewrite("tight.txt", tight));
     droppables.push_back(filewrite("odd.txt", odd));
     droppables.push_back(filewrite("empty.txt", ""));
     droppables.push_back(filewrite("empty.qmg", ""));

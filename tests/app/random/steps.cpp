@@ -6,6 +6,7 @@
 #include "dict/dicteditwindow.h"
 #include "dict/dictmenu.h"
 #include "dict/dictset.h"
+#include "find/solutions.h"
 #include "find/solutionsview.h"
 #include "find/spellwindow.h"
 #include "graphics/modeinfo.h"
@@ -283,10 +284,11 @@ void barpress(int icon, const char *text)
 {
     HWND button = handle(drivecontrol(buttonwindow, icon));
     if (!button) return;
-    note("press %s", text);
+    note("press %s, %d in the list", text, static_cast<int>(solutions.count));
     driveplace at = drivemiddle(word(button));
     driveclick(at.x, at.y);
     drivepump(200); // it begins a little later
+    note("  %d in the list", static_cast<int>(solutions.count));
 }
 
 // Of what the view shows of the grid.
@@ -466,7 +468,8 @@ void squaresearch()
     if (!reachable() || IsIconic(handle(mainwindow))) return;
     dictionaryuse();
     dropon(gridwindow, {scratchfile("square.qmg")});
-    dropon(gridwindow, {scratchfile(chance(firstdice, 70) ? "few.txt" : "many.txt")});
+    static const char *const lists[] = {"few.txt", "few.txt", "many.txt", "tight.txt", "tight.txt"};
+    dropon(gridwindow, {scratchfile(pick(firstdice, lists))});
     for (int n = rollbetween(firstdice, 1, 2); n; n--)
         barpress(pick(firstdice, buttons), "a Wordsquare's search");
 }
