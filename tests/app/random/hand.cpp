@@ -16,7 +16,7 @@ uint32_t searchesstopped, fileschosen;
 namespace
 {
 
-constexpr DWORD BUSYAFTER = 400;      // milliseconds of a step, before it counts as long work
+constexpr DWORD BUSYAFTER = 500;      // milliseconds of a step, before it counts as long work
 constexpr DWORD STOPWITHIN = 20000;   // from the first try to stop a search
 constexpr DWORD STEPWITHIN = 120000;  // any step, with all the boxes that it brings up
 constexpr DWORD ANSWERWITHIN = 20000; // a message; the machine may be busy
@@ -288,7 +288,6 @@ bool down(int button)
 // in which Wine itself falls over.
 void holdend()
 {
-    if (!down(VK_LBUTTON) && !down(VK_RBUTTON)) return;
     note("  what is held is let go");
     driveplace at = spot(otherdice);
     drivemove(at.x, at.y);
@@ -296,10 +295,30 @@ void holdend()
     if (down(VK_RBUTTON)) driverelease(DRIVERIGHT);
 }
 
+// The program's own questions wait for their answer in the poll.
+void questionplay()
+{
+    std::vector<window> tops = topwindows();
+    std::vector<HWND> children;
+    if (tops.empty()) return;
+    EnumChildWindows(handle(tops[0]), childadd, reinterpret_cast<LPARAM>(&children));
+    if (children.empty()) return;
+    HWND child = pick(otherdice, children);
+    note("  \"%s\" waits: control %d", drivetext(tops[0]).c_str(), GetDlgCtrlID(child));
+    SetForegroundWindow(handle(tops[0]));
+    if (chance(otherdice, 80))
+        click(child);
+    else
+        drivekey(chance(otherdice, 50) ? VK_RETURN : VK_ESCAPE);
+}
+
 void busyplay(playrecord *play, DWORD age)
 {
     if (!searchunderway()) {
-        holdend();
+        if (down(VK_LBUTTON) || down(VK_RBUTTON))
+            holdend();
+        else
+            questionplay();
         return;
     }
     if (age < play->patience) {

@@ -12,11 +12,11 @@ namespace
 {
 
 // Errors and questions that a user can make sense of, by their keys in the
-// catalogue.
+// catalogue; two have no text there, and show their keys.
 const char *const explained[] = {
-    "{ERD}",   "{EWR}",     "{ECR}",    "{ENOTTYPE}", "{ENMW}", "{ENTS}",   "{EASW}",
-    "{EMDC}",  "{ENUD}",    "{EDAX}",   "{ENOD}",     "{EASP}", "{EDCOLD}", "{EDCAPS}",
-    "{EAMAT}", "{ENOSAVE}", "{SPNONE}", "{SPKEEP}",   "{FS10}",
+    "{ERD}",    "{EWR}",   "{ECR}",        "{ENOTTYPE}", "{ENMW}",   "{ENTS}", "{EASW}",
+    "{EMDC}",   "{ENUD}",  "{EMAXSTRING}", "{EDAX}",     "{ENOD}",   "{EASP}", "{EDCOLD}",
+    "{EDCAPS}", "{EAMAT}", "{ENOSAVE}",    "{SPNONE}",   "{SPKEEP}", "{FS10}",
 };
 
 // Calls of the system that fail for the sake of a file or a name that the user
