@@ -97,6 +97,7 @@ void edit(const list &words)
     REQUIRE_FALSE(commanddictionary(DICTMENUEDIT, DICTMENUFIRST + static_cast<int32_t>(mine())));
     drivepump();
     REQUIRE(editor.self);
+    drivefront(editor.self);
 }
 
 void press(int32_t icon)
@@ -415,7 +416,7 @@ TEST_CASE("a new dictionary is asked for in front of a main window that waits")
     begin({"ant"});
     REQUIRE_FALSE(commandrun(40020));
     drivepump();
-    window box = drivefind("Create New Dictionary");
+    window box = drivewaitwindow("Create New Dictionary");
     REQUIRE(box);
     auto main = reinterpret_cast<HWND>(mainwindow);
     CHECK_FALSE(IsWindowEnabled(main));
@@ -431,7 +432,7 @@ TEST_CASE("a new dictionary is asked for in front of a main window that waits")
         REQUIRE_FALSE(commandrun(40020));
         drivepump();
         drivetype("never");
-        box = drivefind("Create New Dictionary");
+        box = drivewaitwindow("Create New Dictionary");
         driveplace at = driveicon(box, 2);
         if (way == 0) driveclick(at.x, at.y);
         if (way == 1) drivekey(VK_ESCAPE);

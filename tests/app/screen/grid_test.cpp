@@ -421,7 +421,7 @@ TEST_CASE("the dialog for the size")
     click(1, 1);
     REQUIRE_FALSE(commandrun(MENUSIZE));
     drivepump();
-    window dialog = drivefind("Grid Size");
+    window dialog = drivewaitwindow("Grid Size");
     REQUIRE(dialog);
     CHECK(drivetext(dialog, WIDTH) == "3");
     CHECK(drivetext(dialog, HEIGHT) == "2");

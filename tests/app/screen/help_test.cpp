@@ -79,7 +79,7 @@ struct helpeddialog {
         begin();
         REQUIRE_FALSE(commandrun(GRIDSIZE));
         drivepump();
-        w = drivefind("Grid Size");
+        w = drivewaitwindow("Grid Size");
         REQUIRE(w);
         REQUIRE_FALSE(addhelphandler(answered, w, 0));
     }
@@ -156,7 +156,7 @@ TEST_CASE("windows without a text show none, however it is asked for")
     begin();
     REQUIRE_FALSE(commandrun(GRIDSIZE));
     drivepump();
-    window w = drivefind("Grid Size");
+    window w = drivewaitwindow("Grid Size");
     REQUIRE(w);
     driveplace button = driveicon(w, 2);
     drivekey(VK_F1);
@@ -209,7 +209,7 @@ TEST_CASE("About tells of the program, and its links open")
 {
     begin();
     helpmenu('A');
-    window box = drivefind("About Quillmere", "Task");
+    window box = drivewaitwindow("About Quillmere", "Task");
     REQUIRE(box);
     CHECK(drivetext(box, 1012) == "Quillmere");
     CHECK(drivetext(box, 1013) == "2.20 (26-June-2012)");

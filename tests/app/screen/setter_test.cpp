@@ -114,7 +114,7 @@ void rowpress(const wordview &view, int32_t row)
 void create(const std::string &name)
 {
     menuchoose(CREATE);
-    REQUIRE(drivefind("Create New Dictionary"));
+    REQUIRE(drivewaitwindow("Create New Dictionary"));
     drivetype(name);
     drivekey(VK_RETURN);
 }

@@ -62,7 +62,7 @@ window dialog(const char *title, int command)
 {
     CHECK_FALSE(commandrun(command));
     drivepump();
-    window w = drivefind(title);
+    window w = drivewaitwindow(title);
     REQUIRE(w);
     CHECK_FALSE(IsWindowEnabled(reinterpret_cast<HWND>(mainwindow)));
     return w;
@@ -77,8 +77,9 @@ void press(window w, int control)
 // The dialog is gone and the program takes input again.
 bool gone(const char *title)
 {
+    auto front = [] { return GetForegroundWindow() == reinterpret_cast<HWND>(mainwindow); };
     return !drivefind(title) && IsWindowEnabled(reinterpret_cast<HWND>(mainwindow)) &&
-           GetForegroundWindow() == reinterpret_cast<HWND>(mainwindow);
+           drivewait(front);
 }
 
 // Over what stands there.

@@ -95,6 +95,7 @@ void spellnow(const list &words)
     REQUIRE_FALSE(commandrun(SPELLCHECK));
     drivepump();
     REQUIRE(check.self);
+    drivefront(check.self);
 }
 
 void press(int32_t icon)

@@ -142,7 +142,9 @@ bool boxaside(const std::function<void()> &work, const std::function<void(HWND)>
             if (!box) Sleep(10);
         }
         found = box;
-        if (box) script(box);
+        if (!box) return;
+        drivefront(reinterpret_cast<window>(box));
+        script(box);
     };
     driveaside(
         [&] {

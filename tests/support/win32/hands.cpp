@@ -301,9 +301,16 @@ window drivefind(const std::string &title, const std::string &classname)
     return wordof(s.found);
 }
 
+bool drivefront(window w)
+{
+    return drivewait([&] { return wordof(GetForegroundWindow()) == w; }, 1000);
+}
+
+// Menus never come to the front in that sense.
 window drivewaitwindow(const std::string &title, const std::string &classname, int milliseconds)
 {
     window found = 0;
     drivewait([&] { return (found = drivefind(title, classname)) != 0; }, milliseconds);
+    if (found && classname != "#32768") drivefront(found);
     return found;
 }
