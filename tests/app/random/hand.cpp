@@ -298,9 +298,10 @@ void holdend()
 // The program's own questions wait for their answer in the poll.
 void questionplay()
 {
+    constexpr int QUESTION = 12; // the text, which no other window has
     std::vector<window> tops = topwindows();
     std::vector<HWND> children;
-    if (tops.empty()) return;
+    if (tops.empty() || !drivecontrol(tops[0], QUESTION)) return;
     EnumChildWindows(handle(tops[0]), childadd, reinterpret_cast<LPARAM>(&children));
     if (children.empty()) return;
     HWND child = pick(otherdice, children);
