@@ -54,9 +54,9 @@ def tree(folder):
 
 def waitfor(condition, seconds=30):
     end = time.monotonic() + seconds
-    while not condition() and time.monotonic() < end:
+    while not (held := condition()) and time.monotonic() < end:
         time.sleep(0.1)
-    return condition()
+    return held  # asking again may find it past
 
 
 class Package(unittest.TestCase):
