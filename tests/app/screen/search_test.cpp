@@ -117,11 +117,24 @@ void run(int control, const std::function<void()> &script = nullptr)
     CHECK_FALSE(barsolving());
 }
 
+// Where Stop is, once it is to be seen there: its bar comes in while the search
+// begins.
+driveplace stopplace()
+{
+    driveplace at = {};
+    auto seen = [&] {
+        at = driveicon(buttonwindow, BUTTONSTOP);
+        return WindowFromPoint({at.x, at.y}) == handle(drivecontrol(buttonwindow, BUTTONSTOP));
+    };
+    drivewait(seen);
+    return at;
+}
+
 // For scripts.
 void pressstop()
 {
     Sleep(50);
-    driveplace at = driveicon(buttonwindow, BUTTONSTOP);
+    driveplace at = stopplace();
     driveclick(at.x, at.y);
 }
 
