@@ -14,10 +14,12 @@
 #include "find/solve.h"
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
+#include "grid/gridfile.h"
 #include "grid/gridpicture.h"
 #include "grid/gridshape.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
+#include "tests/app/screen/companion.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/menuhands.h"
 #include "tests/app/screen/screen.h"
@@ -640,4 +642,40 @@ TEST_CASE("a long Solve of a Wordsquare is stopped with what it has")
     CHECK(std::is_sorted(some.begin(), some.end(), blind));
     CHECK(std::includes(all.begin(), all.end(), some.begin(), some.end()));
     CHECK(undrawn() == 0);
+}
+
+TEST_CASE("Solve lists what the companion finds in the same file, in both kinds of grid")
+{
+    begin("c.t.a\n..###\n.e###\n.....\n");
+    if (!dictionarylarge()) return;
+    REQUIRE_FALSE(dictunuse(static_cast<uint32_t>(dictnamefind("words"))));
+    std::string file = dictionaryplace("searched.qmg");
+    std::string dictionary =
+        " --dictionaries \"" + std::string(dictdirectory) + "\" --dict MainDict";
+    auto said = [&](const std::string &asked) {
+        list lines = companion(asked + dictionary);
+        for (std::string &line : lines)
+            line = line.substr(0, line.find('\t')); // behind it is the word's place
+        return lines;
+    };
+    auto sorted = [](list words) {
+        std::sort(words.begin(), words.end());
+        return words;
+    };
+    REQUIRE_FALSE(gridsave(file.c_str()));
+    mark(0, 0, 4, 0);
+    run(BUTTONSOLVE);
+    CHECK(solutions.count > 0);
+    CHECK(sorted(rows()) == sorted(said("solve \"" + file + "\" --mark 0,0,4,0")));
+
+    gridsetkind(GRIDWORDSQUARE);
+    gridsize(20, 20);
+    grid.minwordlength = 4;
+    gridfillrandom();
+    REQUIRE_FALSE(gridsave(file.c_str()));
+    gridredraw();
+    drivepump();
+    run(BUTTONSQUARESOLVE);
+    CHECK(solutions.count > 0);
+    CHECK(sorted(rows()) == sorted(said("find \"" + file + "\" --min 4")));
 }

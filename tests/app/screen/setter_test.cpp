@@ -10,6 +10,7 @@
 #include "grid/grid.h"
 #include "grid/gridpicture.h"
 #include "grid/gridview.h"
+#include "tests/app/screen/companion.h"
 #include "tests/app/screen/menuhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/app/win32/program.h"
@@ -68,26 +69,9 @@ void beginagain()
     drivepump();
 }
 
-// What the companion tells of a dictionary on the disc, line by line.
-list companion(const std::string &command, const std::string &leaf)
-{
-    char self[MAX_PATH];
-    GetModuleFileNameA(nullptr, self, sizeof self);
-    std::string exe = (std::filesystem::path(self).parent_path() / "quill.exe").string();
-    std::string line = "\"\"" + exe + "\" " + command + " \"" + place(leaf) + "\"\"";
-    list lines;
-    FILE *pipe = _popen(line.c_str(), "r");
-    REQUIRE(pipe);
-    char text[256];
-    while (fgets(text, sizeof text, pipe))
-        lines.push_back(std::string(text).substr(0, strcspn(text, "\r\n")));
-    CHECK(_pclose(pipe) == 0);
-    return lines;
-}
-
 list kept()
 {
-    return companion("dict words", "mine.dic");
+    return companion("dict words \"" + place("mine.dic") + "\"");
 }
 
 void press(window w, int icon)
@@ -284,7 +268,7 @@ TEST_CASE("words that a setter keeps are in the file, in the grid's check and in
     press(check.self, CHECKADD);
     answered(YES, [] { press(check.self, CHECKCONTINUE); }); // it was the only word
     CHECK(kept() == list{"Horse", "hosepipe", "house", "mouse", "stable"});
-    CHECK(companion("dict check", "mine.dic").size() == 1);
+    CHECK(companion("dict check \"" + place("mine.dic") + "\"").size() == 1);
 
     beginagain();
     edit();
