@@ -145,8 +145,10 @@ TEST_CASE("a window of another program, or of none of the library's, is told as 
     partnerprogram partner;
     CHECK(partner.ask("show 258 190") == "ok");
     drivemove(650, 440);
+    auto other = reinterpret_cast<window>(FindWindowA("desktoppartner", nullptr));
+    drivewait([&] { return pointernow().window == other; }); // it comes up by itself
     mouserecord mouse = pointernow();
-    CHECK(mouse.window == reinterpret_cast<window>(FindWindowA("desktoppartner", nullptr)));
+    CHECK(mouse.window == other);
     CHECK(mouse.icon == -1);
 
     HWND plain = CreateWindowExA(WS_EX_TOPMOST, "STATIC", "", WS_POPUP | WS_VISIBLE, 50, 500, 100,
