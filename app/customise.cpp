@@ -78,15 +78,12 @@ errorblock *handlersadd()
     return err;
 }
 
-// The main window takes input again before the dialog goes: the system would
-// make another program's window the active one.
 errorblock *dialogend()
 {
-    enablewindow(mainwindow, 1);
     remclosehandler(closed, dialog.self, 0);
     remclickhandler(clicked, dialog.self, 0);
     remredrawhandler(painted, dialog.self, 0);
-    return removewindow(&dialog.self);
+    return removedialog(&dialog.self, mainwindow);
 }
 
 errorblock *makingshow()

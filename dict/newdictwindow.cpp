@@ -32,15 +32,13 @@ errorblock *createnow(intptr_t)
 errorblock *boxclick(window self, intptr_t data, mouserecord *mouse);
 errorblock *boxclosed(window self, intptr_t data);
 
-// The parent takes input again before the box goes, so that the system makes it
-// the active window.
 errorblock *boxclose()
 {
-    if (box.parent) enablewindow(box.parent, 1);
-    box.parent = 0;
     remclickhandler(boxclick, box.self, 0);
     remclosehandler(boxclosed, box.self, 0);
-    return removewindow(&box.self);
+    window parent = box.parent;
+    box.parent = 0;
+    return removedialog(&box.self, parent);
 }
 
 errorblock *boxclick(window, intptr_t, mouserecord *mouse)

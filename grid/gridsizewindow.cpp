@@ -35,14 +35,11 @@ errorblock *handlersadd()
     return err;
 }
 
-// The owner takes input again before the dialog goes: the system would make
-// another program's window the active one.
 errorblock *dialogend()
 {
-    enablewindow(dialog.owner, 1);
     remclosehandler(closed, dialog.self, 0);
     remclickhandler(clicked, dialog.self, 0);
-    return removewindow(&dialog.self);
+    return removedialog(&dialog.self, dialog.owner);
 }
 
 errorblock *sizeread(int32_t field, int32_t now, int32_t *size)

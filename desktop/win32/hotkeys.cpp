@@ -1,9 +1,8 @@
 #include "desktop/hotkeys.h"
 
-#include "base/boxes.h"
 #include "base/syserr.h"
 #include "base/trace.h"
-#include "desktop/blocks.h"
+#include "desktop/dispatch.h"
 #include "desktop/keynames.h"
 
 #include <windows.h>
@@ -55,12 +54,8 @@ errorblock *remhotkeyhandler(hotkeyfunction function, window owner, int32_t id, 
 void hotkeydeliver(window w, int32_t id)
 {
     trace("wm hotkey %d ", static_cast<int>(id));
-    blockiter iter;
-    blockiter_start(&iter);
-    block found;
-    while (nextblock(&iter, EVENTHOTKEY, BLOCKANY, w, &found))
-        if (found.data == id)
-            reporterror(reinterpret_cast<hotkeyfunction>(found.function)(
-                w, id, static_cast<int32_t>(found.subtype)));
-    blockiter_end(&iter);
+    dispatchall(EVENTHOTKEY, w, [&](const block &b) -> errorblock * {
+        if (b.data != id) return nullptr; // another key of the window
+        return handlerof<hotkeyfunction>(b)(w, id, static_cast<int32_t>(b.subtype));
+    });
 }

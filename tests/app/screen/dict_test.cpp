@@ -3,11 +3,9 @@
 #include "app/mainwindow.h"
 #include "base/flex.h"
 #include "base/platform.h"
-#include "base/text.h"
 #include "desktop/hourglass.h"
 #include "desktop/icons.h"
 #include "dict/dicteditwindow.h"
-#include "dict/dictfile.h"
 #include "dict/dictmenu.h"
 #include "dict/dictset.h"
 #include "find/solutions.h"
@@ -15,6 +13,7 @@
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
 #include "grid/gridpicture.h"
+#include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
@@ -37,11 +36,6 @@ constexpr int32_t FIELD = 1017, COUNT = 1015, ADD = 1005, DELETEWORD = 1013, KEE
                   CANCEL = 2;
 constexpr uint32_t BLACK = 0, WHITE = 0xFFFFFF;
 
-std::string place(const std::string &leaf)
-{
-    return std::string(dictdirectory) + "\\" + leaf;
-}
-
 void filewrite(const std::string &path, const std::string &text)
 {
     std::ofstream(path, std::ios::binary) << text;
@@ -53,28 +47,12 @@ std::string fileread(const std::string &path)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-void dictionarywrite(const char *name, const list &words)
-{
-    Dictionary dict;
-    REQUIRE_FALSE(dictempty(&dict));
-    for (const std::string &word : words)
-        REQUIRE_FALSE(dictadd(word.c_str(), &dict));
-    REQUIRE_FALSE(dictsave(dictdirectory, name, &dict));
-    dictfree(&dict);
-}
-
 // A directory of its own with "mine", which holds these words, and "other".
 void begin(const list &words)
 {
-    static int made;
     screenstart();
     if (editor.self) SendMessageA(reinterpret_cast<HWND>(editor.self), WM_CLOSE, 0, 0);
-    std::string folder = scratchfolder() + "\\dict" + std::to_string(made++);
-    std::filesystem::create_directories(folder);
-    strcopyn(dictdirectory, folder.c_str(), sizeof dictdirectory);
-    dictionarywrite("mine", words);
-    dictionarywrite("other", {"else"});
-    REQUIRE_FALSE(dictstart());
+    dictionariesbegin({{"mine", words}, {"other", {"else"}}});
 }
 
 // w000 to w199: more than the list shows.
@@ -197,8 +175,8 @@ bool largebegin()
         return false;
     }
     begin({});
-    std::filesystem::remove(place("mine.dic"));
-    std::filesystem::copy_file(file, place("mine.dic"));
+    std::filesystem::remove(dictionaryplace("mine.dic"));
+    std::filesystem::copy_file(file, dictionaryplace("mine.dic"));
     return true;
 }
 
@@ -330,12 +308,12 @@ TEST_CASE("what is no word changes nothing")
     CHECK(count() == "1");
     CHECK(editor.view.rowsel == -1);
     CHECK_FALSE(dicts[mine()].changed);
-    std::string before = fileread(place("mine.dic"));
-    std::filesystem::remove(place("mine.dic"));
+    std::string before = fileread(dictionaryplace("mine.dic"));
+    std::filesystem::remove(dictionaryplace("mine.dic"));
     press(KEEP); // nothing to write
     CHECK_FALSE(editor.self);
-    CHECK_FALSE(std::filesystem::exists(place("mine.dic")));
-    filewrite(place("mine.dic"), before);
+    CHECK_FALSE(std::filesystem::exists(dictionaryplace("mine.dic")));
+    filewrite(dictionaryplace("mine.dic"), before);
 }
 
 TEST_CASE("a word of 31 letters is found, and a longer one is not it")
@@ -351,7 +329,7 @@ TEST_CASE("a word of 31 letters is found, and a longer one is not it")
 TEST_CASE("OK saves, Cancel and Escape read again, and the frame decides nothing")
 {
     edit({"ant"});
-    std::string before = fileread(place("mine.dic"));
+    std::string before = fileread(dictionaryplace("mine.dic"));
     for (int32_t way : {CANCEL, FIELD, -1}) {
         fieldtype("bee");
         drivekey(VK_RETURN);
@@ -365,7 +343,7 @@ TEST_CASE("OK saves, Cancel and Escape read again, and the frame decides nothing
         CHECK_FALSE(editor.self);
         CHECK(dictcount(&dicts[mine()].dict) == 1);
         CHECK_FALSE(dictanychanges());
-        CHECK(fileread(place("mine.dic")) == before);
+        CHECK(fileread(dictionaryplace("mine.dic")) == before);
         REQUIRE_FALSE(dictedit(mine()));
         drivepump();
     }
@@ -374,14 +352,14 @@ TEST_CASE("OK saves, Cancel and Escape read again, and the frame decides nothing
     drivekey(VK_F4, DRIVEALT);
     CHECK_FALSE(editor.self);
     CHECK(dicts[mine()].changed);
-    CHECK(fileread(place("mine.dic")) == before);
+    CHECK(fileread(dictionaryplace("mine.dic")) == before);
     REQUIRE_FALSE(dictedit(mine()));
     drivepump();
     CHECK(count() == "2");
     press(KEEP);
     CHECK_FALSE(editor.self);
     CHECK_FALSE(dictanychanges());
-    CHECK(fileread(place("mine.dic")) != before);
+    CHECK(fileread(dictionaryplace("mine.dic")) != before);
 }
 
 TEST_CASE("a word that doesn't fit into memory is told of, and isn't marked")
@@ -406,7 +384,7 @@ TEST_CASE("a dictionary that can't be read again is told of, and the editor clos
     edit({"ant"});
     fieldtype("bee");
     drivekey(VK_RETURN);
-    std::filesystem::remove(place("mine.dic"));
+    std::filesystem::remove(dictionaryplace("mine.dic"));
     CHECK(complaint([] { press(CANCEL); }) != "");
     CHECK_FALSE(editor.self);
     CHECK_FALSE(dicts[mine()].loaded);
@@ -428,7 +406,7 @@ TEST_CASE("a new dictionary is asked for in front of a main window that waits")
     CHECK(dictnamefind("next") == 1);
     CHECK(dicts[1].loaded);
     CHECK_FALSE(dictinset(1));
-    CHECK(std::filesystem::exists(place("next.dic")));
+    CHECK(std::filesystem::exists(dictionaryplace("next.dic")));
     for (int way = 0; way < 3; way++) {
         REQUIRE_FALSE(commandrun(40020));
         drivepump();
@@ -495,15 +473,16 @@ TEST_CASE("files of words are dropped on the list")
 {
     edit({"ant"});
     fieldtype("bee");
-    filewrite(place("words.txt"), "cow\r\nBEE\nd-o-g\n\n" + std::string(40, 'x') + "\nlast");
-    drivedrop(editor.view.pane, {place("words.txt")}, {10, 10});
+    filewrite(dictionaryplace("words.txt"),
+              "cow\r\nBEE\nd-o-g\n\n" + std::string(40, 'x') + "\nlast");
+    drivedrop(editor.view.pane, {dictionaryplace("words.txt")}, {10, 10});
     CHECK(count() == "6");
     CHECK_FALSE(hourglassforce());   // it is off again
     CHECK(editor.view.rowsel == -1); // "Bee" has come
     CHECK(dictword(3, &dicts[mine()].dict) == std::string("dog"));
     CHECK(dicts[mine()].changed);
-    filewrite(place("grid.qmg"), "eel\n");
-    drivedrop(editor.view.pane, {place("grid.qmg")}, {10, 10});
+    filewrite(dictionaryplace("grid.qmg"), "eel\n");
+    drivedrop(editor.view.pane, {dictionaryplace("grid.qmg")}, {10, 10});
     CHECK(count() == "6");
     press(CANCEL);
     CHECK(dictcount(&dicts[mine()].dict) == 1);
@@ -513,8 +492,8 @@ TEST_CASE("a selected word stays selected when others come in before it")
 {
     edit({"m"});
     rowclick(0);
-    filewrite(place("words.txt"), "a\nb\n");
-    drivedrop(editor.view.pane, {place("words.txt")}, {10, 10});
+    filewrite(dictionaryplace("words.txt"), "a\nb\n");
+    drivedrop(editor.view.pane, {dictionaryplace("words.txt")}, {10, 10});
     CHECK(editor.view.rowsel == 2);
     CHECK(rowcolour(2) == BLACK);
     CHECK(rowcolour(0) == WHITE);
@@ -530,7 +509,7 @@ TEST_CASE("words go out and in through the list's menu")
             drivekey(VK_DOWN);
         drivekey(VK_RETURN);
     };
-    std::string path = place("out.txt");
+    std::string path = dictionaryplace("out.txt");
     CHECK(drivefilebox(path, 0, true,
                        [&] { driveaside([] { drivepump(400); }, [&] { choose(2); }); }));
     CHECK(fileread(path) == "Ant\r\nbee's\r\ncow\r\n");
@@ -548,7 +527,7 @@ TEST_CASE("words go out and in through the list's menu")
 TEST_CASE("files that can't be had are told of")
 {
     edit({"ant"});
-    std::string gone = place("gone.txt");
+    std::string gone = dictionaryplace("gone.txt");
     filewrite(gone, "bee\n");
     CHECK(complaint([&] {
               std::filesystem::remove(gone);
@@ -556,8 +535,8 @@ TEST_CASE("files that can't be had are told of")
           }) != "");
     CHECK(count() == "1");
     CHECK_FALSE(dicts[mine()].changed);
-    filewrite(place("empty.txt"), "");
-    drivedrop(editor.view.pane, {place("empty.txt")}, {10, 10});
+    filewrite(dictionaryplace("empty.txt"), "");
+    drivedrop(editor.view.pane, {dictionaryplace("empty.txt")}, {10, 10});
     CHECK_FALSE(dicts[mine()].changed);
 }
 

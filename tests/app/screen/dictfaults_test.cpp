@@ -2,16 +2,14 @@
 // meets them.
 #include "app/commands.h"
 #include "base/boxes.h"
-#include "base/text.h"
 #include "dict/dicteditwindow.h"
-#include "dict/dictfile.h"
 #include "dict/dictset.h"
 #include "find/spellwindow.h"
 #include "grid/gridpicture.h"
+#include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/menuhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
-#include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
 
@@ -32,11 +30,6 @@ const menupath LOAD = {1, 1, 0}, EDIT = {1, 2, 0}, DELETEDICT = {1, 4, 0};
 constexpr int FIELD = 1017, COUNT = 1015, ADD = 1005, DELETEWORD = 1013, KEEP = 1012;
 constexpr int CHECKADD = 1024, CHECKCLOSE = 1026;
 
-std::string place(const std::string &leaf)
-{
-    return std::string(dictdirectory) + "\\" + leaf;
-}
-
 void filewrite(const std::string &path, const std::string &text)
 {
     std::ofstream(path, std::ios::binary) << text;
@@ -48,26 +41,11 @@ std::string fileread(const std::string &path)
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-void dictionarywrite(const char *name, const list &words)
-{
-    Dictionary dict;
-    REQUIRE_FALSE(dictempty(&dict));
-    for (const std::string &word : words)
-        REQUIRE_FALSE(dictadd(word.c_str(), &dict));
-    REQUIRE_FALSE(dictsave(dictdirectory, name, &dict));
-    dictfree(&dict);
-}
-
 // A directory of its own with "mine", which holds these words.
 void begin(const list &words)
 {
-    static int made;
     screenstart();
-    std::string folder = scratchfolder() + "\\faults" + std::to_string(made++);
-    std::filesystem::create_directories(folder);
-    strcopyn(dictdirectory, folder.c_str(), sizeof dictdirectory);
-    dictionarywrite("mine", words);
-    REQUIRE_FALSE(dictstart());
+    dictionariesbegin({{"mine", words}});
 }
 
 // What an error box says while work is done.
@@ -122,7 +100,7 @@ void gridwith(const std::string &word)
 TEST_CASE("a damaged dictionary can't be edited or added to, and its file stays")
 {
     begin({"ant", "bee", "cow"});
-    std::string whole = fileread(place("mine.dic")), damaged;
+    std::string whole = fileread(dictionaryplace("mine.dic")), damaged;
     SUBCASE("cut short")
     {
         damaged = whole.substr(0, whole.size() - 7);
@@ -142,7 +120,7 @@ TEST_CASE("a damaged dictionary can't be edited or added to, and its file stays"
         damaged = whole;
         damaged[96] = 1;
     }
-    filewrite(place("mine.dic"), damaged);
+    filewrite(dictionaryplace("mine.dic"), damaged);
     CHECK(complaint([] { menuchoose(EDIT); }) != "");
     CHECK_FALSE(editor.self);
     menuchoose(LOAD); // in use, with no words
@@ -154,15 +132,15 @@ TEST_CASE("a damaged dictionary can't be edited or added to, and its file stays"
     CHECK_FALSE(dictanychanges());
     press(check.self, CHECKCLOSE);
     CHECK_FALSE(check.self);
-    CHECK(fileread(place("mine.dic")) == damaged);
+    CHECK(fileread(dictionaryplace("mine.dic")) == damaged);
 }
 
 TEST_CASE("a dictionary that another program has open is let alone")
 {
     begin({"ant"});
-    std::string before = fileread(place("mine.dic"));
+    std::string before = fileread(dictionaryplace("mine.dic"));
     {
-        taken file(place("mine.dic"));
+        taken file(dictionaryplace("mine.dic"));
         CHECK(complaint([] { menuchoose(EDIT); }) != "");
         CHECK_FALSE(editor.self);
         CHECK(complaint([] { menuchoose(DELETEDICT); }) != "");
@@ -172,38 +150,40 @@ TEST_CASE("a dictionary that another program has open is let alone")
     drivetype("bee");
     drivekey(VK_RETURN);
     {
-        taken file(place("mine.dic"));
+        taken file(dictionaryplace("mine.dic"));
         press(editor.self, KEEP);
         CHECK_FALSE(editor.self);
     }
-    CHECK(fileread(place("mine.dic")) == before);
+    CHECK(fileread(dictionaryplace("mine.dic")) == before);
     CHECK(filesthere() == 1);
 }
 
 TEST_CASE("a dictionary that may not be written isn't deleted")
 {
     begin({"ant"});
-    SetFileAttributesA(place("mine.dic").c_str(), FILE_ATTRIBUTE_READONLY);
+    SetFileAttributesA(dictionaryplace("mine.dic").c_str(), FILE_ATTRIBUTE_READONLY);
     CHECK(complaint([] { menuchoose(DELETEDICT); }) != "");
     CHECK(ndicts == 1);
-    CHECK(std::filesystem::exists(place("mine.dic")));
-    SetFileAttributesA(place("mine.dic").c_str(), FILE_ATTRIBUTE_NORMAL);
+    CHECK(std::filesystem::exists(dictionaryplace("mine.dic")));
+    SetFileAttributesA(dictionaryplace("mine.dic").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 TEST_CASE("words go neither into nor out of files that are in use")
 {
     begin({"ant"});
-    filewrite(place("words.txt"), "bee\r\n");
+    filewrite(dictionaryplace("words.txt"), "bee\r\n");
     edit();
     {
-        taken file(place("words.txt"));
-        CHECK(complaint([] { drivedrop(editor.view.pane, {place("words.txt")}, {10, 10}); }) != "");
+        taken file(dictionaryplace("words.txt"));
+        CHECK(complaint([] {
+                  drivedrop(editor.view.pane, {dictionaryplace("words.txt")}, {10, 10});
+              }) != "");
         bool told = false;
         driveaside([] { reporterror(editexportbox()); },
                    [&] {
                        if (!drivewaitwindow("", "#32770")) return;
                        Sleep(200); // its own first messages
-                       drivetype(place("words.txt"));
+                       drivetype(dictionaryplace("words.txt"));
                        drivekey(VK_RETURN);
                        told = drivewaitwindow("Quillmere", "#32770");
                        drivekey(VK_RETURN);
@@ -212,7 +192,7 @@ TEST_CASE("words go neither into nor out of files that are in use")
     }
     CHECK(drivetext(editor.self, COUNT) == "1");
     CHECK_FALSE(dictanychanges());
-    CHECK(fileread(place("words.txt")) == "bee\r\n");
+    CHECK(fileread(dictionaryplace("words.txt")) == "bee\r\n");
 }
 
 TEST_CASE("an empty dictionary shows nothing, has nothing to choose and makes no file")
@@ -232,8 +212,8 @@ TEST_CASE("an empty dictionary shows nothing, has nothing to choose and makes no
     press(editor.self, DELETEWORD);
     press(editor.self, ADD);
     CHECK(drivetext(editor.self, COUNT) == "0");
-    CHECK(drivefilebox(place("out.txt"), 0, true, [] { CHECK_FALSE(editexportbox()); }));
-    CHECK_FALSE(std::filesystem::exists(place("out.txt")));
+    CHECK(drivefilebox(dictionaryplace("out.txt"), 0, true, [] { CHECK_FALSE(editexportbox()); }));
+    CHECK_FALSE(std::filesystem::exists(dictionaryplace("out.txt")));
 }
 
 TEST_CASE("without a directory there is nothing to create or check")
@@ -276,13 +256,13 @@ TEST_CASE("names that can't be a dictionary's are told of, and make none")
     CHECK(ndicts == 1);
     CHECK(filesthere() == 1);
     CHECK(name(std::string(31, 'n')) == "");
-    CHECK(std::filesystem::exists(place(std::string(31, 'n') + ".dic")));
+    CHECK(std::filesystem::exists(dictionaryplace(std::string(31, 'n') + ".dic")));
     for (int i = 0; i < 40; i++)
-        std::filesystem::copy_file(place("mine.dic"),
-                                   place("x" + std::to_string(100 + i) + ".dic"));
+        std::filesystem::copy_file(dictionaryplace("mine.dic"),
+                                   dictionaryplace("x" + std::to_string(100 + i) + ".dic"));
     REQUIRE_FALSE(dictstart());
     CHECK(menulook({1, 1}).size() == 32);
     CHECK(name("onemore") == "ENUD");
     CHECK(ndicts == 32);
-    CHECK_FALSE(std::filesystem::exists(place("onemore.dic")));
+    CHECK_FALSE(std::filesystem::exists(dictionaryplace("onemore.dic")));
 }

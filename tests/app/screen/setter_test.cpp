@@ -11,6 +11,7 @@
 #include "grid/gridpicture.h"
 #include "grid/gridview.h"
 #include "tests/app/screen/companion.h"
+#include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/menuhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/app/win32/program.h"
@@ -41,20 +42,11 @@ constexpr int YES = 11, NO = 0; // of the question at the end of a check
 const menupath SPELLCHECK = {1, 0}, LOAD = {1, 1, 0}, EDIT = {1, 2, 0}, CREATE = {1, 3},
                DELETEDICT = {1, 4, 0};
 
-std::string place(const std::string &leaf)
-{
-    return std::string(dictdirectory) + "\\" + leaf;
-}
-
 // An empty directory of dictionaries.
 void begin()
 {
-    static int made;
     screenstart();
-    std::string folder = scratchfolder() + "\\setter" + std::to_string(made++);
-    std::filesystem::create_directories(folder);
-    strcopyn(dictdirectory, folder.c_str(), sizeof dictdirectory);
-    REQUIRE_FALSE(dictstart());
+    dictionariesbegin({});
     drivepump();
 }
 
@@ -71,7 +63,7 @@ void beginagain()
 
 list kept()
 {
-    return companion("dict words \"" + place("mine.dic") + "\"");
+    return companion("dict words \"" + dictionaryplace("mine.dic") + "\"");
 }
 
 void press(window w, int icon)
@@ -150,9 +142,9 @@ void listedit()
     create("mine");
     edit();
     CHECK(drivetext(editor.self, COUNT) == "0");
-    std::ofstream(place("list.txt"), std::ios::binary)
+    std::ofstream(dictionaryplace("list.txt"), std::ios::binary)
         << "house\r\nHORSE\r\nwords of old\r\nmouse\r\n\r\ncat";
-    listchoose(0, place("list.txt"));
+    listchoose(0, dictionaryplace("list.txt"));
     CHECK(drivetext(editor.self, COUNT) == "5");
     fill(editor.self, FIELD, "stable");
     drivekey(VK_RETURN);
@@ -268,7 +260,7 @@ TEST_CASE("words that a setter keeps are in the file, in the grid's check and in
     press(check.self, CHECKADD);
     answered(YES, [] { press(check.self, CHECKCONTINUE); }); // it was the only word
     CHECK(kept() == list{"Horse", "hosepipe", "house", "mouse", "stable"});
-    CHECK(companion("dict check \"" + place("mine.dic") + "\"").size() == 1);
+    CHECK(companion("dict check \"" + dictionaryplace("mine.dic") + "\"").size() == 1);
 
     beginagain();
     edit();
@@ -361,7 +353,7 @@ TEST_CASE("words of windows that were closed by their boxes wait in memory for t
     SUBCASE("Delete, which takes them and the file at once")
     {
         menuchoose(DELETEDICT);
-        CHECK_FALSE(std::filesystem::exists(place("mine.dic")));
+        CHECK_FALSE(std::filesystem::exists(dictionaryplace("mine.dic")));
         CHECK(ndicts == 0);
         CHECK_FALSE(dictanychanges());
     }

@@ -1,6 +1,5 @@
 // The spell check, with a user's hands and eyes.
 #include "app/commands.h"
-#include "base/text.h"
 #include "desktop/icons.h"
 #include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
@@ -11,15 +10,14 @@
 #include "find/spellwindow.h"
 #include "graphics/modeinfo.h"
 #include "grid/gridpicture.h"
+#include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
-#include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
 
 #include <windows.h>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -32,16 +30,6 @@ constexpr int32_t SPELLCHECK = 40017;
 constexpr int32_t FIELD = 1019, BROWSE = 1021, DICTIONARIES = 1022, ADD = 1024, CONTINUE = 1025,
                   CLOSE = 1026;
 constexpr int YES = 11, NO = 0; // of the question at the end
-
-void dictionarywrite(const char *name, const list &words)
-{
-    Dictionary dict;
-    REQUIRE_FALSE(dictempty(&dict));
-    for (const std::string &word : words)
-        REQUIRE_FALSE(dictadd(word.c_str(), &dict));
-    REQUIRE_FALSE(dictsave(dictdirectory, name, &dict));
-    dictfree(&dict);
-}
 
 list wordsof(const Dictionary &dict)
 {
@@ -70,15 +58,10 @@ list saved(const char *name)
 // second row.
 void begin(const list &words)
 {
-    static int made;
     screenstart();
     if (check.self) SendMessageA(reinterpret_cast<HWND>(check.self), WM_CLOSE, 0, 0);
-    std::string folder = scratchfolder() + "\\spell" + std::to_string(made++);
-    std::filesystem::create_directories(folder);
-    strcopyn(dictdirectory, folder.c_str(), sizeof dictdirectory);
-    dictionarywrite("one", {"bat", "cat", "horse", "house", "mouse"});
-    dictionarywrite("two", {"Mice", "zebra"});
-    REQUIRE_FALSE(dictstart());
+    dictionariesbegin(
+        {{"one", {"bat", "cat", "horse", "house", "mouse"}}, {"two", {"Mice", "zebra"}}});
     dictsetclear();
     for (const char *name : {"one", "two"})
         REQUIRE_FALSE(dictuse(static_cast<uint32_t>(dictnamefind(name))));
