@@ -1,0 +1,83 @@
+// A test whose window waits for ever is ended with what can be said of it: its
+// name, the windows that are up, and a picture of the screen. Killed from outside
+// it would say nothing.
+#include "tests/support/driver.h"
+
+#include <doctest/doctest.h>
+#include <windows.h>
+
+#include <atomic>
+#include <cstdio>
+#include <thread>
+
+namespace
+{
+
+constexpr DWORD LONGEST = 150000; // milliseconds, of one test
+
+std::atomic<const char *> running; // 0 between tests
+std::atomic<DWORD> since;
+
+BOOL CALLBACK windowtell(HWND h, LPARAM)
+{
+    DWORD process = 0;
+    GetWindowThreadProcessId(h, &process);
+    if (process != GetCurrentProcessId() || !IsWindowVisible(h)) return TRUE;
+    char kind[64] = "", title[128] = "";
+    GetClassNameA(h, kind, sizeof kind);
+    wchar_t wide[64] = L"";
+    InternalGetWindowText(h, wide, 64); // asks nobody: the window may be stuck
+    WideCharToMultiByte(CP_ACP, 0, wide, -1, title, sizeof title, nullptr, nullptr);
+    fprintf(stderr, "  %s window \"%s\"%s\n", kind, title, IsWindowEnabled(h) ? "" : ", disabled");
+    return TRUE;
+}
+
+[[noreturn]] void tell(const char *name)
+{
+    fprintf(stderr, "ERROR: overdue after %lu s: %s\n", LONGEST / 1000, name);
+    EnumWindows(windowtell, 0);
+    drivesave(drivelookscreen(), "overdue.png");
+    fprintf(stderr, "  the screen is in overdue.png\n");
+    fflush(stderr);
+    TerminateProcess(GetCurrentProcess(), 3);
+    std::abort();
+}
+
+void watch()
+{
+    for (;;) {
+        Sleep(1000);
+        const char *name = running;
+        if (name && GetTickCount() - since > LONGEST) tell(name);
+    }
+}
+
+struct overduewatch : doctest::IReporter {
+    explicit overduewatch(const doctest::ContextOptions &) {}
+    void report_query(const doctest::QueryData &) override {}
+    void test_run_start() override
+    {
+        std::thread(watch).detach();
+    }
+    void test_run_end(const doctest::TestRunStats &) override {}
+    void test_case_start(const doctest::TestCaseData &test) override
+    {
+        since = GetTickCount();
+        running = test.m_name;
+    }
+    void test_case_reenter(const doctest::TestCaseData &) override {}
+    void test_case_end(const doctest::CurrentTestCaseStats &) override
+    {
+        running = nullptr;
+    }
+    void test_case_exception(const doctest::TestCaseException &) override {}
+    void subcase_start(const doctest::SubcaseSignature &) override {}
+    void subcase_end() override {}
+    void log_assert(const doctest::AssertData &) override {}
+    void log_message(const doctest::MessageData &) override {}
+    void test_case_skipped(const doctest::TestCaseData &) override {}
+};
+
+} // namespace
+
+REGISTER_LISTENER("overduewatch", 2, overduewatch);
