@@ -51,6 +51,7 @@ driveplace drivemiddle(window w);
 driveplace driveclient(window w, int x, int y);
 window drivecontrol(window w, int icon); // 0 if there is none
 driveplace driveicon(window w, int icon);
+void driveiconclick(window w, int icon, drivebutton button = DRIVELEFT);
 void drivesize(window w, int *width, int *height); // of the client area
 
 // What is on the screen, colours as 0xRRGGBB.

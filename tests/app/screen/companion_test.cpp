@@ -7,7 +7,6 @@
 #include "find/solutions.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
-#include "grid/gridshape.h"
 #include "tests/app/screen/companion.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/gridhands.h"

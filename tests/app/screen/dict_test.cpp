@@ -12,8 +12,9 @@
 #include "find/solve.h"
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
-#include "grid/gridpicture.h"
+#include "tests/app/screen/boxhands.h"
 #include "tests/app/screen/dictionaryhands.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
@@ -80,8 +81,7 @@ void edit(const list &words)
 
 void press(int32_t icon)
 {
-    driveplace at = driveicon(editor.self, icon);
-    driveclick(at.x, at.y);
+    driveiconclick(editor.self, icon);
 }
 
 void fieldtype(const std::string &text)
@@ -178,12 +178,6 @@ bool largebegin()
     std::filesystem::remove(dictionaryplace("mine.dic"));
     std::filesystem::copy_file(file, dictionaryplace("mine.dic"));
     return true;
-}
-
-// What an error box says while work is done.
-std::string complaint(const std::function<void()> &work)
-{
-    return drivebox(IDOK, work);
 }
 
 } // namespace
@@ -564,7 +558,7 @@ TEST_CASE("a word that is added under a search waits for the search's end")
     if (!largebegin()) return;
     REQUIRE_FALSE(dictuse(mine()));
     std::string open = "......\n......\n......\n......\n......\n......\n"; // takes for ever
-    REQUIRE_FALSE(picturetextread(open.data(), static_cast<int32_t>(open.size())));
+    documentread(open);
     for (int x = 0; x < 6; x++)
         for (int y = 0; y < 6; y++)
             grid.flags[x][y] |= CELLMARKED;

@@ -5,8 +5,9 @@
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "find/spellwindow.h"
-#include "grid/gridpicture.h"
+#include "tests/app/screen/boxhands.h"
 #include "tests/app/screen/dictionaryhands.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/menuhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
@@ -48,24 +49,10 @@ void begin(const list &words)
     dictionariesbegin({{"mine", words}});
 }
 
-// What an error box says while work is done.
-std::string complaint(const std::function<void()> &work)
-{
-    std::string text = drivebox(IDOK, work);
-    drivepump();
-    return text;
-}
-
 void edit()
 {
     menuchoose(EDIT);
     REQUIRE(editor.self);
-}
-
-void press(window w, int32_t icon)
-{
-    driveplace at = driveicon(w, icon);
-    driveclick(at.x, at.y);
 }
 
 size_t filesthere()
@@ -91,8 +78,7 @@ struct taken {
 void gridwith(const std::string &word)
 {
     std::string picture = word + "#\n" + std::string(word.size() + 1, '#') + "\n";
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
-    drivepump();
+    documentread(picture);
 }
 
 } // namespace
@@ -128,9 +114,9 @@ TEST_CASE("a damaged dictionary can't be edited or added to, and its file stays"
     gridwith("ant");
     REQUIRE_FALSE(commandrun(SPELLCHECK));
     REQUIRE(check.self);
-    CHECK(complaint([] { press(check.self, CHECKADD); }) != "");
+    CHECK(complaint([] { driveiconclick(check.self, CHECKADD); }) != "");
     CHECK_FALSE(dictanychanges());
-    press(check.self, CHECKCLOSE);
+    driveiconclick(check.self, CHECKCLOSE);
     CHECK_FALSE(check.self);
     CHECK(fileread(dictionaryplace("mine.dic")) == damaged);
 }
@@ -151,7 +137,7 @@ TEST_CASE("a dictionary that another program has open is let alone")
     drivekey(VK_RETURN);
     {
         taken file(dictionaryplace("mine.dic"));
-        press(editor.self, KEEP);
+        driveiconclick(editor.self, KEEP);
         CHECK_FALSE(editor.self);
     }
     CHECK(fileread(dictionaryplace("mine.dic")) == before);
@@ -209,8 +195,8 @@ TEST_CASE("an empty dictionary shows nothing, has nothing to choose and makes no
     CHECK(editor.view.rowcaret == -1);
     CHECK(drivetext(editor.self, FIELD) == "");
     CHECK(drivelook(editor.view.pane).pixels == blank.pixels);
-    press(editor.self, DELETEWORD);
-    press(editor.self, ADD);
+    driveiconclick(editor.self, DELETEWORD);
+    driveiconclick(editor.self, ADD);
     CHECK(drivetext(editor.self, COUNT) == "0");
     CHECK(drivefilebox(dictionaryplace("out.txt"), 0, true, [] { CHECK_FALSE(editexportbox()); }));
     CHECK_FALSE(std::filesystem::exists(dictionaryplace("out.txt")));

@@ -6,7 +6,7 @@
 #include "grid/grid.h"
 #include "grid/gridpicture.h"
 #include "grid/gridview.h"
-#include "tests/app/screen/screen.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
 
@@ -21,20 +21,6 @@ namespace
 {
 
 constexpr int32_t OPEN = 40022, SAVE = 40028, SAVEAS = 40004, SAVECLUES = 40005;
-
-void document(const std::string &picture)
-{
-    screenstart();
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
-    drivepump();
-}
-
-std::string written()
-{
-    std::string text;
-    picturetextwrite(&text);
-    return text;
-}
 
 std::string at(const std::string &leaf)
 {
@@ -58,7 +44,7 @@ void boxed(int32_t command, const std::string &path, int row, bool ok)
 
 TEST_CASE("a grid is saved under a typed name, and opened again")
 {
-    document("ab#\n...\n");
+    documentbegin("ab#\n...\n");
     boxed(SAVEAS, at("first"), 0, true);
     CHECK(bytes("first.qmg").starts_with("Quillmere Grid"));
     CHECK(grid.filename == at("first.qmg"));
@@ -66,9 +52,9 @@ TEST_CASE("a grid is saved under a typed name, and opened again")
 
     REQUIRE_FALSE(picturetextread("x\n", 2));
     boxed(OPEN, at("first.qmg"), 0, false);
-    CHECK(written() == "x\n");
+    CHECK(documentpicture() == "x\n");
     boxed(OPEN, at("first.qmg"), 0, true);
-    CHECK(written() == "ab#\n...\n");
+    CHECK(documentpicture() == "ab#\n...\n");
 
     // An extension in another case stays, and Save asks nothing.
     boxed(SAVEAS, at("second.QMG"), 1, true);
@@ -80,7 +66,7 @@ TEST_CASE("a grid is saved under a typed name, and opened again")
 
 TEST_CASE("a type of picture makes a picture, and leaves the document its name")
 {
-    document("ab#\n...\n");
+    documentbegin("ab#\n...\n");
     std::string named = grid.filename;
     boxed(SAVEAS, at("picture"), 2, true);
     CHECK(bytes("picture.emf").substr(0, 4) == std::string("\1\0\0\0", 4));
@@ -96,14 +82,14 @@ TEST_CASE("a type of picture makes a picture, and leaves the document its name")
 
 TEST_CASE("clues are saved as text")
 {
-    document("ab#\n...\n");
+    documentbegin("ab#\n...\n");
     boxed(SAVECLUES, at("clues"), 0, true);
     CHECK(bytes("clues.txt").find("Clues across.") != std::string::npos);
 }
 
 TEST_CASE("the system offers dropped files to the windows that take them")
 {
-    document("ab#\n...\n");
+    documentbegin("ab#\n...\n");
     auto offered = [](window w) {
         return (GetWindowLongA(reinterpret_cast<HWND>(w), GWL_EXSTYLE) & WS_EX_ACCEPTFILES) != 0;
     };

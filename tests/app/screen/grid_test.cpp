@@ -12,9 +12,9 @@
 #include "grid/appearance.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
-#include "grid/gridpicture.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
@@ -32,20 +32,6 @@ void begin()
 {
     screenstart();
     REQUIRE_FALSE(scrollto(gridwindow, 0, 0));
-}
-
-void document(const std::string &picture)
-{
-    begin();
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
-    drivepump();
-}
-
-std::string written()
-{
-    std::string text;
-    picturetextwrite(&text);
-    return text;
 }
 
 windowstaterecord view()
@@ -88,28 +74,11 @@ drivepicture look()
     return drivelook(gridwindow);
 }
 
-int differences(const drivepicture &a, const drivepicture &b)
-{
-    REQUIRE(a.width == b.width);
-    REQUIRE(a.height == b.height);
-    int count = 0;
-    for (size_t i = 0; i < a.pixels.size(); i++)
-        count += a.pixels[i] != b.pixels[i];
-    return count;
-}
-
 drivepicture drawnafresh()
 {
     gridredraw();
     drivepump();
     return look();
-}
-
-// Edits draw what they change: it must look as if all had been drawn again.
-int undrawn()
-{
-    drivepicture now = look();
-    return differences(now, drawnafresh());
 }
 
 void randomdocument(uint32_t seed)
@@ -135,7 +104,7 @@ std::string field(int32_t icon)
 
 TEST_CASE("a square has a frame, a bar is two pixels inside it, colours tell its kind")
 {
-    document("#...\n....\n....\n\nleft 1,1\ntop 2,1\n");
+    documentbegin("#...\n....\n....\n\nleft 1,1\ntop 2,1\n");
     grid.flags[3][0] |= CELLMARKED;
     grid.flags[3][1] |= CELLMARKED;
     grid.cursorx = 3;
@@ -236,19 +205,19 @@ TEST_CASE("scrolling by squares shows what a redraw would")
 
 TEST_CASE("typing fills a word, arrows move, and the view follows")
 {
-    document("......\n.#####\n......\n");
+    documentbegin("......\n.#####\n......\n");
     click(0, 0);
     CHECK(undrawn() == 0);
     drivetype("cat");
     CHECK(grid.cursorx == 0); // a crossing: nowhere yet
-    CHECK(written() == "t.....\n.#####\n......\n");
+    CHECK(documentpicture() == "t.....\n.#####\n......\n");
     drivekey(KEYRIGHT);
     drivetype("Ox*5");
-    CHECK(written() == "tOx*..\n.#####\n......\n");
+    CHECK(documentpicture() == "tOx*..\n.#####\n......\n");
     CHECK(grid.cursorx == 4);
     drivekey(KEYBACKSPACE);
     drivekey(KEYDELETE);
-    CHECK(written() == "tOx...\n.#####\n......\n");
+    CHECK(documentpicture() == "tOx...\n.#####\n......\n");
     CHECK(grid.cursorx == 2);
     drivekey(KEYDOWN);
     CHECK(grid.cursory == 2);
@@ -268,14 +237,14 @@ TEST_CASE("typing fills a word, arrows move, and the view follows")
 
 TEST_CASE("keys come from the main window too, but not from the bar")
 {
-    document("...\n");
+    documentbegin("...\n");
     click(0, 0);
     REQUIRE_FALSE(focuswindow(mainwindow));
     drivetype("a");
     CHECK(grid.letters[0][0] == 'a');
     REQUIRE_FALSE(caretatend(buttonwindow, FIELDANAGRAM));
     drivetype("b");
-    CHECK(written() == "a..\n");
+    CHECK(documentpicture() == "a..\n");
     CHECK(field(FIELDANAGRAM) == "b");
     seticontext(buttonwindow, FIELDANAGRAM, "");
     drivekey(KEYESCAPE);
@@ -283,32 +252,32 @@ TEST_CASE("keys come from the main window too, but not from the bar")
 
 TEST_CASE("function keys reflect, in a Wordsquare too")
 {
-    document("#....\n.....\n");
+    documentbegin("#....\n.....\n");
     click(1, 0);
     drivekey(KEYF1 + 5);
-    CHECK(written() == "#...#\n.....\n");
+    CHECK(documentpicture() == "#...#\n.....\n");
     grid.kind = GRIDWORDSQUARE;
     drivekey(KEYF1 + 7);
-    CHECK(written() == "#...#\n#...#\n");
+    CHECK(documentpicture() == "#...#\n#...#\n");
     CHECK(undrawn() == 0);
 }
 
 TEST_CASE("the right button makes blocks and bars")
 {
-    document("ab..\n....\n....\n");
+    documentbegin("ab..\n....\n....\n");
     click(1, 0, DRIVERIGHT);
     click(2, 1, DRIVERIGHT, DRIVESHIFT);
     click(1, 1, DRIVERIGHT, DRIVECTRL);
-    CHECK(written() == "a#..\n....\n....\n\nleft 2,1\ntop 1,1\n");
+    CHECK(documentpicture() == "a#..\n....\n....\n\nleft 2,1\ntop 1,1\n");
     click(1, 0, DRIVERIGHT);
-    CHECK(written() == "a...\n....\n....\n\nleft 2,1\ntop 1,1\n");
+    CHECK(documentpicture() == "a...\n....\n....\n\nleft 2,1\ntop 1,1\n");
     CHECK(undrawn() == 0);
     CHECK(drivetext(mainwindow).back() == '*');
 }
 
 TEST_CASE("a drag marks, its length shows; a press ends the mark, Ctrl keeps it")
 {
-    document(".....\n..#..\n.....\n");
+    documentbegin(".....\n..#..\n.....\n");
     drivedrag({cell(0, 0), cell(3, 2), cell(3, 0)});
     CHECK(grid.markright == 3);
     CHECK(grid.markbottom == 0);
@@ -336,7 +305,7 @@ TEST_CASE("a drag marks, its length shows; a press ends the mark, Ctrl keeps it"
 
 TEST_CASE("a press with a twitch is a press")
 {
-    document("...\n...\n");
+    documentbegin("...\n...\n");
     driveplace at = cell(2, 1);
     drivedrag({at, {at.x + 2, at.y + 1}});
     CHECK(grid.cursorx == 2);
@@ -368,7 +337,7 @@ TEST_CASE("a drag to the window's edge scrolls on")
 
 TEST_CASE("during a search the cells are the search's")
 {
-    document("a.b\n...\n");
+    documentbegin("a.b\n...\n");
     click(1, 0);
     searchbegin();
     drivetype("x");
@@ -378,7 +347,7 @@ TEST_CASE("during a search the cells are the search's")
     click(0, 0);
     click(2, 0, DRIVERIGHT);
     drivedrag({cell(0, 0), cell(2, 1)});
-    CHECK(written() == "a.b\n...\n");
+    CHECK(documentpicture() == "a.b\n...\n");
     CHECK(grid.cursorx == 1);
     CHECK(grid.markleft == -1);
     CHECK(search.stopflag == 0);
@@ -391,18 +360,18 @@ TEST_CASE("during a search the cells are the search's")
 
 TEST_CASE("a grid is dropped on the grid, a word list on a Wordsquare's alone")
 {
-    document("ab#\n..c\n\nleft 1,1\n");
-    std::string before = written(), path = scratchfolder() + "\\dropped.qmg";
+    documentbegin("ab#\n..c\n\nleft 1,1\n");
+    std::string before = documentpicture(), path = scratchfolder() + "\\dropped.qmg";
     std::string words = scratchfolder() + "\\words.txt";
     REQUIRE_FALSE(gridwrite(path.c_str()));
     std::ofstream(words) << "apple\npear\n";
 
-    document("....\n");
+    documentbegin("....\n");
     drivedrop(gridwindow, {words}, cell(1, 0));
     CHECK(grid.filename[0] == 0);
     CHECK(solutions.count == 0);
     drivedrop(gridwindow, {path}, cell(1, 0));
-    CHECK(written() == before);
+    CHECK(documentpicture() == before);
     CHECK(drivetext(mainwindow) == "Quillmere - dropped.qmg");
     CHECK(grid.cursorx == -1);
     CHECK(undrawn() == 0);
@@ -417,7 +386,7 @@ TEST_CASE("a grid is dropped on the grid, a word list on a Wordsquare's alone")
 TEST_CASE("the dialog for the size")
 {
     constexpr int32_t MENUSIZE = 40008, WIDTH = 1008, HEIGHT = 1010, HEIGHTARROWS = 1009;
-    document("abc\n...\n");
+    documentbegin("abc\n...\n");
     click(1, 1);
     REQUIRE_FALSE(commandrun(MENUSIZE));
     drivepump();
@@ -446,16 +415,14 @@ TEST_CASE("the dialog for the size")
         driveplace arrows = driveicon(dialog, HEIGHTARROWS);
         driveclick(arrows.x, arrows.y - 3);
         driveclick(arrows.x, arrows.y - 3);
-        driveplace ok = driveicon(dialog, 1);
-        driveclick(ok.x, ok.y);
+        driveiconclick(dialog, 1);
         CHECK(grid.width == 3);
         CHECK(grid.height == 4);
     }
     SUBCASE("dropped by Cancel")
     {
         drivetype("9");
-        driveplace cancel = driveicon(dialog, 2);
-        driveclick(cancel.x, cancel.y);
+        driveiconclick(dialog, 2);
         CHECK(grid.width == 3);
     }
     SUBCASE("dropped by the close box")

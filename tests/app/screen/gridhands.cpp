@@ -64,10 +64,3 @@ int undrawn()
     drivepump();
     return differences(before, drivelook(mainwindow));
 }
-
-std::string complaint(const std::function<void()> &work)
-{
-    std::string text = drivebox(IDOK, work);
-    drivepump();
-    return text;
-}

@@ -26,6 +26,3 @@ int differences(const drivepicture &a, const drivepicture &b);
 
 // Pixels of the main window that would look otherwise had all been drawn anew.
 int undrawn();
-
-// What the error box says that work brings up. It is closed.
-std::string complaint(const std::function<void()> &work);

@@ -181,8 +181,7 @@ TEST_CASE("F1 asks for the control with the focus, a right click for what is und
     asked.clear();
     drivekey(VK_F1, DRIVECTRL);
     CHECK(asked == "");
-    driveplace button = driveicon(dialog.w, 1);
-    driveclick(button.x, button.y, DRIVERIGHT);
+    driveiconclick(dialog.w, 1, DRIVERIGHT);
     CHECK(askedicon == 1);
     CHECK(asked == popupat(drivecontrol(dialog.w, 1)));
     asked.clear();
@@ -225,8 +224,7 @@ TEST_CASE("About tells of the program, and its links open")
     CHECK(drivefind("About Quillmere", "Task") == box);
     SUBCASE("until OK")
     {
-        driveplace place = driveicon(box, 1);
-        driveclick(place.x, place.y);
+        driveiconclick(box, 1);
     }
     SUBCASE("until Escape")
     {

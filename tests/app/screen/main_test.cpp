@@ -14,8 +14,8 @@
 #include "grid/gridpicture.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/menuhands.h"
-#include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
 
@@ -33,20 +33,6 @@ namespace
 constexpr int32_t NEWGRID = 40001, NEWWORDS = 40002, OPEN = 40022, SAVE = 40028,
                   DEFAULTSAVE = 40006, CROSSWORD = 40030, WORDSQUARE = 40031, VERTICAL = 40009,
                   HORIZONTAL = 40010, RISING = 40023, FALLING = 40011, UPPER = 40013, LOWER = 40014;
-
-void document(const std::string &picture)
-{
-    screenstart();
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
-    drivepump();
-}
-
-std::string written()
-{
-    std::string text;
-    picturetextwrite(&text);
-    return text;
-}
 
 std::string title()
 {
@@ -108,43 +94,15 @@ void framesize(int *width, int *height)
     *height = static_cast<int>(r.bottom - r.top);
 }
 
-// The whole window as the screen shows it, against what it shows once all of it
-// has been drawn again.
-int undrawn()
-{
-    drivemove(2, 2);
-    drivepicture before = drivelook(mainwindow);
-    RedrawWindow(handle(mainwindow), nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-    drivepump();
-    drivepicture after = drivelook(mainwindow);
-    int count = 0;
-    for (size_t i = 0; i < after.pixels.size() && i < before.pixels.size(); i++)
-        count += after.pixels[i] != before.pixels[i];
-    return count;
-}
-
-driveplace cell(int32_t x, int32_t y)
-{
-    return driveclient(gridwindow, ostodevx(x * grid.cellwidth + grid.cellwidth / 2),
-                       ostodevy(y * grid.cellheight + grid.cellheight / 2));
-}
-
-void clickcell(int32_t x, int32_t y)
-{
-    driveplace at = cell(x, y);
-    driveclick(at.x, at.y);
-}
-
 } // namespace
 
 TEST_CASE("the title tells the document and whether it is changed")
 {
-    document("...\n...\n");
+    documentbegin("...\n...\n");
     gridunchanged();
     settitlefromgrid();
     CHECK(title() == "Quillmere");
-    clickcell(0, 0);
+    cellclick(0, 0);
     CHECK(title() == "Quillmere");
     drivetype("a");
     CHECK(title() == "Quillmere*");
@@ -159,29 +117,29 @@ TEST_CASE("the title tells the document and whether it is changed")
         drivewait([] { return !drivefind("", "#32770"); });
     });
     CHECK(title() == "Quillmere - named.qmg");
-    clickcell(1, 0);
+    cellclick(1, 0);
     drivetype("b");
     CHECK(title() == "Quillmere - named.qmg*");
     drivekey('S', DRIVECTRL);
     CHECK(title() == "Quillmere - named.qmg");
-    clickcell(2, 0);
+    cellclick(2, 0);
     drivetype("c");
     choose(SAVE);
     CHECK(title() == "Quillmere - named.qmg");
     choose(NEWGRID);
     CHECK(title() == "Quillmere");
-    CHECK(written() == "...\n...\n");
-    clickcell(0, 0);
+    CHECK(documentpicture() == "...\n...\n");
+    cellclick(0, 0);
     REQUIRE_FALSE(picturetextread("ab#\n.*.\n", 8));
     choose(NEWWORDS);
-    CHECK(written() == "..#\n...\n");
+    CHECK(documentpicture() == "..#\n...\n");
     CHECK(title() == "Quillmere*");
     CHECK(undrawn() == 0);
 }
 
 TEST_CASE("the splitter is dragged within its limits, and the panes follow")
 {
-    document("ab.\n...\n");
+    documentbegin("ab.\n...\n");
     gridunchanged();
     checklayout();
     int width, height;
@@ -210,7 +168,7 @@ TEST_CASE("the splitter is dragged within its limits, and the panes follow")
 
 TEST_CASE("the panes follow the size of the window")
 {
-    document("ab.\n...\n");
+    documentbegin("ab.\n...\n");
     for (int size : {500, 120, 30, 700}) {
         CAPTURE(size);
         SetWindowPos(handle(mainwindow), nullptr, 0, 0, size, size, SWP_NOMOVE | SWP_NOZORDER);
@@ -237,14 +195,13 @@ TEST_CASE("the panes follow the size of the window")
 
 TEST_CASE("each kind of grid has its bar, and a text typed there stays with it")
 {
-    document("ab.\n...\n");
+    documentbegin("ab.\n...\n");
     CHECK(drivecontrol(buttonwindow, BUTTONSOLVE));
-    driveplace field = driveicon(buttonwindow, FIELDANAGRAM);
-    driveclick(field.x, field.y);
+    driveiconclick(buttonwindow, FIELDANAGRAM);
     drivetype("letters");
     choose(WORDSQUARE);
     CHECK(grid.kind == GRIDWORDSQUARE);
-    CHECK(written() == "...\n...\n");
+    CHECK(documentpicture() == "...\n...\n");
     CHECK(title() == "Quillmere");
     CHECK_FALSE(drivecontrol(buttonwindow, BUTTONSOLVE));
     for (int control : {FIELDWORD, BUTTONDELETE, BUTTONMAKE, BUTTONSQUARESOLVE, BUTTONNEW})
@@ -271,15 +228,15 @@ TEST_CASE("reflections from the menu are those of the keys")
         "#..#..\n...#..\n.##...\n..#..#\n......\n.#....\n\nleft 1,1 3,2\ntop 4,1\n";
     for (auto &way : ways) {
         CAPTURE(way.key);
-        document(first);
-        clickcell(1, 0);
+        documentbegin(first);
+        cellclick(1, 0);
         drivekey(way.key);
-        std::string keyed = written();
+        std::string keyed = documentpicture();
         CHECK(keyed != first);
         CHECK(undrawn() == 0);
-        document(first);
+        documentbegin(first);
         choose(way.id);
-        CHECK(written() == keyed);
+        CHECK(documentpicture() == keyed);
         CHECK(title().back() == '*');
     }
 }
@@ -292,26 +249,26 @@ TEST_CASE("cases are ticked, exclude each other, and take the letters along")
             if (entry.ticked) text += entry.text;
         return text;
     };
-    document("aB#\n");
+    documentbegin("aB#\n");
     CHECK(ticks() == "");
     choose(UPPER);
     CHECK(ticks() == "Upper Case");
-    CHECK(written() == "AB#\n");
-    clickcell(0, 0);
+    CHECK(documentpicture() == "AB#\n");
+    cellclick(0, 0);
     drivetype("x");
-    CHECK(written() == "XB#\n");
+    CHECK(documentpicture() == "XB#\n");
     choose(LOWER);
     CHECK(ticks() == "Lower Case");
-    CHECK(written() == "xb#\n");
+    CHECK(documentpicture() == "xb#\n");
     choose(LOWER);
     CHECK(ticks() == "");
-    CHECK(written() == "xb#\n");
+    CHECK(documentpicture() == "xb#\n");
     CHECK(undrawn() == 0);
 }
 
 TEST_CASE("a default grid keeps size, kind, looks and window for the next start")
 {
-    document("ab#\n...\n");
+    documentbegin("ab#\n...\n");
     char directory[PATHSIZE], login[256];
     REQUIRE_FALSE(platformprogramdirectory(directory, sizeof directory));
     REQUIRE_FALSE(platformloginname(login, sizeof login));
@@ -326,7 +283,7 @@ TEST_CASE("a default grid keeps size, kind, looks and window for the next start"
     framesize(&width, &height);
     dragsplitter(300);
     uint32_t split = grid.splitfraction;
-    clickcell(0, 0);
+    cellclick(0, 0);
     drivetype("a");
     choose(DEFAULTSAVE);
     CHECK(std::filesystem::exists(file));
@@ -354,7 +311,7 @@ TEST_CASE("a default grid keeps size, kind, looks and window for the next start"
 
 TEST_CASE("a dropped grid brings its window size along; what is no grid is told of")
 {
-    document("ab#\n...\n");
+    documentbegin("ab#\n...\n");
     std::string good = scratchfolder() + "\\sized.qmg", bad = scratchfolder() + "\\bad.qmg";
     SetWindowPos(handle(mainwindow), nullptr, 0, 0, 560, 420, SWP_NOMOVE | SWP_NOZORDER);
     drivepump();
@@ -363,36 +320,36 @@ TEST_CASE("a dropped grid brings its window size along; what is no grid is told 
     REQUIRE_FALSE(gridwrite(good.c_str()));
     std::ofstream(bad) << "zebra\n";
     SetWindowPos(handle(mainwindow), nullptr, 0, 0, 400, 300, SWP_NOMOVE | SWP_NOZORDER);
-    document("....\n");
+    documentbegin("....\n");
     for (window target : {mainwindow, solutionswindow}) {
         drivedrop(target, {good}, drivemiddle(target));
-        CHECK(written() == "ab#\n...\n");
+        CHECK(documentpicture() == "ab#\n...\n");
         CHECK(title() == "Quillmere - sized.qmg");
         int again, high;
         framesize(&again, &high);
         CHECK(std::abs(again - width) <= 1);
         CHECK(std::abs(high - height) <= 1);
         checklayout();
-        document("....\n");
+        documentbegin("....\n");
     }
     std::string said =
         drivebox(IDOK, [&] { drivedrop(mainwindow, {bad}, drivemiddle(mainwindow)); });
     CHECK(said == "Corruption in file.");
-    CHECK(written() == "....\n");
+    CHECK(documentpicture() == "....\n");
     drivedrop(mainwindow, {scratchfolder() + "\\missing.qmg"}, drivemiddle(mainwindow));
-    CHECK(written() == "....\n");
+    CHECK(documentpicture() == "....\n");
 }
 
 TEST_CASE("an edited grid is asked about before the program ends")
 {
-    document("...\n");
-    clickcell(0, 0);
+    documentbegin("...\n");
+    cellclick(0, 0);
     drivetype("a");
     auto stays = [](const std::function<void()> &quit) {
         CHECK(drivebox(IDNO, quit) == "Grid edited and not saved. Continue?");
         drivepump();
         CHECK(IsWindow(handle(mainwindow)));
-        CHECK(written() == "a..\n");
+        CHECK(documentpicture() == "a..\n");
         CHECK(title() == "Quillmere*");
     };
     stays([] { drivekey(VK_F4, DRIVEALT); });

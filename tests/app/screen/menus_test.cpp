@@ -6,10 +6,10 @@
 #include "dict/dictset.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
-#include "grid/gridpicture.h"
 #include "grid/gridshape.h"
 #include "grid/gridwindow.h"
 #include "tests/app/screen/dictionaryhands.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/menuhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
@@ -102,14 +102,6 @@ int at(const char *name)
     return number;
 }
 
-void change(const std::string &picture)
-{
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
-    gridunchanged();
-    settitlefromgrid();
-    drivepump();
-}
-
 list inuse()
 {
     list names;
@@ -174,7 +166,7 @@ TEST_CASE("every entry that opens a window opens it, in both kinds of grid")
 TEST_CASE("dictionaries are loaded, ticked and unloaded by the menu, and the grid names them")
 {
     begin({"Alpha", "beta", "Gamma"});
-    change("...\n...\n");
+    documentread("...\n...\n");
     menuchoose({1, 1, at("Gamma")});
     menuchoose({1, 1, at("Alpha")});
     CHECK(drivetext(mainwindow) == "Quillmere*");
@@ -216,7 +208,7 @@ TEST_CASE("dictionaries are loaded, ticked and unloaded by the menu, and the gri
 TEST_CASE("a dictionary is edited, made and taken away by the menu")
 {
     begin({"Alpha", "beta"});
-    change("...\n");
+    documentread("...\n");
     menuchoose({1, 2, at("beta")});
     REQUIRE(editor.self);
     CHECK(drivetext(editor.self).find("beta") != std::string::npos);

@@ -6,7 +6,7 @@
 #include "grid/gridpicture.h"
 #include "grid/gridshape.h"
 #include "output/picture.h"
-#include "tests/app/screen/screen.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
 
@@ -30,13 +30,6 @@ constexpr int ENHANCED = 2, PLAIN = 3, PLACEABLE = 4;
 struct countrecord {
     int lines, boxes, texts;
 };
-
-void document(const std::string &picture)
-{
-    screenstart();
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
-    drivepump();
-}
 
 bool menuopen()
 {
@@ -183,29 +176,29 @@ int boxes()
 
 TEST_CASE("pictures of a grid with blocks have its numbers and letters")
 {
-    document("ab#\n...\n#.c\n");
+    documentbegin("ab#\n...\n#.c\n");
     std::string name = grid.filename;
     bool changed = grid.changed;
     kinds(4 + 4, 3 + 5); // ab. has 1 and 2, ... 3, and the two words down 4 and 5
     CHECK(grid.filename == name);
     CHECK(grid.changed == changed);
     int with = boxes();
-    document("abx\n...\ny.c\n");
+    documentbegin("abx\n...\ny.c\n");
     CHECK(with == boxes() + 2);
 }
 
 TEST_CASE("pictures of a grid with bars")
 {
-    document("...\n...\n...\n");
+    documentbegin("...\n...\n...\n");
     int without = boxes();
-    document("...\n...\n...\n\nleft 1,0 2,2\ntop 0,1\n");
+    documentbegin("...\n...\n...\n\nleft 1,0 2,2\ntop 0,1\n");
     CHECK(boxes() == without + 3);
     kinds(4 + 4, 4);
 }
 
 TEST_CASE("a picture leaves the cursor and the mark out")
 {
-    document("ab\ncd\n");
+    documentbegin("ab\ncd\n");
     std::string before = saved("picture.wmf", PLAIN);
     grid.cursorx = grid.cursory = 0;
     grid.flags[1][0] |= CELLMARKED;
@@ -214,7 +207,7 @@ TEST_CASE("a picture leaves the cursor and the mark out")
 
 TEST_CASE("pictures of a Wordsquare show its solutions if they are wanted")
 {
-    document("heron\n.....\n");
+    documentbegin("heron\n.....\n");
     gridsetkind(GRIDWORDSQUARE);
     REQUIRE_FALSE(picturetextread("heron\nabcde\n", 12));
     solwordslayout();
@@ -233,11 +226,11 @@ TEST_CASE("pictures of the largest grid, and of the narrowest")
         rows += std::string(GRIDMAX, '#') + "\n";
     rows[0] = 'a';
     rows[rows.size() - 2] = 'z';
-    document(rows);
+    documentbegin(rows);
     kinds(2 * (GRIDMAX + 1), 2);
 
-    document("a\nb\n.\n");
+    documentbegin("a\nb\n.\n");
     kinds(4 + 2, 2 + 1);
-    document("abc\n");
+    documentbegin("abc\n");
     kinds(2 + 4, 3 + 1);
 }

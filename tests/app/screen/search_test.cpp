@@ -3,7 +3,6 @@
 #include "app/commands.h"
 #include "app/mainwindow.h"
 #include "base/chars.h"
-#include "base/text.h"
 #include "desktop/icons.h"
 #include "desktop/windows.h"
 #include "dict/dictset.h"
@@ -13,16 +12,11 @@
 #include "find/solve.h"
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
-#include "grid/gridfile.h"
-#include "grid/gridpicture.h"
-#include "grid/gridshape.h"
 #include "grid/gridview.h"
-#include "grid/gridwindow.h"
-#include "tests/app/screen/companion.h"
+#include "tests/app/screen/boxhands.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/menuhands.h"
-#include "tests/app/screen/screen.h"
 #include "tests/app/screen/searchhands.h"
 #include "tests/support/driver.h"
 
@@ -31,7 +25,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -242,4 +235,3 @@ TEST_CASE("a command in the middle of a search ends it first")
     CHECK(drivecontrol(buttonwindow, BUTTONSOLVE));
     CHECK(undrawn() == 0);
 }
-

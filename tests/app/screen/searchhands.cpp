@@ -76,8 +76,7 @@ void markdrag(int32_t left, int32_t top, int32_t right, int32_t bottom)
 
 void barpress(int control)
 {
-    driveplace at = driveicon(buttonwindow, control);
-    driveclick(at.x, at.y);
+    driveiconclick(buttonwindow, control);
 }
 
 void bartype(int field, const std::string &text)

@@ -2,16 +2,15 @@
 // kept or not, and found again by a program that is started afresh. All of it by
 // mouse and keys; what was kept is read by the console companion.
 #include "base/text.h"
-#include "desktop/icons.h"
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "find/spellwindow.h"
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
-#include "grid/gridpicture.h"
-#include "grid/gridview.h"
+#include "tests/app/screen/boxhands.h"
 #include "tests/app/screen/companion.h"
 #include "tests/app/screen/dictionaryhands.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/menuhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/app/win32/program.h"
@@ -36,7 +35,6 @@ using list = std::vector<std::string>;
 // Controls of the editor and of the spell check.
 constexpr int FIELD = 1017, COUNT = 1015, ADD = 1005, DELETEWORD = 1013, KEEP = 1012, UNDO = 2;
 constexpr int CHECKFIELD = 1019, CHECKADD = 1024, CHECKCONTINUE = 1025, CHECKCLOSE = 1026;
-constexpr int YES = 11, NO = 0; // of the question at the end of a check
 
 // The Words menu; what opens a menu of dictionaries is followed by a number.
 const menupath SPELLCHECK = {1, 0}, LOAD = {1, 1, 0}, EDIT = {1, 2, 0}, CREATE = {1, 3},
@@ -66,15 +64,9 @@ list kept()
     return companion("dict words \"" + dictionaryplace("mine.dic") + "\"");
 }
 
-void press(window w, int icon)
-{
-    driveplace at = driveicon(w, icon);
-    driveclick(at.x, at.y);
-}
-
 void fill(window w, int field, const std::string &text)
 {
-    press(w, field);
+    driveiconclick(w, field);
     drivekey('A', DRIVECTRL);
     drivekey(VK_DELETE);
     drivetype(text);
@@ -123,16 +115,10 @@ void listchoose(int entry, const std::string &path)
     CHECK(chosen);
 }
 
-// Work that ends in the question whether to keep the words.
-void answered(int button, const std::function<void()> &work)
+// Work that ends a spell check, and in its question.
+void checkend(int answer, const std::function<void()> &work)
 {
-    window box = 0;
-    driveaside(work, [&] {
-        box = drivewaitwindow("Quillmere", "Task");
-        if (box) press(box, button);
-    });
-    drivepump();
-    CHECK(box);
+    CHECK(questionanswer(answer, work) == "Dictionaries changed. Retain changes?");
     CHECK_FALSE(check.self);
 }
 
@@ -149,10 +135,10 @@ void listedit()
     fill(editor.self, FIELD, "stable");
     drivekey(VK_RETURN);
     fill(editor.self, FIELD, "wordsofold");
-    press(editor.self, DELETEWORD);
+    driveiconclick(editor.self, DELETEWORD);
     rowpress(editor.view, 0);
     CHECK(drivetext(editor.self, FIELD) == "cat");
-    press(editor.self, DELETEWORD);
+    driveiconclick(editor.self, DELETEWORD);
     CHECK(drivetext(editor.self, COUNT) == "4");
 }
 
@@ -161,10 +147,8 @@ void gridtype(const std::string &word)
 {
     std::string picture = std::string(word.size(), '.') + "#\n" + std::string(word.size(), '#');
     picture += "#\n";
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
-    driveplace first =
-        driveclient(gridwindow, ostodevx(grid.cellwidth / 2), ostodevy(grid.cellheight / 2));
-    driveclick(first.x, first.y);
+    documentread(picture);
+    cellclick(0, 0);
     drivetype(word);
 }
 
@@ -241,7 +225,7 @@ TEST_CASE("words that a setter keeps are in the file, in the grid's check and in
 {
     begin();
     listedit();
-    press(editor.self, KEEP);
+    driveiconclick(editor.self, KEEP);
     CHECK_FALSE(editor.self);
     CHECK(kept() == list{"Horse", "house", "mouse", "stable"});
     CHECK_FALSE(dictinset(0));
@@ -257,8 +241,8 @@ TEST_CASE("words that a setter keeps are in the file, in the grid's check and in
     rowpress(check.view, 0); // a suggestion
     CHECK(drivetext(check.self, CHECKFIELD) == "Horse");
     fill(check.self, CHECKFIELD, "hosepipe");
-    press(check.self, CHECKADD);
-    answered(YES, [] { press(check.self, CHECKCONTINUE); }); // it was the only word
+    driveiconclick(check.self, CHECKADD);
+    checkend(ANSWERYES, [] { driveiconclick(check.self, CHECKCONTINUE); }); // it was the only word
     CHECK(kept() == list{"Horse", "hosepipe", "house", "mouse", "stable"});
     CHECK(companion("dict check \"" + dictionaryplace("mine.dic") + "\"").size() == 1);
 
@@ -267,7 +251,7 @@ TEST_CASE("words that a setter keeps are in the file, in the grid's check and in
     CHECK(drivetext(editor.self, COUNT) == "5");
     drivetype("hosepipe");
     CHECK(editor.view.rowsel == 1);
-    press(editor.self, UNDO);
+    driveiconclick(editor.self, UNDO);
 
     recordeddirectory record;
     if (!record.done) {
@@ -295,20 +279,20 @@ TEST_CASE(
 {
     begin();
     listedit();
-    press(editor.self, UNDO);
+    driveiconclick(editor.self, UNDO);
     CHECK_FALSE(editor.self);
     CHECK(kept().empty()); // as it was created
     edit();
     CHECK(drivetext(editor.self, COUNT) == "0");
     fill(editor.self, FIELD, "house");
-    press(editor.self, ADD);
-    press(editor.self, KEEP);
+    driveiconclick(editor.self, ADD);
+    driveiconclick(editor.self, KEEP);
 
     menuchoose(LOAD);
     gridtype("hose");
     menuchoose(SPELLCHECK);
-    press(check.self, CHECKADD);
-    answered(NO, [] { press(check.self, CHECKCLOSE); });
+    driveiconclick(check.self, CHECKADD);
+    checkend(ANSWERNO, [] { driveiconclick(check.self, CHECKCLOSE); });
     CHECK(kept() == list{"house"});
     menuchoose(SPELLCHECK); // it is asked about again
     CHECK(drivetext(check.self, CHECKFIELD) == "hose");
@@ -332,7 +316,7 @@ TEST_CASE("words of windows that were closed by their boxes wait in memory for t
     {
         edit();
         CHECK(drivetext(editor.self, COUNT) == "1");
-        press(editor.self, KEEP);
+        driveiconclick(editor.self, KEEP);
         CHECK(kept() == list{"mouse"});
     }
     SUBCASE("Yes to the next spell check, which asks of its own words too")
@@ -340,8 +324,8 @@ TEST_CASE("words of windows that were closed by their boxes wait in memory for t
         menuchoose(LOAD);
         gridtype("hose");
         menuchoose(SPELLCHECK);
-        press(check.self, CHECKADD);
-        answered(YES, [] { drivekey(VK_F4, DRIVEALT); });
+        driveiconclick(check.self, CHECKADD);
+        checkend(ANSWERYES, [] { drivekey(VK_F4, DRIVEALT); });
         CHECK(kept() == list{"hose", "mouse"});
     }
     SUBCASE("a start of the program, which knows nothing of them")

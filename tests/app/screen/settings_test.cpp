@@ -14,11 +14,11 @@
 #include "graphics/modeinfo.h"
 #include "grid/appearance.h"
 #include "grid/grid.h"
-#include "grid/gridpicture.h"
 #include "grid/gridsettings.h"
 #include "grid/gridshape.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
@@ -68,12 +68,6 @@ window dialog(const char *title, int command)
     return w;
 }
 
-void press(window w, int control)
-{
-    driveplace place = driveicon(w, control);
-    driveclick(place.x, place.y);
-}
-
 // The dialog is gone and the program takes input again.
 bool gone(const char *title)
 {
@@ -85,7 +79,7 @@ bool gone(const char *title)
 // Over what stands there.
 void fill(window w, int field, const std::string &text)
 {
-    press(w, field);
+    driveiconclick(w, field);
     drivekey(VK_END);
     for (size_t n = drivetext(w, field).size(); n; n--)
         drivekey(VK_BACK);
@@ -97,7 +91,7 @@ void fill(window w, int field, const std::string &text)
 void pick(window w, int control, const std::function<void(HWND)> &tell, int button = IDOK)
 {
     bool seen = false;
-    driveaside([&] { press(w, control); },
+    driveaside([&] { driveiconclick(w, control); },
                [&] {
                    auto box = reinterpret_cast<HWND>(drivewaitwindow("", "#32770"));
                    if (!box) return;
@@ -251,7 +245,7 @@ TEST_CASE("Choices: a limit out of range is brought into it; only Save writes th
     SUBCASE("OK")
     {
         fill(w, 1022, "5");
-        press(w, OK);
+        driveiconclick(w, OK);
         CHECK(gone(TITLECHOICES));
         CHECK(solutions.maxsolutions == 20);
         CHECK_FALSE(std::filesystem::exists(user.file));
@@ -266,14 +260,14 @@ TEST_CASE("Choices: a limit out of range is brought into it; only Save writes th
     SUBCASE("no number leaves it")
     {
         fill(w, 1022, "");
-        press(w, OK);
+        driveiconclick(w, OK);
         CHECK(gone(TITLECHOICES));
         CHECK(solutions.maxsolutions == 1000);
     }
     SUBCASE("Save")
     {
         fill(w, 1022, "321");
-        press(w, SAVE);
+        driveiconclick(w, SAVE);
         CHECK(gone(TITLECHOICES));
         CHECK(solutions.maxsolutions == 321);
         REQUIRE(std::filesystem::exists(user.file));
@@ -288,7 +282,7 @@ TEST_CASE("Choices: a limit out of range is brought into it; only Save writes th
         for (int way = 0; way < 3; way++) {
             if (way) w = dialog(TITLECHOICES, CHOICES);
             fill(w, 1022, "77");
-            if (way == 0) press(w, CANCEL);
+            if (way == 0) driveiconclick(w, CANCEL);
             if (way == 1) drivekey(VK_ESCAPE);
             if (way == 2) drivekey(VK_F4, DRIVEALT);
             CHECK(gone(TITLECHOICES));
@@ -310,7 +304,7 @@ TEST_CASE("Choices: the arrows change the limit")
     for (int n = 0; n < 3; n++)
         driveclick((box.left + box.right) / 2, box.bottom - 4);
     CHECK(drivetext(w, 1022) == "20");
-    press(w, CANCEL);
+    driveiconclick(w, CANCEL);
 }
 
 TEST_CASE("Choices: a colour, chosen by its sample, is shown there and then in the grid")
@@ -332,13 +326,13 @@ TEST_CASE("Choices: a colour, chosen by its sample, is shown there and then in t
     CHECK(cursorcolour == CURSORCOLOURDEFAULT);
     SUBCASE("OK")
     {
-        press(w, OK);
+        driveiconclick(w, OK);
         CHECK(cursorcolour == 0x3264C800);
         CHECK(drivepixel(cell.x, cell.y) == 0xC86432);
     }
     SUBCASE("Cancel")
     {
-        press(w, CANCEL);
+        driveiconclick(w, CANCEL);
         CHECK(cursorcolour == CURSORCOLOURDEFAULT);
         CHECK(drivepixel(cell.x, cell.y) == 0x00BBFF);
     }
@@ -362,7 +356,7 @@ TEST_CASE("Choices: the list of words takes a larger font")
     });
     CHECK(pixelsof(w, 1018, 0) > small);
     CHECK(solutions.rowheight == before);
-    press(w, OK);
+    driveiconclick(w, OK);
     CHECK(std::abs(solfont.height - 320) < 8); // whole pixels
     CHECK(solfont.width == 0);
     CHECK(solutions.rowheight > 2 * before);
@@ -390,7 +384,7 @@ TEST_CASE("Customisation: the scale's arrows go below what is taken")
     CHECK(gridsunsaved() == 0);
     SUBCASE("OK takes the least")
     {
-        press(w, OK);
+        driveiconclick(w, OK);
         CHECK(gone(TITLECUSTOM));
         CHECK(grid.squarescale == 150);
         CHECK(grid.cellwidth == 30);
@@ -401,7 +395,7 @@ TEST_CASE("Customisation: the scale's arrows go below what is taken")
     }
     SUBCASE("Cancel changes nothing")
     {
-        press(w, CANCEL);
+        driveiconclick(w, CANCEL);
         CHECK(gone(TITLECUSTOM));
         CHECK(grid.squarescale == 180);
         CHECK(grid.cellwidth == 36);
@@ -423,7 +417,7 @@ TEST_CASE("Customisation: samples of fonts are in the colours of the text and be
     CHECK(pixelof(w, 1014) == 0xFF0000);
     CHECK(pixelsof(w, 1013, 0xFF0000) > 10);
     pick(w, 1011, [](HWND box) { rgb(box, 0, 128, 0); }); // of blocks, by the sample
-    press(w, OK);
+    driveiconclick(w, OK);
     CHECK(grid.textcolour == 0x0000FF00);
     CHECK(grid.backcolour == 0x80FFFF00);
     CHECK(grid.fillcolour == 0x00800000);
@@ -453,11 +447,11 @@ TEST_CASE("Customisation of a Wordsquare: what is made, and how")
         CHECK_FALSE(iconselected(w, box.control, &on));
         CHECK(on == box.on);
     }
-    press(w, 1030); // Left, away
-    press(w, 1035); // Up+Right, added
-    press(w, 1032); // no lines in pictures
+    driveiconclick(w, 1030); // Left, away
+    driveiconclick(w, 1035); // Up+Right, added
+    driveiconclick(w, 1032); // no lines in pictures
     fill(w, 1008, "13");
-    press(w, OK);
+    driveiconclick(w, OK);
     CHECK(gone(TITLECUSTOM));
     CHECK(grid.filldirections == (14 | 128));
     CHECK(grid.showsolutions == 0);
@@ -492,7 +486,7 @@ TEST_CASE("Choices: all that is set is seen at once, and after Save it is in the
     pick(w, 1011, twenty);
     pick(w, 1018, twenty); // by its sample
     fill(w, 1022, "321");
-    press(w, SAVE);
+    driveiconclick(w, SAVE);
     CHECK_FALSE(drivefind(TITLECHOICES));
     CHECK(IsWindowEnabled(reinterpret_cast<HWND>(mainwindow)));
     CHECK(cellcolour(1, 1) == 0xC86432);
@@ -520,7 +514,7 @@ TEST_CASE("Customisation: all that is set is seen at once, and goes with the gri
 {
     begin();
     std::string picture = "ab#\n.c.\n";
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
+    documentread(picture);
     grid.cursorx = 0;
     grid.cursory = 1;
     window w = dialog(TITLECUSTOM, CUSTOMISE);
@@ -529,7 +523,7 @@ TEST_CASE("Customisation: all that is set is seen at once, and goes with the gri
     pick(w, 1017, [](HWND box) { rgb(box, 0, 128, 0); }); // blocks
     pick(w, 1020, [](HWND box) { rgb(box, 255, 255, 128); });
     fill(w, 1007, "300");
-    press(w, OK);
+    driveiconclick(w, OK);
     CHECK(gone(TITLECUSTOM));
     CHECK(grid.cellwidth == 60);
     CHECK(cellcolour(2, 0) == 0x008000);
@@ -545,7 +539,7 @@ TEST_CASE("Customisation: all that is set is seen at once, and goes with the gri
     int small = pixelsof(w, 1016, 0xFF0000);
     pick(w, 1016, twenty);
     CHECK(pixelsof(w, 1016, 0xFF0000) > 2 * small);
-    press(w, OK);
+    driveiconclick(w, OK);
     drivepicture after = gridlook();
     CHECK(grid.cellwidth > 90);
     CHECK(count(after, 0xFF0000) > count(before, 0xFF0000) * 3 / 2);
@@ -570,10 +564,10 @@ TEST_CASE("Customisation of a Wordsquare goes with its file")
     window w = dialog(TITLECUSTOM, CUSTOMISE);
     pick(w, 1009, [](HWND box) { rgb(box, 0, 0, 255); });
     pick(w, 1013, twenty);
-    press(w, 1032); // no lines in pictures
-    press(w, 1036); // Down+Right, the other way round
+    driveiconclick(w, 1032); // no lines in pictures
+    driveiconclick(w, 1036); // Down+Right, the other way round
     fill(w, 1008, "7");
-    press(w, OK);
+    driveiconclick(w, OK);
     gridsettings set = {}, opened = {};
     gridsettingsget(&set);
     CHECK(set.minwordlength == 7);
@@ -588,7 +582,7 @@ TEST_CASE("dialogs of settings leave nothing behind")
     begin();
     auto openclose = [](const char *title, int command) {
         window w = dialog(title, command);
-        press(w, OK);
+        driveiconclick(w, OK);
         CHECK(gone(title));
     };
     openclose(TITLECHOICES, CHOICES);

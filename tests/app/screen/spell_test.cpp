@@ -9,8 +9,9 @@
 #include "find/spell.h"
 #include "find/spellwindow.h"
 #include "graphics/modeinfo.h"
-#include "grid/gridpicture.h"
+#include "tests/app/screen/boxhands.h"
 #include "tests/app/screen/dictionaryhands.h"
+#include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
 
@@ -29,7 +30,6 @@ using list = std::vector<std::string>;
 constexpr int32_t SPELLCHECK = 40017;
 constexpr int32_t FIELD = 1019, BROWSE = 1021, DICTIONARIES = 1022, ADD = 1024, CONTINUE = 1025,
                   CLOSE = 1026;
-constexpr int YES = 11, NO = 0; // of the question at the end
 
 list wordsof(const Dictionary &dict)
 {
@@ -68,8 +68,7 @@ void begin(const list &words)
     std::string picture;
     for (const std::string &word : words)
         picture += word + std::string(8 - word.size(), '#') + "\n########\n";
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
-    drivepump();
+    documentread(picture);
 }
 
 void spellnow(const list &words)
@@ -83,28 +82,12 @@ void spellnow(const list &words)
 
 void press(int32_t icon)
 {
-    driveplace at = driveicon(check.self, icon);
-    driveclick(at.x, at.y);
+    driveiconclick(check.self, icon);
 }
 
 std::string field()
 {
     return drivetext(check.self, FIELD);
-}
-
-// Work that ends in the question whether to keep the words.
-std::string answered(int button, const std::function<void()> &work)
-{
-    std::string text;
-    driveaside(work, [&] {
-        window box = drivewaitwindow("Quillmere", "Task");
-        CHECK(box);
-        text = drivetext(box, 12);
-        Sleep(100);
-        PostMessageA(reinterpret_cast<HWND>(box), WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
-                     reinterpret_cast<LPARAM>(GetDlgItem(reinterpret_cast<HWND>(box), button)));
-    });
-    return text;
 }
 
 } // namespace
@@ -153,12 +136,12 @@ TEST_CASE("a word that is added is in memory until the end, and then kept or not
     size_t after = 0;
     SUBCASE("kept")
     {
-        question = answered(YES, [] { press(CLOSE); });
+        question = questionanswer(ANSWERYES, [] { press(CLOSE); });
         after = 7;
     }
     SUBCASE("not kept")
     {
-        question = answered(NO, [] { drivekey(VK_ESCAPE); });
+        question = questionanswer(ANSWERNO, [] { drivekey(VK_ESCAPE); });
         after = 5;
     }
     CHECK(question == "Dictionaries changed. Retain changes?");
@@ -193,7 +176,7 @@ TEST_CASE("the list shows the dictionary that words go to")
     press(BROWSE);
     CHECK(drivetext(check.self) == "Spell Check (Guess)");
     CHECK(check.view.wordrows == &spell.guessstore);
-    answered(NO, [] { press(CLOSE); });
+    questionanswer(ANSWERNO, [] { press(CLOSE); });
 }
 
 TEST_CASE("a word goes to no other dictionary than the one that is seen chosen")
@@ -205,7 +188,7 @@ TEST_CASE("a word goes to no other dictionary than the one that is seen chosen")
     CHECK(dictcount(&dictionary("two")) == 2);
     press(ADD);
     CHECK(dictcount(&dictionary("two")) == 3);
-    answered(NO, [] { press(CLOSE); });
+    questionanswer(ANSWERNO, [] { press(CLOSE); });
 }
 
 TEST_CASE("a suggestion is taken by the mouse or the arrows, and the list follows typing")
@@ -230,7 +213,7 @@ TEST_CASE("a suggestion is taken by the mouse or the arrows, and the list follow
     CHECK(check.view.rowsel == 2); // of the whole dictionary
     press(ADD);                    // it is there
     CHECK(dictcount(&dictionary("one")) == 5);
-    answered(NO, [] { press(CLOSE); });
+    questionanswer(ANSWERNO, [] { press(CLOSE); });
 }
 
 TEST_CASE("a right press on Add goes on to the next word as well")
@@ -240,7 +223,7 @@ TEST_CASE("a right press on Add goes on to the next word as well")
     driveclick(at.x, at.y, DRIVERIGHT);
     CHECK(wordsof(dictionary("one")).size() == 6);
     CHECK(field() == "zebar");
-    std::string question = answered(YES, [&] { driveclick(at.x, at.y, DRIVERIGHT); });
+    std::string question = questionanswer(ANSWERYES, [&] { driveclick(at.x, at.y, DRIVERIGHT); });
     CHECK(question == "Dictionaries changed. Retain changes?");
     CHECK(saved("one").size() == 7);
 }
@@ -269,30 +252,23 @@ TEST_CASE("the question comes whichever way the check ends, and can be put off")
     press(ADD);
     SUBCASE("the last word was dealt with")
     {
-        question = answered(YES, [] { press(CONTINUE); });
+        question = questionanswer(ANSWERYES, [] { press(CONTINUE); });
         CHECK(saved("one").size() == 6);
     }
     SUBCASE("the close box")
     {
-        question = answered(NO, [] { drivekey(VK_F4, DRIVEALT); });
+        question = questionanswer(ANSWERNO, [] { drivekey(VK_F4, DRIVEALT); });
         CHECK(dictcount(&dictionary("one")) == 5);
     }
     SUBCASE("put off: what was added stays in memory, for the dictionary's editor to settle")
     {
-        driveaside([] { press(CLOSE); },
-                   [&] {
-                       window box = drivewaitwindow("Quillmere", "Task");
-                       question = drivetext(box, 12);
-                       Sleep(100);
-                       drivekey(VK_ESCAPE);
-                   });
+        question = questionanswer(ANSWERESCAPE, [] { press(CLOSE); });
         CHECK(dictanychanges());
         CHECK(saved("one").size() == 5);
         CHECK(dictcount(&dictionary("one")) == 6);
         REQUIRE_FALSE(dictedit(static_cast<uint32_t>(dictnamefind("two"))));
         drivepump();
-        driveplace ok = driveicon(editor.self, 1012);
-        driveclick(ok.x, ok.y);
+        driveiconclick(editor.self, 1012);
         CHECK(saved("one").size() == 6);
     }
     CHECK(question == "Dictionaries changed. Retain changes?");

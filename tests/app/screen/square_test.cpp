@@ -1,28 +1,19 @@
 // The searches of a Wordsquare, stopped in the middle, and the list that they
 // fill or that is typed.
 #include "app/buttons.h"
-#include "app/commands.h"
 #include "app/mainwindow.h"
-#include "base/chars.h"
-#include "base/text.h"
-#include "desktop/icons.h"
-#include "desktop/windows.h"
 #include "dict/dictset.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/solutionsview.h"
-#include "find/solve.h"
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
-#include "grid/gridpicture.h"
 #include "grid/gridshape.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
-#include "tests/app/screen/companion.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/gridhands.h"
-#include "tests/app/screen/menuhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/app/screen/searchhands.h"
 #include "tests/support/driver.h"
@@ -32,7 +23,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -225,4 +215,3 @@ TEST_CASE("a long Solve of a Wordsquare is stopped with what it has")
     CHECK(std::includes(all.begin(), all.end(), some.begin(), some.end()));
     CHECK(undrawn() == 0);
 }
-

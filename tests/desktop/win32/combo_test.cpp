@@ -193,8 +193,7 @@ TEST_CASE("a combo box tells of a choice, and shows it in its field")
     CHECK(r.selected() == 0);
     CHECK(taken() == "");
 
-    driveplace box = driveicon(r.w, ICONROWS);
-    driveclick(box.x, box.y);
+    driveiconclick(r.w, ICONROWS);
     COMBOBOXINFO info = {};
     info.cbSize = sizeof info;
     REQUIRE(GetComboBoxInfo(r.box, &info));

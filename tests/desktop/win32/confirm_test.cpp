@@ -47,10 +47,7 @@ struct asker : eventwindow {
     }
     int press(uint32_t kind, int icon)
     {
-        return ask(kind, [icon](window box) {
-            driveplace at = driveicon(box, icon);
-            driveclick(at.x, at.y);
-        });
+        return ask(kind, [icon](window box) { driveiconclick(box, icon); });
     }
 };
 

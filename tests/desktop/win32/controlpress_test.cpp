@@ -250,8 +250,7 @@ TEST_CASE("a press in a pane gives the focus back to the window around it")
         REQUIRE_FALSE(setflags(inner, pane ? WINDOWPANE : 0, 0));
         SetFocus(taskhandle(inner));
         CHECK_FALSE(addclickhandler(tellclick, inner, 0));
-        driveplace at = driveicon(inner, DRAWN);
-        driveclick(at.x, at.y);
+        driveiconclick(inner, DRAWN);
         CHECK(taken() == "4 on 20;");
         CHECK(GetFocus() == taskhandle(pane ? e.w : inner));
         CHECK_FALSE(remclickhandler(tellclick, inner, 0));

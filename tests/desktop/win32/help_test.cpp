@@ -167,8 +167,7 @@ TEST_CASE("the About box tells of the program, and its links open")
 
     SUBCASE("until OK")
     {
-        driveplace place = driveicon(box, 1);
-        driveclick(place.x, place.y);
+        driveiconclick(box, 1);
     }
     SUBCASE("until Escape")
     {

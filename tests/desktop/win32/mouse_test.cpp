@@ -129,8 +129,7 @@ TEST_CASE("controls tell of their clicks by their number")
 {
     mousewindow m;
     auto click = [&](int icon) {
-        driveplace at = driveicon(m.w, icon);
-        driveclick(at.x, at.y);
+        driveiconclick(m.w, icon);
         return taken();
     };
     CHECK(click(EVENTBUTTON) == "4 on 11;");

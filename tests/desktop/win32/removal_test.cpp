@@ -180,8 +180,7 @@ driveplace middle;
 
 void click(window w, int icon)
 {
-    driveplace at = driveicon(w, icon);
-    driveclick(at.x, at.y);
+    driveiconclick(w, icon);
 }
 
 const bringrow BRINGS[] = {

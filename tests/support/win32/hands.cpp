@@ -234,6 +234,12 @@ driveplace driveicon(window w, int icon)
     return drivemiddle(drivecontrol(w, icon));
 }
 
+void driveiconclick(window w, int icon, drivebutton button)
+{
+    driveplace at = driveicon(w, icon);
+    driveclick(at.x, at.y, button);
+}
+
 void drivesize(window w, int *width, int *height)
 {
     RECT r;

@@ -8,6 +8,8 @@
 
 #include <atomic>
 #include <cstdio>
+#include <cstdlib>
+#include <string>
 #include <thread>
 
 namespace
@@ -36,8 +38,11 @@ BOOL CALLBACK windowtell(HWND h, LPARAM)
 {
     fprintf(stderr, "ERROR: overdue after %lu s: %s\n", LONGEST / 1000, name);
     EnumWindows(windowtell, 0);
-    drivesave(drivelookscreen(), "overdue.png");
-    fprintf(stderr, "  the screen is in overdue.png\n");
+    char self[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, self, sizeof self);
+    std::string picture = std::string(self) + ".overdue.png"; // boxes change the directory
+    drivesave(drivelookscreen(), picture);
+    fprintf(stderr, "  the screen is in %s\n", picture.c_str());
     fflush(stderr);
     TerminateProcess(GetCurrentProcess(), 3);
     std::abort();
