@@ -81,8 +81,8 @@ window drivefind(const std::string &title, const std::string &classname = "");
 // both. The script waits, presses and types; it must end what work waits for.
 void driveaside(const std::function<void()> &work, const std::function<void()> &script);
 
-// Whether the window manager brings a window to the front in time. What is answered
-// before that may leave nobody with the keys.
+// Whether the window manager brings a window to the front in time; it has been put in
+// its place then. What is answered before that may leave nobody with the keys.
 bool drivefront(window w);
 
 // For scripts: whether such a window comes up in time.

@@ -309,7 +309,17 @@ window drivefind(const std::string &title, const std::string &classname)
 
 bool drivefront(window w)
 {
-    return drivewait([&] { return wordof(GetForegroundWindow()) == w; }, 1000);
+    bool front = drivewait([&] { return wordof(GetForegroundWindow()) == w; }, 2000);
+    RECT last = {};
+    drivewait(
+        [&] {
+            RECT now, was = last;
+            GetWindowRect(handle(w), &now);
+            last = now;
+            return EqualRect(&now, &was) != 0;
+        },
+        1000);
+    return front;
 }
 
 // Menus never come to the front in that sense.
