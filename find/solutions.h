@@ -75,6 +75,10 @@ int32_t solselected();
 void solmark(const wsentry *entry);
 void solunmark(const wsentry *entry);
 
+// Behind a search that used the grid's counts: they count the selected words
+// again, a row may have been clicked while it ran.
+void solrecount();
+
 // What a click on a row does: alone, that row is selected and no other; a row
 // that is the only one selected stays so. Toggling changes the row alone. A row
 // outside the list changes nothing. True when the list is to be redrawn; the

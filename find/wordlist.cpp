@@ -107,6 +107,13 @@ void solunmark(const wsentry *entry)
         if (--grid.counts[walk.x][walk.y] == 0) grid.flags[walk.x][walk.y] = CELLOPEN;
 }
 
+void solrecount()
+{
+    gridclearcounts();
+    for (int32_t i = 0; i < solutions.count; i++)
+        if (solword(i)->selected) solmark(solword(i));
+}
+
 bool solselect(int32_t entry, bool toggle)
 {
     if (entry < 0 || entry >= solutions.count) return false;

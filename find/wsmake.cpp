@@ -210,7 +210,7 @@ errorblock *wsmakerun(intptr_t)
     searchbusy(false);
     searchend();
     gridfillrandom();
-    gridclearcounts();
+    solrecount();
     gridredraw();
     return nullptr;
 }

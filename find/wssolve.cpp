@@ -68,7 +68,7 @@ errorblock *wssolverun(intptr_t)
     trace("solve1");
     searchbusy(false);
     searchend();
-    gridclearcounts();
+    solrecount();
     trace("solve2");
     solsort();
     solutionsrefresh();

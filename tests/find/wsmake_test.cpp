@@ -123,6 +123,20 @@ struct retelling {
     }
 };
 
+int32_t cellssum(const uint8_t (&cells)[GRIDSTRIDE][GRIDSTRIDE])
+{
+    int32_t sum = 0;
+    for (const auto &column : cells)
+        for (uint8_t cell : column)
+            sum += cell;
+    return sum;
+}
+
+void clickfirst()
+{
+    if (headless.polls == 1) CHECK(solselect(0, false));
+}
+
 void stopattempt()
 {
     if (headless.polls == 11) search.stopflag = 1;
@@ -195,6 +209,19 @@ TEST_CASE("every placed word reads back, and a seed gives one square")
     }
     CHECK(headless.begins == headless.ends);
     CHECK(headless.busy == 0);
+
+    // A word clicked meanwhile stands marked, and can be unmarked.
+    square(9, 9, 255);
+    list({"cat", "otter"});
+    headless.polls = 0;
+    headless.onpoll = clickfirst;
+    CHECK(wsmake() == nullptr);
+    CHECK(headlessrun() == nullptr);
+    CHECK(cellssum(grid.flags) == 3 * CELLMARKED);
+    CHECK(cellssum(grid.counts) == 3);
+    CHECK(solselect(0, true));
+    CHECK(cellssum(grid.flags) == 0);
+    solreset();
 }
 
 TEST_CASE("words that fit nowhere leave an empty grid")

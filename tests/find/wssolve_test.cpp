@@ -99,6 +99,11 @@ void stopatthird()
     if (headless.polls == 3) search.stopflag = 1;
 }
 
+void clickcow()
+{
+    if (headless.polls == 2) CHECK(solselect(0, false));
+}
+
 } // namespace
 
 TEST_CASE("hidden words agree with looking every line up in a set")
@@ -164,6 +169,17 @@ TEST_CASE("the list is sorted by text, and Stop keeps what was found")
     CHECK(headless.polls == 3);
     CHECK(solutions.count == 2); // the fourth cell is searched, and then it ends
     CHECK(headless.busy == 0);
+
+    // A word clicked meanwhile can be unmarked behind the search.
+    headless.polls = 0;
+    headless.onpoll = clickcow;
+    CHECK(wssolve() == nullptr);
+    CHECK(headlessrun() == nullptr);
+    REQUIRE(solutions.count == 3);
+    CHECK(solword(2)->selected == 1);
+    CHECK(grid.flags[1][0] == CELLMARKED);
+    CHECK(solselect(2, true));
+    CHECK(grid.flags[1][0] == CELLOPEN);
     testdictsfree();
     solreset();
 }
