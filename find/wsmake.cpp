@@ -221,6 +221,7 @@ errorblock *wsnew()
     if (err) return err;
     gridclearfill();
     solreset();
+    solwordslayout(); // a Crossword's may be left
     err = searchlater(wsnewrun);
     solutionsrefresh();
     gridredraw();
