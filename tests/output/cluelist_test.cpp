@@ -38,6 +38,8 @@ TEST_CASE("the clue list of a block grid, numbered by hand")
                            "Clues down.\n\n1. CAB\n2. TOP\n3.   x\n";
     CHECK(written(cluelist) == expected);
     CHECK(written(cluelist) == expected); // the bits that a run leaves mean nothing
+    grid.letters[3][1] = 0;
+    CHECK(written(cluelist) == expected); // a cell without a letter is a blank
 }
 
 TEST_CASE("the clue list of a bar grid, numbered by hand")
