@@ -171,8 +171,7 @@ errorblock *close(int32_t kind, errorblock *err, const char *path, int32_t width
 
 errorblock *picturemetrics(picturesizes *sizes)
 {
-    int64_t size = static_cast<int64_t>(grid.gridfont.height) * OSUNITS * grid.squarescale;
-    sizes->square = static_cast<int32_t>(size / 115200);
+    sizes->square = grid.cellwidth;
     trace("mfmeshx %d", sizes->square);
     fontmetrics metrics;
     errorblock *err = fontinfo(&grid.gridfont, &metrics);

@@ -71,11 +71,14 @@ class Grid:
 class Made:
     """The pictures of one grid."""
 
-    def __init__(self, folder, text, *words, wordsquare=False):
+    def __init__(self, folder, text, *words, wordsquare=False, scale=None):
         self.folder, self.grid = pathlib.Path(folder), Grid(text)
         (self.folder / "grid.txt").write_text(text)
         build = [QUILL, "grid", "build", "grid.qmg", "grid.txt"]
         subprocess.run(build + ["--wordsquare"] * wordsquare, cwd=folder, check=True)
+        if scale is not None:  # the file's last word
+            file = self.folder / "grid.qmg"
+            file.write_bytes(file.read_bytes()[:-4] + scale.to_bytes(4, "little"))
         run = subprocess.run(PROGRAM + ["grid.qmg", "."] + list(map(str, words)), cwd=folder,
                              capture_output=True, text=True, timeout=120)
         if "Pictures written" not in run.stdout:
@@ -249,9 +252,11 @@ class PictureTest(unittest.TestCase):
     def test_sizes(self):
         source = random.Random(5)
         large = "\n".join("".join(source.choice("ABC.#") for _ in range(127)) for _ in range(127))
-        for text in (large + "\n", "A\nB\n.\n", "X\n"):
-            made = Made(self.folder, text)
-            self.checkcrossword(made)
+        scaled = [(large + "\n", None), ("A\nB\n.\n", None), ("X\n", None)]
+        for text, scale in scaled + [(".\n", 0), (".\n", 0x7FFFFFFF)]:
+            made = Made(self.folder, text, scale=scale)
+            if scale is None:
+                self.checkcrossword(made)
             right, bottom = made.grid.width * made.square + 1, made.grid.height * made.square + 1
             header = made.files["placeable.wmf"].header
             self.assertEqual([header[name] for name in
