@@ -36,7 +36,7 @@ void known(const fileinfo *info)
     if (info->objecttype != OBJECTFILE || !ext || cstricmp(ext, EXTENSION)) return;
     auto length = static_cast<size_t>(ext - info->name - 1);
     dictrec *record = &dicts[ndicts];
-    if (length >= sizeof record->name) return;
+    if (!length || length >= sizeof record->name) return;
     memcpy(record->name, info->name, length);
     ndicts++;
 }
@@ -80,12 +80,16 @@ void removerecord(uint32_t number)
     dicts[ndicts] = {};
 }
 
+// A file may be there that isn't known: it came after the scan, or the name
+// leads to another's file.
 errorblock *createcheck(const char *name)
 {
-    char copy[sizeof dicts->name];
-    errorblock *err = xzstrncpy(copy, name, sizeof copy);
+    char leaf[sizeof dicts->name + sizeof EXTENSION];
+    if (!*name) return makeerror(ERRORQUIET);
+    errorblock *err = xzsnprintf(sizeof leaf, nullptr, leaf, "%s.%s", name, EXTENSION);
+    bool taken = !err && fileexists(dictdirectory, leaf);
     if (!err && ndicts == MAXDICTS) err = makeerror(ENUD);
-    if (dictnamefind(name) >= 0) err = makeerror(EDAX);
+    if (taken || dictnamefind(name) >= 0) err = makeerror(EDAX);
     return err;
 }
 

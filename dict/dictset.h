@@ -8,7 +8,10 @@
 //
 // Loaded and used are two things: an edited or new dictionary is loaded and
 // not in use, and stays in memory until the next document is read, or longer if
-// its words are being worked on; one that failed to load is in use all the same, with no words, and may be tried again.
+// its words are being worked on; one that failed to load is in use all the same,
+// with no words, and may be tried again.
+//
+// A dictionary has a name: in a document's list an empty one is the end.
 //
 // Numbers that are passed in are those of known dictionaries.
 #pragma once
@@ -60,8 +63,8 @@ extern char dictdirectory[PATHSIZE];
 errorblock *dictstart();
 void dictstop();
 
-// Knows the directory's files, the first 32 of them. One whose name is over 31
-// letters is passed over. Errors: the search's, with those known so far.
+// Knows the directory's files, the first 32 of them. One whose name is empty or
+// over 31 letters is passed over. Errors: the search's, with those known so far.
 errorblock *dictscan();
 
 int32_t dictnamefind(const char *name); // ignoring case; -1 if there is none
@@ -92,8 +95,9 @@ void dictdrop(uint32_t number);
 errorblock *dictedit(uint32_t number);
 
 // A new dictionary, among the others by name, and its file. It is loaded and
-// not in use. Errors: 520 when 32 are known, 521 for a name that is taken, 30
-// for one that is too long, the save's; then nothing has changed.
+// not in use. Errors: 520 when 32 are known, 521 for a name that is taken, here
+// or on disc, 30 for one that is too long, 23 for none, the save's; then nothing
+// has changed.
 errorblock *dictcreate(const char *name);
 
 // Deletes the file, and forgets the dictionary. Errors: the deletion's; then

@@ -109,6 +109,7 @@ TEST_CASE("a scan knows the files by name and reads none of them")
     std::ofstream(folder + "/broken.dic") << "no dictionary";
     std::ofstream(folder + "/notes.txt") << "text";
     std::ofstream(folder + "/odd.dict") << "text";
+    std::ofstream(folder + "/.dic") << "text";
     std::ofstream(folder + "/" + std::string(32, 'n') + ".dic") << "text";
     std::ofstream(folder + "/" + std::string(31, 'm') + ".dic") << "text";
     std::filesystem::create_directories(folder + "/folder.dic");
@@ -294,6 +295,13 @@ TEST_CASE("a dictionary that can't be created leaves nothing")
     CHECK(dictcreate(std::string(32, 'n').c_str())->code == ERRORMAXSTRING);
     CHECK(dictcreate(std::string(31, 'n').c_str()) == nullptr);
     CHECK(ndicts == 3);
+    CHECK(dictcreate("")->code == ERRORQUIET);
+    CHECK_FALSE(filethere(".dic"));
+    std::ofstream(std::string(dictdirectory) + "/late.dic") << "text"; // after the scan
+    CHECK(dictcreate("late")->code == EDAX);
+    CHECK(dictcreate("\"b\"")->code == EDAX); // the file of another
+    CHECK(ndicts == 3);
+    CHECK(std::filesystem::file_size(std::string(dictdirectory) + "/late.dic") == 4);
 }
 
 TEST_CASE("a removed dictionary is gone from disc, set and memory")

@@ -239,6 +239,7 @@ TEST_CASE("names that can't be a dictionary's are told of, and make none")
     CHECK(name(std::string(32, 'n')) != "");
     CHECK(name("MINE") == "Dictionary already exists.");
     CHECK(name("no\\such\\folder") != "");
+    CHECK(name("") == ""); // the user knows
     CHECK(ndicts == 1);
     CHECK(filesthere() == 1);
     CHECK(name(std::string(31, 'n')) == "");
