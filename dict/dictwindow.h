@@ -1,7 +1,7 @@
 // dict/dictwindow.h - what the dictionary set asks of the window side.
 //
 // The desktop program defines these in its window files; a program without
-// windows links tools/headless.cpp.
+// windows links tools/headlessdict.cpp.
 #pragma once
 
 #include <cstdint>
