@@ -59,17 +59,18 @@ bool dictscananagrams(uint32_t dictn, const char *text, size_t length, int32_t *
     return true;
 }
 
-// The text that the typed field and the slot's letters make, and its error.
+// The text that the typed field and the slot's letters make, and its error. A
+// cell in which a search left nothing is a blank, and counts as a cell.
 errorblock *textchoose(const char *typed)
 {
-    char letters[WORDSIZE];
-    slotread(0, letters);
-    if (!typed[0]) {
-        strcopyn(anagramtext, letters, WORDSIZE);
-        return strchr(letters, ' ') ? makeerror(EASP) : nullptr;
+    size_t cells = search.slots[0].length;
+    if (typed[0]) {
+        strcopyn(anagramtext, typed, WORDSIZE);
+        return strlen(typed) == cells ? nullptr : makeerror(EAMAT);
     }
-    strcopyn(anagramtext, typed, WORDSIZE);
-    return strlen(typed) == strlen(letters) ? nullptr : makeerror(EAMAT);
+    slotread(0, anagramtext);
+    bool blank = strlen(anagramtext) < cells || strchr(anagramtext, ' ');
+    return blank ? makeerror(EASP) : nullptr;
 }
 
 } // namespace
