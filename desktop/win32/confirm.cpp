@@ -85,7 +85,7 @@ errorblock *clicked(window, intptr_t, mouserecord *mouse)
 
 errorblock *keyed(window, intptr_t, int32_t, int32_t *code)
 {
-    if (*code < 0 || *code > 255) return nullptr;
+    if (*code <= 0 || *code > 255) return nullptr; // Ctrl+@ types a 0, which no row means
     int32_t key = charupper(static_cast<uint8_t>(*code));
     int answer = key == KEYESCAPE ? CANCELLED : PENDING;
     for (const buttonrow &row : BUTTONS)

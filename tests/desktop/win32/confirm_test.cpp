@@ -64,6 +64,9 @@ TEST_CASE("a question is answered by the first letter of a button")
     CHECK(a.key(CONFIRMDISCARDCANCELSAVE, 'C') == CANCELLED);
     CHECK(a.key(CONFIRMDISCARDCANCELSAVE, 'S') == 1);
     CHECK(a.key(CONFIRMYESNO, 'S') == UNANSWERED); // of another kind
+    for (uint32_t kind : {CONFIRMYESNO, CONFIRMDISCARDCANCEL})
+        CHECK(a.ask(kind, [](window box) { PostMessageA(taskhandle(box), WM_CHAR, 0, 1); }) ==
+              UNANSWERED); // Ctrl+@
 }
 
 TEST_CASE("Return stands for Yes and Save, Escape and the close box for Cancel")
