@@ -19,8 +19,7 @@ void endtrans();
 // found." while the store is empty; a missing resource adds nothing.
 errorblock *addtrans(const char *directory, const char *name);
 
-// Adds a catalogue that lies in memory, size bytes; the road that both of the
-// above end on.
+// Adds a catalogue that lies in memory, size bytes, as a resource does.
 errorblock *addtranstext(const char *text, int32_t size);
 
 // The text of a key, compared to the byte, or the key itself.

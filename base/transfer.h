@@ -3,7 +3,7 @@
 // Between programs and through the clipboard, data goes from one task's memory
 // to another's by the same calls that read and write files. Who begins such a
 // load or save sets the range or the place of delivery; the streams of bfile.h
-// and the blocks of blocks.h then move through it; who began it clears it.
+// and the blocks of saveblock.h then move through it; who began it clears it.
 #pragma once
 
 #include <cstdint>
