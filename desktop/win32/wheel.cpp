@@ -6,9 +6,9 @@
 
 #include <windowsx.h>
 
-// What a control or a window inside does not want comes back to its parent,
-// which has had its turn.
-static bool walking;
+// The window inside that has its turn, 0 outside a walk. What that does not want
+// the system gives back to its parent, which has had its own.
+static HWND walked;
 
 static bool handlertakes(const taskmessage &m, bool horizontal)
 {
@@ -46,18 +46,22 @@ static HWND childunder(HWND around, POINT screen)
 static bool inside(const taskmessage &m, HWND child)
 {
     POINT screen = {GET_X_LPARAM(m.lparam), GET_Y_LPARAM(m.lparam)};
-    walking = true;
     bool taken = false;
-    for (; child && !taken; child = childunder(child, screen))
+    for (; child && !taken; child = childunder(child, screen)) {
+        walked = child;
         taken = SendMessageA(child, m.number, m.wparam, m.lparam) == 0;
-    walking = false;
+    }
+    walked = nullptr;
     return taken;
 }
 
 reply wheelmessage(const taskmessage &m)
 {
+    HWND asked = walked;
+    if (asked && asked != m.handle) return replyvalue(1);
+    walked = nullptr; // a handler may poll
     if (turn(m, m.number == WM_MOUSEHWHEEL)) return REPLYDONE;
-    if (walking) return replyvalue(1);
+    if (asked) return replyvalue(1);
     POINT screen = {GET_X_LPARAM(m.lparam), GET_Y_LPARAM(m.lparam)};
     return inside(m, childunder(m.handle, screen)) ? REPLYDONE : REPLYDEFAULT;
 }

@@ -174,6 +174,16 @@ TEST_CASE("a wheel over a window without a bar goes to the one inside that has o
     drivewheel(-120);
     CHECK(scrolled() < 0);
     removewindow(&pane);
+
+    // What a control doesn't want comes back to a window that was asked already.
+    window around = eventopen(EVENTCONTROLS, 300);
+    addwheelhandler(tellwheel, around, 0);
+    drivemove(driveicon(around, EVENTDRAWN).x, driveicon(around, EVENTDRAWN).y);
+    taken();
+    drivewheel(-120);
+    CHECK(taken() == "wheel -120 0;");
+    remwheelhandler(tellwheel, around, 0);
+    removewindow(&around);
 }
 
 TEST_CASE("the close box asks the first handler, and without one hides the window")
