@@ -71,6 +71,7 @@ errorblock *setcaret(window w, int32_t icon, int32_t, int32_t, int32_t, int32_t 
 errorblock *caretatend(window w, int32_t icon)
 {
     HWND control;
+    if (icon == -1) return focuswindow(w);
     errorblock *err = iconhandle(w, icon, &control);
     if (!err) err = setcaret(w, icon, 0, 0, 0, GetWindowTextLengthA(control));
     return err;

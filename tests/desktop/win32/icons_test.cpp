@@ -260,6 +260,9 @@ TEST_CASE("the caret is put into text that can be edited, and told from any cont
     CHECK(caretnow() == "-1 -1 -1");
     CHECK_FALSE(focusicon(e.w, ICONFIELD));
     CHECK(GetFocus() == controlof(e.w, ICONFIELD));
+    CHECK_FALSE(caretatend(e.w, -1));
+    CHECK(GetFocus() == taskhandle(e.w));
+    CHECK_FALSE(focusicon(e.w, ICONFIELD));
     CHECK_FALSE(focuswindow(e.w));
     CHECK(GetFocus() == taskhandle(e.w));
 
