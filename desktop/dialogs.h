@@ -5,8 +5,8 @@
 
 struct errorblock;
 
-// A dialog that must be settled first disables
-// its owner while it is open; 0 for the owner does nothing.
+// A dialog that must be settled first disables its owner while it is open; 0 for
+// the owner does nothing.
 errorblock *enablewindow(window w, int on);
 
 // The end of such a dialog. Its owner takes input again before it goes: the system

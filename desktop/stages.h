@@ -8,7 +8,7 @@
 struct errorblock;
 
 errorblock *modeinfoinit();  // pixels per inch, size and depth of the screen
-errorblock *inittemp();      // window classes, and the chain of templates
+errorblock *inittemp();      // window classes, and the settings of the wheels
 errorblock *initsprites();   // the task's pool of sprites
 errorblock *hourglassinit(); // the busy cursors
 errorblock *addspritesshared(const char *directory, const char *name); // into the pool

@@ -12,6 +12,6 @@ int32_t iconunder(HWND around, POINT screen);
 // x and y of the record, from pixels of the screen.
 void placeset(mouserecord *mouse, POINT screen);
 
-// A record for a place of the client area of m's window, with its icon and no
+// A record for a place of the client area of a window, with its icon and no
 // buttons.
 mouserecord placerecord(HWND self, POINT client);

@@ -160,7 +160,6 @@ static bool movedefeated(const taskmessage &m)
 reply windowcommand(const taskmessage &m)
 {
     if (m.number == WM_SYSCOMMAND) return movedefeated(m) ? REPLYDONE : REPLYDEFAULT;
-    if (m.number != WM_COMMAND) return REPLYDEFAULT; // WM_TIMER is between them
     bool taken = controlcommand(m.handle, m.wparam, m.lparam) ||
                  menucommand(m.self, static_cast<intptr_t>(m.wparam), m.lparam);
     return taken ? REPLYDONE : REPLYDEFAULT;
