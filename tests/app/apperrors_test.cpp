@@ -4,7 +4,6 @@
 
 #include <doctest/doctest.h>
 
-#include <filesystem>
 #include <string>
 
 TEST_CASE("what the user reads of each of the application's errors")
@@ -52,13 +51,11 @@ TEST_CASE("what the user reads of each of the application's errors")
         {22, "Template file not found."},
         {28, "File %s not found."},
     };
-    std::filesystem::path source = __FILE__;
-    std::string folder = (source.parent_path().parent_path().parent_path() / "resources").string();
     initerror();
     taskerrors();
     apperrors();
     REQUIRE(inittrans() == nullptr);
-    REQUIRE(addtrans(folder.c_str(), "Messages.txt") == nullptr);
+    REQUIRE(addtrans(RESOURCESFOLDER, "Messages.txt") == nullptr);
     for (const auto &row : rows) {
         errorblock *err = makeerror(row.code);
         CHECK(err->code == row.code);

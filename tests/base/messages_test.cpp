@@ -8,7 +8,6 @@
 #include <doctest/doctest.h>
 
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -236,9 +235,7 @@ TEST_CASE("formatting into a buffer")
 
 TEST_CASE("the program's own catalogue")
 {
-    std::filesystem::path source = __FILE__;
-    std::string folder = (source.parent_path().parent_path().parent_path() / "resources").string();
-    REQUIRE(addtrans(folder.c_str(), "Messages.txt") == nullptr);
+    REQUIRE(addtrans(RESOURCESFOLDER, "Messages.txt") == nullptr);
     const struct {
         const char *text, *result;
     } rows[] = {{"{EREPDEC}", "Repeated decimal point"}, // the first entry
