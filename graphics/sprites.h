@@ -91,8 +91,10 @@ errorblock *spritesize(const sprite *s, int32_t *width, int32_t *height, int32_t
 // In pixels to the inch. Error: EMODE.
 errorblock *spritedpi(const sprite *s, int32_t *x, int32_t *y, int32_t *bpp);
 
+// The file type of sprites, for a table of base/filetypes.h: a file's type lies in
+// its name, which spritesave takes as it is given.
 constexpr int32_t FILETYPESPRITE = 0xFF9;
 
-// Writes a file of the one sprite, of type FILETYPESPRITE. As many zero bytes as a head has follow it,
-// and the file counts them as used.
+// Writes a file of the one sprite. As many zero bytes as a head has follow it, and
+// the file counts them as used.
 errorblock *spritesave(const sprite *s, const char *path);
