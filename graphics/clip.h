@@ -1,7 +1,7 @@
 // graphics/clip.h - where on the current surface drawing shows.
 //
-// A clip can only shrink, until it is reset or restored. Who needs the old one
-// back saves it; callers nest by holding a handle each.
+// Boxes only shrink the clip, until it is reset or restored; a path can enlarge it
+// too. Who needs the old one back saves it; callers nest by holding a handle each.
 #pragma once
 
 #include <cstdint>
