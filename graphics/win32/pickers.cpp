@@ -3,14 +3,12 @@
 #include "base/fontrecord.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "graphics/fontsize.h"
 #include "graphics/modeinfo.h"
 
 #include <windows.h>
 
 #include <commdlg.h>
-
-// Sixteenths of a point to the inch.
-static constexpr int32_t FONTUNITS = 1152;
 
 errorblock *choosecolour(intptr_t window, int32_t, uint32_t *word, int32_t *result)
 {
