@@ -1,6 +1,5 @@
 #include "app/choices.h"
 
-#include "app/stages.h"
 #include "base/bfile.h"
 #include "base/safesave.h"
 #include "base/userfiles.h"

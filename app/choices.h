@@ -40,3 +40,7 @@ errorblock *choiceswrite(const char *path);
 
 // The same into the user's file. Errors: those of userfilesave.
 errorblock *choicessave();
+
+// Puts those of the user's file into force, at the start, and measures the lists by
+// them. Without a file it's what is built in. Returns 0.
+errorblock *choicesload();

@@ -218,7 +218,7 @@ errorblock *dictionarynow(intptr_t choice)
 errorblock *commandrun(int32_t id)
 {
     for (const commandrow &row : commands) {
-        if (row.id != id || !row.function) continue;
+        if (row.id != id) continue;
         return row.stops ? aftersearch(commandnow, &row - commands) : row.function();
     }
     return nullptr;
@@ -239,7 +239,7 @@ errorblock *commanddictionary(int32_t position, int32_t id)
 void commandsprepare()
 {
     for (const commandrow &row : commands) {
-        shademenu(MENUMAIN, row.id, row.function && (!row.enabled || row.enabled()));
+        shademenu(MENUMAIN, row.id, !row.enabled || row.enabled());
         if (row.ticked) tickmenu(MENUMAIN, row.id, row.ticked());
     }
 }

@@ -32,8 +32,6 @@ const formatrow formats[] = {
     {"Placeable metafile (*.wmf)", PICTUREPLACEABLE},
 };
 
-int32_t formatchosen; // of the last save, from 0
-
 // The name keeps what the user typed; the dialog's end gives it the extension.
 void gridformat(intptr_t, int32_t index, int32_t *type, char *, int32_t)
 {
@@ -99,8 +97,8 @@ errorblock *filesaveas()
     for (size_t i = 0; i < std::size(formats); i++)
         rows[i] = {formats[i].description, gridformat};
     char path[PATHSIZE] = "Grid";
-    formatchosen = 0;
-    savefilterset(std::size(rows), rows, &formatchosen);
+    int32_t chosen = 0;
+    savefilterset(std::size(rows), rows, &chosen);
     return savefileowner(path, sizeof path, FILETYPEGRID, gridsavedas, mainwindow);
 }
 

@@ -5,4 +5,3 @@ struct errorblock;
 
 errorblock *linktemplates(const char *directory); // the table "Templates"
 errorblock *linkmenus();
-errorblock *choicesload(); // a missing file is no error

@@ -1,6 +1,7 @@
 #include "app/startup.h"
 
 #include "app/apperrors.h"
+#include "app/choices.h"
 #include "app/filetypes.h"
 #include "app/mainwindow.h"
 #include "app/stages.h"

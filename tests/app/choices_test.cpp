@@ -1,6 +1,5 @@
 #include "app/choices.h"
 
-#include "app/stages.h"
 #include "base/errors.h"
 #include "base/platform.h"
 #include "find/solutions.h"

@@ -2,7 +2,6 @@
 #include "app/choices.h"
 #include "app/commands.h"
 #include "app/mainwindow.h"
-#include "app/stages.h"
 #include "base/platform.h"
 #include "base/text.h"
 #include "desktop/icons.h"
