@@ -23,5 +23,5 @@ int quitquery();
 // Of the quit broadcast.
 errorblock *quithandler(intptr_t *record, int *claimed);
 
-// The application's tables are linked no more, as before loadappresources.
+// The file types are linked no more, as before loadappresources.
 void appresourcesreset();
