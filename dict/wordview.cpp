@@ -275,9 +275,10 @@ errorblock *wordviewselect(wordview *view, int32_t row)
 {
     if (row < 0 || row >= rowcount(view)) return nullptr;
     if (row == view->rowsel && row == view->rowcaret) return nullptr;
-    int32_t before = view->rowsel >= 0 ? view->rowsel : view->rowcaret;
+    int32_t selected = view->rowsel, outlined = view->rowcaret;
     view->rowsel = view->rowcaret = row;
-    errorblock *err = before >= 0 ? wordviewpaint(view, before) : nullptr;
+    errorblock *err = selected >= 0 ? wordviewpaint(view, selected) : nullptr;
+    if (!err && outlined >= 0) err = wordviewpaint(view, outlined);
     return err ? err : wordviewpaint(view, row);
 }
 

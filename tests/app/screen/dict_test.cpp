@@ -290,6 +290,14 @@ TEST_CASE("words come and go by button and by Return")
     rowclick(2);
     drivekey(VK_RETURN); // adds what is there
     CHECK(count() == "3");
+    fieldtype("zoo");
+    drivekey(VK_TAB);
+    CHECK(rowdots(2) > 0);
+    drivekey(VK_RETURN);
+    CHECK(editor.view.rowsel == 3);
+    drivekey(VK_DOWN);
+    CHECK(rowdots(2) == 0);
+    CHECK(rowdots(3) > 0);
 }
 
 TEST_CASE("what is no word changes nothing")
