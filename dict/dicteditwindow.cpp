@@ -54,7 +54,9 @@ errorblock *cancelpressed(intptr_t)
     errorblock *err = dictdiscardchanges();
     if (inuse) dictrefsgone();
     kepterror kept = keeperror(err);
-    return firsterror(kept, editclose());
+    err = editclose();
+    if (!err) err = wordviewschanged();
+    return firsterror(kept, err);
 }
 
 struct pressrow {
@@ -127,12 +129,10 @@ errorblock *editclose()
     return removewindow(&editor.self);
 }
 
-errorblock *countshow()
+errorblock *countshow(wordview *view)
 {
-    errorblock *err = wordviewextent(&editor.view);
-    if (err) return err;
     return seticontextf(editor.self, FIELDCOUNT, "%d",
-                        static_cast<int32_t>(dictcount(editor.view.wordrows)));
+                        static_cast<int32_t>(dictcount(view->wordrows)));
 }
 
 errorblock *editcreate(window parent, const Dictionary *dict)
@@ -142,7 +142,7 @@ errorblock *editcreate(window parent, const Dictionary *dict)
     if (!err) err = createwindow(TEMPLATEEDIT, title, &editor.self, parent);
     if (!err) err = wordviewopen(&editor.view, editor.self, FIELDWORD, PLACELIST, dict);
     if (!err) err = handlersadd();
-    if (!err) err = countshow();
+    if (!err) err = countshow(&editor.view);
     if (!err) err = opencentred(editor.self, 0);
     if (!err) err = wordviewplace(&editor.view);
     if (!err) err = setcaret(editor.self, FIELDWORD, 0, 0, 0, 0);
@@ -171,6 +171,7 @@ errorblock *editopen(window parent, uint32_t number, Dictionary *dict, const cha
     if (editor.self) return raisewindow(editor.self, 0, nullptr);
     editor.view.arrowscaret = true;
     editor.view.menu = listmenu;
+    editor.view.follow = countshow;
     errorblock *err = editcreate(parent, dict);
     if (!err) return nullptr;
     kepterror kept = keeperror(err);
@@ -205,15 +206,13 @@ errorblock *editdelete(uint32_t number)
 errorblock *editshow(uint32_t before)
 {
     if (dictcount(editor.view.wordrows) != before && dictinset(editor.number)) dictrefsgone();
-    errorblock *err = countshow();
-    if (!err) err = wordviewpaint(&editor.view, -1);
-    if (!err) err = wordviewsync(&editor.view);
-    return err;
+    return wordviewschanged();
 }
 
 void editrenumber()
 {
     if (editor.self) editfollow(dictnamefind(editor.name));
+    reporterror(wordviewschanged());
 }
 
 bool dictediting(uint32_t number)

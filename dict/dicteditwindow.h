@@ -35,15 +35,15 @@ errorblock *editopen(window parent, uint32_t number, Dictionary *dict, const cha
 // Errors: 2.
 errorblock *editadd(uint32_t number);
 
-// Deletes the selected word. Always 0.
+// Deletes the selected word.
 errorblock *editdelete(uint32_t number);
 
-// Words came or went: the count, the list, and what of it the field selects.
+// Words came or went: the count, the lists, and what of them the fields select.
 // before is the number of words there were.
 errorblock *editshow(uint32_t before);
 
 // The records of dictionaries have moved: the editor follows its own by name, and
-// closes if it is gone.
+// closes if it is gone; other lists of words follow theirs.
 void editrenumber();
 
 // The list's boxes for files of words, and drops of them on it.

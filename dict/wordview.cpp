@@ -282,6 +282,18 @@ errorblock *wordviewselect(wordview *view, int32_t row)
     return err ? err : wordviewpaint(view, row);
 }
 
+errorblock *wordviewschanged()
+{
+    errorblock *err = nullptr;
+    for (wordview *view = views; view && !err; view = view->next) {
+        err = view->follow ? view->follow(view) : nullptr;
+        if (!err) err = wordviewextent(view);
+        if (!err) err = wordviewpaint(view, -1);
+        if (!err) err = wordviewsync(view);
+    }
+    return err;
+}
+
 errorblock *wordviewsrefresh()
 {
     errorblock *err = nullptr;

@@ -7,8 +7,8 @@
 //
 // The view holds no words: row r is word r of the store and is drawn from it, so
 // a list of any size takes no memory. The store may change, or be another one,
-// at any time: whoever does that calls wordviewextent and wordviewpaint for all
-// rows. Selection and caret are row numbers, and the owner's to clear.
+// at any time: whoever does that calls wordviewschanged. Selection
+// and caret are row numbers, and the owner's to clear.
 //
 //     static wordview view;
 //     err = createtop(TEMPLATEEDIT, &owner);
@@ -41,7 +41,10 @@ struct wordview {
     // Set by the owner before or after the opening:
     bool arrowscaret;                    // arrows go from rowcaret, else from rowsel
     errorblock *(*menu)(wordview *view); // what a right press does, 0 for nothing
-    wordview *next;                      // of all open views
+    // What the owner does first when stores have changed or moved, 0 for nothing: it
+    // sets wordrows, and shows what it tells of the store.
+    errorblock *(*follow)(wordview *view);
+    wordview *next; // of all open views
 };
 
 // Creates the pane, not yet shown, with nothing selected, and follows the field.
@@ -77,6 +80,10 @@ errorblock *wordviewselect(wordview *view, int32_t row);
 // Paints the rows that meet the clip: the pane's redraw handler, whose data is the
 // view.
 errorblock *wordviewredraw(window self, intptr_t data);
+
+// Words came or went, or stores have moved: every open view, whoever changed them,
+// has its owner follow, is measured and painted anew and follows its field.
+errorblock *wordviewschanged();
 
 // The font of the lists has changed: open views are measured and painted anew.
 errorblock *wordviewsrefresh();

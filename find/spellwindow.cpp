@@ -118,6 +118,15 @@ errorblock *namesfollow(bool *same)
     return err || !check.browsing ? err : browse();
 }
 
+// The numbers of dictionaries move when others come or go.
+errorblock *storefollow(wordview *view)
+{
+    bool same;
+    errorblock *err = namesfollow(&same);
+    view->wordrows = rowsnow();
+    return err;
+}
+
 errorblock *spellshow();
 
 errorblock *checknext()
@@ -127,8 +136,7 @@ errorblock *checknext()
     return err ? err : spellshow();
 }
 
-// Numbers of words move with each one that is added, and other lists may show
-// the same dictionary.
+// Numbers of words move with each one that is added.
 errorblock *wordadd(dictrec *record)
 {
     char word[ICONTEXTSIZE];
@@ -140,8 +148,7 @@ errorblock *wordadd(dictrec *record)
     if (err) return err;
     record->changed = 1;
     if (dictcount(&record->dict) != before) dictrefsgone();
-    err = wordviewsrefresh();
-    return err ? err : wordviewsync(&check.view);
+    return wordviewschanged();
 }
 
 // A word goes nowhere but into the dictionary that the user sees chosen.
@@ -172,7 +179,7 @@ errorblock *discard()
     errorblock *err = dictdiscardchanges();
     kepterror kept = keeperror(err);
     dictrefsgone();
-    err = wordviewsrefresh();
+    err = wordviewschanged();
     return firsterror(kept, err);
 }
 
@@ -197,7 +204,9 @@ errorblock *checkclose()
 
 errorblock *browseclick()
 {
-    errorblock *err = check.browsing ? guess() : browse();
+    bool same;
+    errorblock *err = namesfollow(&same);
+    if (!err) err = check.browsing ? guess() : browse();
     return err ? err : seticonselected(check.self, BROWSE, check.browsing);
 }
 
@@ -297,6 +306,7 @@ errorblock *windowend()
 errorblock *windowmake()
 {
     check.dictionary = 0;
+    check.view.follow = storefollow;
     errorblock *err = createwindow(TEMPLATECHECK, "{SPCH}", &check.self, check.parent);
     if (!err) err = titleset();
     if (!err) err = wordviewopen(&check.view, check.self, FIELD, PLACE, rowsnow());

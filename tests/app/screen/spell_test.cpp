@@ -179,6 +179,37 @@ TEST_CASE("the list shows the dictionary that words go to")
     questionanswer(ANSWERNO, [] { press(CLOSE); });
 }
 
+TEST_CASE("the lists of the check and of the editor follow what either does")
+{
+    spellnow({"hose"});
+    press(BROWSE);
+    REQUIRE_FALSE(dictedit(static_cast<uint32_t>(dictnamefind("one"))));
+    SetWindowPos(reinterpret_cast<HWND>(editor.self), nullptr, 0, 0, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER);
+    drivepump();
+    drivefront(check.self);
+    press(ADD);
+    CHECK(drivetext(editor.self, 1015) == "6");
+    CHECK(check.view.rowsel == 3);
+    drivefront(editor.self);
+    driveiconclick(editor.self, 1017);
+    drivetype("ant");
+    drivekey(VK_RETURN);
+    CHECK(check.view.rowsel == 4);
+    REQUIRE_FALSE(dictcreate("first"));
+    CHECK(check.view.wordrows == &dictionary("one"));
+    driveiconclick(editor.self, 2); // Cancel
+    CHECK(check.view.rowsel == -1);
+    REQUIRE_FALSE(dictunuse(static_cast<uint32_t>(dictnamefind("one"))));
+    drivefront(check.self);
+    press(BROWSE);
+    press(BROWSE);
+    CHECK(drivetext(check.self) == "Spell Check (two)");
+    press(BROWSE);
+    press(CLOSE);
+    CHECK_FALSE(check.self);
+}
+
 TEST_CASE("a word goes to no other dictionary than the one that is seen chosen")
 {
     spellnow({"hose"});
