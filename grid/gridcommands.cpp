@@ -58,15 +58,17 @@ errorblock *gridloaddefault()
 }
 
 // A word list goes through the same end as a grid: the document bears its
-// path, and the kind goes back to that of the grid file read last.
+// path, and the kind goes back to that of the grid file read last. A Crossword's
+// results must be gone before they count as a Wordsquare's words; that can be
+// with a list of words, and with a grid that can't be opened.
 errorblock *gridopened(const char *path, int32_t filetype)
 {
-    errorblock *err = nullptr;
-    if (filetype == FILETYPETEXT)
-        wordlistload(path);
-    else
-        err = gridload(path);
+    bool words = filetype == FILETYPETEXT;
+    bool square = words || grid.pendingkind == GRIDWORDSQUARE;
+    errorblock *err = words ? nullptr : gridload(path);
     if (err) return err; // nothing was taken from the file
+    if (square && grid.kind == GRIDCROSSWORD) resultsdrop();
+    if (words) wordlistload(path);
     gridunchanged();
     gridsetfilename(path);
     gridkindapply(grid.pendingkind);

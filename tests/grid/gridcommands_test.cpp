@@ -107,11 +107,20 @@ TEST_CASE("opening a grid, then a list of words")
     // file read last comes back.
     grid.kind = GRIDCROSSWORD;
     gridchange();
+    int dropped = headless.resultsdropped;
     CHECK_FALSE(gridopened("words.txt", FILETYPETEXT));
     CHECK(headless.wordlists == 1);
+    CHECK(headless.resultsdropped == dropped + 1); // a Crossword's
     CHECK(std::string(grid.filename) == "words.txt");
     CHECK(gridsunsaved() == 0);
     CHECK(headless.kindsapplied == 2);
+    CHECK(grid.kind == GRIDWORDSQUARE);
+
+    CHECK_FALSE(gridopened("words.txt", FILETYPETEXT));
+    CHECK(headless.resultsdropped == dropped + 1); // its words are unmarked first
+    grid.kind = GRIDCROSSWORD;
+    CHECK_FALSE(gridopened(scratch("nowhere.qmg").c_str(), FILETYPEGRID));
+    CHECK(headless.resultsdropped == dropped + 2);
     CHECK(grid.kind == GRIDWORDSQUARE);
 }
 
