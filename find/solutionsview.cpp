@@ -70,12 +70,14 @@ char *lettersrow(const boxletters &letters, int32_t line)
     return static_cast<char *>(letters.cells) + line * letters.width;
 }
 
+// As slotwrite has them: a phrase stands without its spaces.
 void slotletters(const boxletters &letters, int32_t row, int32_t slot)
 {
     const slotrec &place = search.slots[slot];
     int32_t x = place.x - search.slotbox.left, y = place.y - search.slotbox.top;
     const char *word = wordtext(solref(row, slot));
     for (; *word && x < letters.width && y < letters.height; word++) {
+        if (*word == ' ') continue;
         lettersrow(letters, y)[x] = static_cast<char>(gridcase(static_cast<uint8_t>(*word)));
         if (place.direction)
             y++;
@@ -89,7 +91,7 @@ void lettersline(const boxletters &letters, int32_t line, int32_t y)
 {
     for (int32_t x = 0; x < letters.width; x++) {
         char letter = lettersrow(letters, line)[x];
-        if (!letter || letter == ' ') continue;
+        if (!letter) continue;
         int32_t middle = solutions.charwidth * x + solutions.charwidth / 2;
         plottextn(&letter, 1, TEXTOSUNITS, TEXTLEFT + middle, y);
     }

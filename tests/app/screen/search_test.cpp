@@ -109,6 +109,19 @@ TEST_CASE("words that cross are solved together, and shown as they lie")
     std::string across = wordtext(solref(last, 0));
     CHECK(documentpicture().substr(0, 4) == across + ".");
     CHECK(undrawn() == 0);
+
+    // A phrase is shown as it is written into the grid, closed up.
+    crosswordbegin("c...\n.###\n.###\n");
+    REQUIRE_FALSE(dictadd("c at", &dicts[dictset.numbers[0]].dict));
+    markdrag(0, 0, 2, 2);
+    searchrun(BUTTONSOLVE);
+    REQUIRE(listrows()[0] == "c at c at");
+    drivemove(2, 2);
+    p = drivelook(solutionswindow);
+    for (int i = 0; i < 3; i++)
+        CHECK(dark(p, left + i * width, top, left + (i + 1) * width, top + height) > 0);
+    rowclick(0);
+    CHECK(documentpicture() == "cat.\na###\nt###\n");
 }
 
 TEST_CASE("what Solve and Anagram can't do is said")
