@@ -71,7 +71,9 @@ struct griddocument {
     uint32_t textcolour, gridcolour, fillcolour, backcolour; // 0xBBGGRR00
 };
 
-// Written by the grid, find and output folders, and by no other.
+// Written by the grid, find and output folders; kind, splitfraction and
+// marklength by the windows that show them too, and by the console companion what
+// its arguments say.
 extern griddocument grid;
 
 // The state of a fresh start, before the default grid is read: an empty 16 by

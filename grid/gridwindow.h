@@ -1,7 +1,7 @@
 // grid/gridwindow.h - what the document asks of the window side.
 //
 // The desktop program defines these in its window files; a program without
-// windows links tools/headless.cpp.
+// windows links tools/headlessgrid.cpp.
 #pragma once
 
 #include <cstdint>

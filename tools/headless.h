@@ -1,7 +1,7 @@
 // tools/headless.h - the window side of a program that has none.
 //
-// Each call that the logic makes upward is defined in headless.cpp, as doing
-// nothing or as counting, for a test that asks.
+// Each call that the logic makes upward is defined in the headless file of the
+// folder that makes it, as doing nothing or as counting, for a test that asks.
 #pragma once
 
 #include <cstdint>
