@@ -1,7 +1,8 @@
 // graphics/dragbox.h - the box that follows the pointer during a drag.
 //
-// It is drawn exclusive-or, so that the same call takes it away again. One at
-// a time, from dragboxstart to dragboxend.
+// It lies over its window and all that is inside that, and is drawn exclusive-or,
+// so that the same call takes it away again. One at a time, from dragboxstart to
+// dragboxend.
 #pragma once
 
 #include <cstdint>
@@ -34,6 +35,6 @@ void dragboxend(dragresult *result);
 // Draws once more, if the window is the drag's.
 void dragboxflush(intptr_t window);
 
-// Round a redraw of a window: before it with after false, and after it with
-// true, which first puts the context back to plain pixels.
+// Round a redraw of a window, the drag's or one inside it: before it with after
+// false, and after it with true, which first puts the context back to plain pixels.
 void dragboxredraw(intptr_t window, intptr_t dc, bool after);

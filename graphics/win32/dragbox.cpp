@@ -55,21 +55,24 @@ void drawbar(HDC dc, const dragpixels &box)
     DeleteObject(brush);
 }
 
-// The context is left as it was: a redraw goes on with it.
-void draw(HDC dc, dragmovement at)
+// The context is left as it was: a redraw goes on with it. It is that of a window
+// in which the corner of the drag's lies at origin.
+void draw(HDC dc, dragmovement at, POINT origin)
 {
     int saved = SaveDC(dc);
     dragpixels box = dragstatebox(at);
+    box = {box.left + origin.x, box.top + origin.y, box.right + origin.x, box.bottom + origin.y};
     if (dragstate.given.type == DRAGRUBBER) drawrubber(dc, box);
     if (dragstate.given.type == DRAGBAR) drawbar(dc, box);
     RestoreDC(dc, saved);
 }
 
+// Over the panes in the window too, which its usual context may leave out.
 void drawall(const dragmovement *places, int32_t count)
 {
-    HDC dc = GetDC(dragwindow());
+    HDC dc = GetDCEx(dragwindow(), nullptr, DCX_CACHE | DCX_CLIPSIBLINGS);
     for (int32_t i = 0; i < count; i++)
-        draw(dc, places[i]);
+        draw(dc, places[i], {0, 0});
     ReleaseDC(dragwindow(), dc);
 }
 
@@ -117,12 +120,15 @@ void dragboxflush(intptr_t window)
 // so both times it is drawn at the same place.
 void dragboxredraw(intptr_t window, intptr_t context, bool after)
 {
-    if (!window || window != dragstate.given.window || !dragstate.shown) return;
+    HWND w = reinterpret_cast<HWND>(window);
+    if (!dragstate.shown || (w != dragwindow() && !IsChild(dragwindow(), w))) return;
+    POINT origin = {};
+    MapWindowPoints(dragwindow(), w, &origin, 1);
     HDC dc = reinterpret_cast<HDC>(context);
     if (after) {
         SetMapMode(dc, MM_TEXT);
         SetWindowOrgEx(dc, 0, 0, nullptr);
         SetViewportOrgEx(dc, 0, 0, nullptr);
     }
-    draw(dc, dragstate.shownat);
+    draw(dc, dragstate.shownat, origin);
 }

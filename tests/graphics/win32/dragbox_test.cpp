@@ -20,8 +20,8 @@ struct page {
         w = CreateWindowExA(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, "STATIC", "", WS_POPUP | WS_VISIBLE,
                             LEFT, TOP, SIDE, SIDE, nullptr, nullptr, nullptr, nullptr);
         REQUIRE(w);
-        for (MSG m; PeekMessageA(&m, nullptr, 0, 0, PM_REMOVE);)
-            DispatchMessageA(&m);
+        seen = w;
+        pump();
         HDC dc = GetDC(w);
         PatBlt(dc, 0, 0, SIDE, SIDE, WHITENESS);
         PatBlt(dc, 0, 0, SIDE / 2, SIDE, BLACKNESS);
@@ -33,12 +33,24 @@ struct page {
         DestroyWindow(w);
     }
 
+    // A pane over its right half, where blank is that of the pane from then on.
+    HWND cover()
+    {
+        SetWindowLongA(w, GWL_STYLE, GetWindowLongA(w, GWL_STYLE) | WS_CLIPCHILDREN);
+        seen = CreateWindowA("STATIC", "", WS_CHILD | WS_VISIBLE | SS_WHITERECT, SIDE / 2, 5, SIDE,
+                             SIDE, w, nullptr, nullptr, nullptr);
+        REQUIRE(seen);
+        pump();
+        blank = look();
+        return seen;
+    }
+
     std::string look() const
     {
         canvas c(SIDE, SIDE);
-        HDC dc = GetDC(w);
+        HDC dc = GetDC(seen);
         BitBlt(reinterpret_cast<HDC>(c.drawing->dc), 0, 0, SIDE, SIDE, dc, 0, 0, SRCCOPY);
-        ReleaseDC(w, dc);
+        ReleaseDC(seen, dc);
         return c.picture();
     }
 
@@ -72,7 +84,13 @@ struct page {
                 0};
     }
 
-    HWND w;
+    static void pump()
+    {
+        for (MSG m; PeekMessageA(&m, nullptr, 0, 0, PM_REMOVE);)
+            DispatchMessageA(&m);
+    }
+
+    HWND w, seen;
     std::string blank;
 };
 
@@ -200,6 +218,28 @@ TEST_CASE("a redraw happens between two boxes")
     CHECK(GetTextColor(dc) == RGB(255, 0, 0));
     ReleaseDC(p.w, dc);
     CHECK(p.changed() == shown);
+    dragresult result = {};
+    dragboxend(&result);
+    CHECK(p.changed() == NOTHING);
+}
+
+TEST_CASE("a bar goes over the panes of its window, and one that paints has it again")
+{
+    page p;
+    HWND pane = p.cover();
+    dragbox box = p.record(DRAGBAR, {70, 10, 70, 150});
+    POINT at = pointer(p);
+    dragboxstart(&box);
+    CHECK(p.changed() == NOTHING); // it is beside the pane
+    dragboxmove(at.x + 30, at.y);
+    const canvas::extent shown = {20, 5, 23, 144};
+    CHECK(p.changed() == shown);
+    HDC dc = GetDC(pane);
+    for (bool after : {false, true}) {
+        dragboxredraw(reinterpret_cast<intptr_t>(pane), reinterpret_cast<intptr_t>(dc), after);
+        CHECK(p.changed() == (after ? shown : NOTHING));
+    }
+    ReleaseDC(pane, dc);
     dragresult result = {};
     dragboxend(&result);
     CHECK(p.changed() == NOTHING);
