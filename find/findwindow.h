@@ -1,7 +1,7 @@
 // find/findwindow.h - what the searches ask of the window side.
 //
 // The desktop program defines these in its window files; a program without
-// windows links tools/headless.cpp.
+// windows links tools/headlessfind.cpp.
 #pragma once
 
 #include <cstdint>

@@ -112,6 +112,7 @@ void solrecount()
     gridclearcounts();
     for (int32_t i = 0; i < solutions.count; i++)
         if (solword(i)->selected) solmark(solword(i));
+    markrescan();
 }
 
 bool solselect(int32_t entry, bool toggle)
@@ -143,6 +144,8 @@ void soldeleteselected()
         solremove(i);
         any = true;
     }
+    if (!any) return;
+    markrescan();
     dirtyredraw();
-    if (any) solutionsrefresh();
+    solutionsrefresh();
 }

@@ -187,6 +187,7 @@ void wsdeselect()
         solunmark(entry);
         entry->selected = 0;
     }
+    markrescan();
     dirtyredraw();
     solutionsrefresh();
 }
@@ -195,6 +196,7 @@ errorblock *wsmake()
 {
     wsdeselect();
     gridclearfill();
+    markrescan();
     solclearplaces();
     errorblock *err = searchlater(wsmakerun);
     gridredraw();
@@ -220,6 +222,7 @@ errorblock *wsnew()
     errorblock *err = dictdefault();
     if (err) return err;
     gridclearfill();
+    markrescan();
     solreset();
     solwordslayout(); // a Crossword's may be left
     err = searchlater(wsnewrun);

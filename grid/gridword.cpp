@@ -26,11 +26,13 @@ bool wordstarts(int32_t x, int32_t y, const way &way)
     return gridinside(x, y) && !(grid.flags[x][y] & (way.visited | way.bar));
 }
 
+// A search may leave cells that hold nothing: blanks too.
 void wordtake(int32_t x, int32_t y, const way &way, char *buffer)
 {
     do {
         grid.flags[x][y] |= way.visited;
-        *buffer++ = static_cast<char>(grid.letters[x][y]);
+        uint8_t letter = grid.letters[x][y];
+        *buffer++ = static_cast<char>(letter ? letter : ' ');
         x += way.dx;
         y += way.dy;
     } while (gridinside(x, y) && (grid.flags[x][y] & CELLKIND) != CELLBLOCK &&

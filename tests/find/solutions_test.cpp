@@ -263,6 +263,7 @@ TEST_CASE("Delete removes the selected words and their marks")
     soldeleteselected();
     CHECK(texts() == "newt");
     CHECK(cellsmarked() == 0);
+    CHECK(grid.markleft == -1);
     CHECK(cellscounted() == 0);
     CHECK(headless.refreshes == 1);
     CHECK(headless.cellredraws == 1);

@@ -215,10 +215,14 @@ TEST_CASE("every placed word reads back, and a seed gives one square")
     list({"cat", "otter"});
     headless.polls = 0;
     headless.onpoll = clickfirst;
+    grid.flags[8][8] = CELLMARKED;
+    markrescan();
     CHECK(wsmake() == nullptr);
+    CHECK(grid.markleft == -1); // the square is emptied
     CHECK(headlessrun() == nullptr);
     CHECK(cellssum(grid.flags) == 3 * CELLMARKED);
     CHECK(cellssum(grid.counts) == 3);
+    CHECK(grid.markleft >= 0);
     CHECK(solselect(0, true));
     CHECK(cellssum(grid.flags) == 0);
     solreset();

@@ -100,6 +100,9 @@ TEST_CASE("the longest word fits its buffer, and one is all there is")
     CHECK(gridword(word, 0) == 1);
     CHECK(std::string(word) == std::string(127, 'x'));
     CHECK(gridword(word, 1) == 0);
+    grid.letters[2][0] = 0; // a search may leave it
+    CHECK(gridword(word, 0) == 1);
+    CHECK(std::string(word) == "xx " + std::string(124, 'x'));
 }
 
 TEST_CASE("bars and blocks end words")
