@@ -12,7 +12,6 @@
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
 
-#include <algorithm>
 #include <cstring>
 
 editrecord editor;
