@@ -123,5 +123,6 @@ void screenstart()
 {
     REQUIRE(IsWindowVisible(reinterpret_cast<HWND>(mainwindow)));
     setactive(mainwindow);
+    drivefront(mainwindow);
     drivepump();
 }
