@@ -1,14 +1,10 @@
 #include "base/errors.h"
-#include "base/filetypes.h"
 #include "base/loadfilter.h"
-#include "base/messages.h"
 #include "base/savefilter.h"
+#include "tests/base/scratch.h"
 #include "tools/headless.h"
 
-#include <doctest/doctest.h>
-
 #include <cstring>
-#include <string>
 #include <vector>
 
 namespace
@@ -18,18 +14,6 @@ constexpr filetyperow rows[] = {
     {0x103, "qmg", "Grid (*.qmg)"},    {0xFFF, "txt", "Text (*.txt)"},
     {0x101, "emf", "Picture (*.emf)"}, {-2, "dat", "Data (*.dat)"},
     {FILETYPEEND, nullptr, nullptr},
-};
-
-struct types {
-    filetypenode node;
-    types()
-    {
-        addfiletypes(rows, &node);
-    }
-    ~types()
-    {
-        remfiletypes(&node);
-    }
 };
 
 // The strings of a packed list.
@@ -58,13 +42,11 @@ constexpr savefilter table[] = {
     {"Picture", getformat, 1},
 };
 
-std::string savedpath;
-int32_t savedtype;
+std::string saved; // the path and the type that the handler was given
 
 errorblock *handler(const char *path, int32_t type)
 {
-    savedpath = path;
-    savedtype = type;
+    saved = path + std::string(type == 0xFFF ? " as text" : type == 0x101 ? " as picture" : " ?");
     return nullptr;
 }
 
@@ -72,17 +54,16 @@ std::string done(const char *path)
 {
     char out[PATHSIZE] = "";
     CHECK(savefilterdone(path, out, sizeof out) == nullptr);
-    CHECK(savedpath == out);
-    return out;
+    CHECK(saved.starts_with(std::string(out) + " as"));
+    return saved;
 }
 
 } // namespace
 
 TEST_CASE("an armed table serves one dialog")
 {
-    types known;
-    const char words[] = "WORDS:Text of words\n";
-    CHECK(addtranstext(words, sizeof words - 1) == nullptr);
+    typetable known(rows);
+    catalogue("WORDS:Text of words\n");
     char path[PATHSIZE] = "a.qmg";
     int32_t current = 1;
     savefilterset(3, table, &current);
@@ -100,22 +81,20 @@ TEST_CASE("an armed table serves one dialog")
     savefilterchange(4, path, sizeof path);
     savefilterchange(0, path, sizeof path);
     CHECK(current == 2);
-    CHECK(done("dir.x\\y.qmg") == "dir.x\\y.emf");
-    CHECK(savedtype == 0x101);
+    CHECK(done("dir.x\\y.qmg") == "dir.x\\y.emf as picture");
 
     savefilterbuild(path, 0xFFF, handler);
     CHECK(strings(savechoice.filter) == stringlist{"Text (*.txt)", "*.txt"});
     CHECK(savechoice.filterindex == 1);
     savefilterchange(2, path, sizeof path); // a single format: nothing to change to
-    CHECK(done("x.qmg") == "x.txt");
-    CHECK(done("x.TXT") == "x.TXT");
-    CHECK(done("x") == "x.txt");
-    CHECK(savedtype == 0xFFF);
+    CHECK(done("x.qmg") == "x.txt as text");
+    CHECK(done("x.TXT") == "x.TXT as text");
+    CHECK(done("x") == "x.txt as text");
 }
 
 TEST_CASE("a row that isn't there gives way to the first")
 {
-    types known;
+    typetable known(rows);
     char path[PATHSIZE] = "";
     for (int32_t wrong : {-1, 3, 99}) {
         int32_t current = wrong;
@@ -129,33 +108,28 @@ TEST_CASE("a row that isn't there gives way to the first")
 
 TEST_CASE("a path that an extension doesn't fit is not saved to")
 {
-    types known;
+    typetable known(rows);
     char path[PATHSIZE];
     savefilterbuild(path, 0xFFF, handler);
-    savedpath.clear();
-    errorblock *err = savefilterdone(std::string(PATHSIZE - 2, 'p').c_str(), path, sizeof path);
-    REQUIRE(err);
-    CHECK(err->code == ERRORMAXSTRING);
-    err = savefilterdone("a.txt", path, 5); // the caller's own room
-    REQUIRE(err);
-    CHECK(err->code == ERRORMAXSTRING);
-    CHECK(savedpath == "");
+    saved.clear();
+    std::string full(PATHSIZE - 2, 'p');
+    CHECK(code(savefilterdone(full.c_str(), path, sizeof path)) == ERRORMAXSTRING);
+    CHECK(code(savefilterdone("a.txt", path, 5)) == ERRORMAXSTRING); // the caller's own room
+    CHECK(saved == "");
     CHECK_FALSE(savefilterdone("a.txt", path, 6));
-    CHECK(savedpath == "a.txt");
+    CHECK(saved == "a.txt as text");
 }
 
 TEST_CASE("a save filter that overruns says so and stays well formed")
 {
-    types known;
+    typetable known(rows);
     headless.keeptrace = true;
     std::string description(150, 'd');
-    for (int32_t i = 0; i < 3; i++)
+    for (int32_t i = 0; i < 8; i++) {
         savefilteradd(i, 0x103, description.c_str());
-    CHECK(headless.tracetext == "");
-    CHECK(strings(savechoice.filter).size() == 6);
-    for (int32_t i = 3; i < 8; i++)
-        savefilteradd(i, 0x103, description.c_str());
-    CHECK(headless.tracetext.starts_with("savefilterbuffer overrun\r\n"));
+        CHECK(headless.tracetext.starts_with("savefilterbuffer overrun\r\n") == (i > 2));
+        if (i == 2) CHECK(strings(savechoice.filter).size() == 6);
+    }
     CHECK(savechoice.filter[510] == 0);
     CHECK(savechoice.filter[511] == 0);
     for (int32_t length = 480; length < 520; length++) { // the pattern meets the end everywhere
@@ -168,21 +142,19 @@ TEST_CASE("a save filter that overruns says so and stays well formed")
 
 TEST_CASE("a load filter lists the patterns of each row")
 {
-    types known;
+    typetable known(rows);
     constexpr int32_t textandall[] = {0xFFF, -1}, grids[] = {0x103}, unknown[] = {9999};
     loadgroup groups[] = {{"{TEXT}", 2, textandall}, {"Grids", 1, grids}, {"Grids", 1, unknown}};
-    const char text[] = "TEXT:Texts\n";
-    CHECK(addtranstext(text, sizeof text - 1) == nullptr);
+    catalogue("TEXT:Texts\n");
     CHECK(strings(loadfilterbuild(groups, 1)) == stringlist{"Texts", "*.txt;*.*;"});
     CHECK(strings(loadfilterbuild(groups, 3)) ==
           stringlist{"Texts", "*.txt;*.*;", "Grids", "*.qmg;", "Grids", "*.dat;"});
     CHECK(strings(loadfilterbuild(groups, 0)) == stringlist{});
 
     std::string description(100, 'd');
-    loadgroup wide[] = {{description.c_str(), 1, grids},
-                        {description.c_str(), 1, grids},
-                        {description.c_str(), 1, grids}};
-    CHECK(strings(loadfilterbuild(wide, 3)).size() == 4);
+    const loadgroup wide = {description.c_str(), 1, grids};
+    loadgroup three[] = {wide, wide, wide};
+    CHECK(strings(loadfilterbuild(three, 3)).size() == 4);
     std::vector<int32_t> many(80, 0xFFF);
     loadgroup longrow = {"Many", 80, many.data()};
     CHECK(strings(loadfilterbuild(&longrow, 1)) == stringlist{});

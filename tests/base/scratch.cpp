@@ -1,9 +1,9 @@
 #include "tests/base/scratch.h"
 
 #include "base/errors.h"
+#include "base/messages.h"
 #include "tests/support/runner.h"
 
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -49,4 +49,24 @@ bool scratch::has(const std::string &leaf) const
 std::string words(const errorblock *error)
 {
     return error ? error->text : "";
+}
+
+uint32_t code(const errorblock *error)
+{
+    return error ? error->code : 0;
+}
+
+void catalogue(const std::string &lines)
+{
+    REQUIRE(addtranstext(lines.data(), static_cast<int32_t>(lines.size())) == nullptr);
+}
+
+typetable::typetable(const filetyperow *rows)
+{
+    addfiletypes(rows, &node);
+}
+
+typetable::~typetable()
+{
+    remfiletypes(&node);
 }

@@ -5,11 +5,9 @@
 #include "base/flex.h"
 #include "base/text.h"
 #include "base/widetext.h"
-
-#include <doctest/doctest.h>
+#include "tests/base/scratch.h"
 
 #include <cstring>
-#include <string>
 
 namespace
 {
@@ -48,18 +46,14 @@ TEST_CASE("checked copies: what just fits fits, and the rest is an error and a c
         char16_t source[8] = {};
         for (size_t i = 0; row.source[i]; i++)
             source[i] = static_cast<uint8_t>(row.source[i]);
-        auto check = [&row](const errorblock *err) {
-            CHECK((err == nullptr) == row.fits);
-            if (err) CHECK(err->code == ERRORMAXSTRING);
-            if (err) CHECK(std::string(err->text) == "EMAXSTRING");
-        };
-        check(xzstrncpy(narrow, row.source, row.size));
+        uint32_t error = row.fits ? 0 : ERRORMAXSTRING;
+        CHECK(code(xzstrncpy(narrow, row.source, row.size)) == error);
         CHECK(std::string(narrow) == row.copy);
-        check(xzstrncpyu(narrow, row.source, row.size));
+        CHECK(code(xzstrncpyu(narrow, row.source, row.size)) == error);
         CHECK(std::string(narrow) == row.copy);
-        check(xzstrncpy21(narrow, source, row.size));
+        CHECK(code(xzstrncpy21(narrow, source, row.size)) == error);
         CHECK(std::string(narrow) == row.copy);
-        check(xzstrncpy22(wide, row.source, row.size));
+        CHECK(code(xzstrncpy22(wide, row.source, row.size)) == error);
         for (size_t i = 0; i <= std::strlen(row.copy); i++)
             CHECK(wide[i] == static_cast<uint8_t>(row.copy[i]));
         strcopyn(narrow, row.source, row.size);
@@ -74,9 +68,7 @@ TEST_CASE("checked formatting")
     CHECK(xzsnprintf(6, &length, buffer, "%d%s", 12, "abc") == nullptr);
     CHECK(std::string(buffer) == "12abc");
     CHECK(length == 5);
-    errorblock *err = xzsnprintf(6, &length, buffer, "%d%s", 12, "abcd");
-    REQUIRE(err);
-    CHECK(err->code == ERRORMAXSTRING);
+    CHECK(code(xzsnprintf(6, &length, buffer, "%d%s", 12, "abcd")) == ERRORMAXSTRING);
     CHECK(std::string(buffer) == "12abc");
     CHECK(length == 5);
     CHECK(xzsnprintf(1, nullptr, buffer, "%s", "") == nullptr);
@@ -85,9 +77,7 @@ TEST_CASE("checked formatting")
     CHECK(xzsnprintfw(6, &length, wide, L"%d%ls", 7, L"abc") == nullptr);
     CHECK(std::wstring(wide) == L"7abc");
     CHECK(length == 4);
-    err = xzsnprintfw(6, nullptr, wide, L"%d%ls", 7, L"abcdefg");
-    REQUIRE(err);
-    CHECK(err->code == ERRORMAXSTRING);
+    CHECK(code(xzsnprintfw(6, nullptr, wide, L"%d%ls", 7, L"abcdefg")) == ERRORMAXSTRING);
     CHECK(wide[5] == 0);
 }
 
@@ -95,7 +85,7 @@ TEST_CASE("a copy of its own")
 {
     char *copy = nullptr;
     flexfailafter(0);
-    CHECK(strnew("text", &copy)->code == ERRORMEMORY);
+    CHECK(code(strnew("text", &copy)) == ERRORMEMORY);
     CHECK(copy == nullptr);
     CHECK(strnew("text", &copy) == nullptr);
     CHECK(std::string(copy) == "text");
@@ -105,6 +95,7 @@ TEST_CASE("a copy of its own")
 
 TEST_CASE("case is the code page's")
 {
+    int letters = 0;
     for (int ch = 0; ch < 256; ch++) {
         CAPTURE(ch);
         uint8_t byte = static_cast<uint8_t>(ch), upper = byte;
@@ -115,16 +106,13 @@ TEST_CASE("case is the code page's")
         CHECK(charupper(byte) == upper);
         CHECK(charlower(upper) == (upper == byte ? charlower(byte) : byte));
         CHECK(charupper(charlower(byte)) == upper);
+        letters += charisletter(byte);
     }
-    int letters = 0;
-    for (int ch = 0; ch < 256; ch++)
-        letters += charisletter(static_cast<uint8_t>(ch));
     CHECK(letters == 52 + 62 + 11); // ASCII, the accented runs, and those in 128 to 191
     for (const char *ch = "@[`{0_ \xD7\xF7\x80\xA9"; *ch; ch++)
         CHECK_FALSE(charisletter(static_cast<uint8_t>(*ch)));
-    CHECK(charlower('[') == '[');
-    CHECK(charlower(215) == 215);
-    CHECK(charlower(223) == 223);
+    for (uint8_t same : {uint8_t{'['}, uint8_t{215}, uint8_t{223}})
+        CHECK(charlower(same) == same);
 }
 
 TEST_CASE("comparing without case")
@@ -161,10 +149,8 @@ TEST_CASE("comparing without case")
 TEST_CASE("finding without case")
 {
     const char *text = "one Two TWO";
-    CHECK(cstrstr(text, "two") == text + 4);
-    CHECK(cstrstr(text, "TWO") == text + 4);
+    CHECK(cstrstr(text, "tWO") == text + 4);
     CHECK(cstrstr(text, "") == text);
-    CHECK(cstrstr(text, "two one") == nullptr);
     CHECK(cstrstr(text, "twos") == nullptr);
     CHECK(cstrstr("", "") != nullptr);
     CHECK(cstrstr("", "x") == nullptr);
@@ -224,17 +210,17 @@ TEST_CASE("16-bit text")
     CHECK(std::u16string(wide) == u"\x20AC\xE9z");
     CHECK(widetomulti(wide, narrow, 4, LACKREFUSED) == nullptr);
     CHECK(std::string(narrow) == "\x80\xE9z");
-    CHECK(multitowide("abc", wide, 3)->code == ERRORMAXSTRING);
+    CHECK(code(multitowide("abc", wide, 3)) == ERRORMAXSTRING);
     CHECK(std::u16string(wide) == u"ab");
-    CHECK(widetomulti(u"abc", narrow, 3, LACKREFUSED)->code == ERRORMAXSTRING);
+    CHECK(code(widetomulti(u"abc", narrow, 3, LACKREFUSED)) == ERRORMAXSTRING);
     CHECK(std::string(narrow) == "ab");
 
     const char16_t lacking[] = {'a', 0x3C0, 0xD83D, 0xDE00, 'b', 0xDE00, 0xD83D, 0};
     CHECK(widetomulti(lacking, narrow, 8, LACKQUESTION) == nullptr);
     CHECK(std::string(narrow) == "a??b??");
-    CHECK(std::string(widetomulti(lacking, narrow, 8, LACKREFUSED)->text) ==
+    CHECK(words(widetomulti(lacking, narrow, 8, LACKREFUSED)) ==
           "Character U+03C0 is not in code page 1252.");
     CHECK(std::string(narrow) == "a");
-    CHECK(std::string(widetomulti(lacking + 2, narrow, 8, LACKREFUSED)->text) ==
+    CHECK(words(widetomulti(lacking + 2, narrow, 8, LACKREFUSED)) ==
           "Character U+1F600 is not in code page 1252.");
 }
