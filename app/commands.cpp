@@ -7,6 +7,7 @@
 #include "app/mainwindow.h"
 #include "app/menus.h"
 #include "app/startup.h"
+#include "base/boxes.h"
 #include "desktop/help.h"
 #include "desktop/keys.h"
 #include "desktop/menus.h"
@@ -15,6 +16,7 @@
 #include "dict/dictmenu.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
+#include "dict/wordview.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/spellwindow.h"
@@ -247,6 +249,7 @@ void commandsprepare()
 void dictsetchanged()
 {
     gridchange();
+    reporterror(wordviewschanged());
 }
 
 errorblock *dicteditopen(uint32_t number, Dictionary *dict, const char *name)

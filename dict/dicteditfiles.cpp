@@ -25,10 +25,12 @@ char importpath[PATHSIZE]; // of the import that waits for a search's end
 errorblock *importnow(intptr_t)
 {
     if (!editor.self) return nullptr;
+    errorblock *err = dictneed(editor.number);
+    if (err) return err;
     uint32_t before = dictcount(editor.view.wordrows);
     hourglasson();
     kepterror kept = keeperror(wordimport(importpath, editor.number));
-    errorblock *err = editshow(before);
+    err = editshow(before);
     hourglassoff();
     return firsterror(kept, err);
 }

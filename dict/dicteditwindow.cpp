@@ -183,6 +183,7 @@ errorblock *editadd(uint32_t number)
     dictrec *record = &dicts[number];
     uint32_t before = dictcount(&record->dict);
     errorblock *err = copyicontext(editor.self, FIELDWORD, word, sizeof word);
+    if (!err) err = dictneed(number);
     if (!err) err = dictadd(word, &record->dict);
     if (err) return err;
     if (word[0] && strlen(word) <= WORDLENGTH) record->changed = 1;

@@ -26,11 +26,6 @@ uint32_t setplace(uint32_t number)
     return i;
 }
 
-void loadifneeded(uint32_t number)
-{
-    if (!dicts[number].loaded) dictreload(number);
-}
-
 } // namespace
 
 errorblock *dictstart()
@@ -72,7 +67,7 @@ errorblock *dictsetadd(uint32_t number)
 errorblock *dictuse(uint32_t number)
 {
     dictsetadd(number);
-    loadifneeded(number);
+    dictneed(number);
     return nullptr;
 }
 
@@ -102,6 +97,11 @@ errorblock *dictreload(uint32_t number)
     return err;
 }
 
+errorblock *dictneed(uint32_t number)
+{
+    return dicts[number].loaded ? nullptr : dictreload(number);
+}
+
 void dictunload(uint32_t number)
 {
     dictfree(&dicts[number].dict);
@@ -118,7 +118,7 @@ void dictdrop(uint32_t number)
 errorblock *dictedit(uint32_t number)
 {
     dictrec *record = &dicts[number];
-    errorblock *err = record->loaded ? nullptr : dictreload(number);
+    errorblock *err = dictneed(number);
     if (!err) err = dicteditopen(number, &record->dict, record->name);
     return err;
 }
@@ -145,7 +145,7 @@ void dictsetclear()
 errorblock *dictsetload()
 {
     for (uint32_t i = 0; i < dictset.count; i++)
-        loadifneeded(dictset.numbers[i]);
+        dictneed(dictset.numbers[i]);
     return nullptr;
 }
 

@@ -83,6 +83,10 @@ errorblock *dictunuse(uint32_t number);
 errorblock *dicttoggle(uint32_t number);
 
 errorblock *dictreload(uint32_t number); // errors: dictload's
+
+// The same unless it is loaded. Words go into no dictionary that could not be read:
+// the next save would write it without those of its file.
+errorblock *dictneed(uint32_t number);
 void dictunload(uint32_t number);
 
 // Drops what is loaded and not in use, unless the user works on its words: those

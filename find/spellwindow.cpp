@@ -142,8 +142,7 @@ errorblock *wordadd(dictrec *record)
     char word[ICONTEXTSIZE];
     uint32_t before = dictcount(&record->dict);
     errorblock *err = copyicontext(check.self, FIELD, word, sizeof word);
-    // One that couldn't be read would lose its words with the next save.
-    if (!err && !record->loaded) err = dictreload(dictset.numbers[check.dictionary]);
+    if (!err) err = dictneed(dictset.numbers[check.dictionary]);
     if (!err) err = dictadd(word, &record->dict);
     if (err) return err;
     record->changed = 1;

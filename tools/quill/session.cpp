@@ -34,7 +34,7 @@ errorblock *checkloaded()
 {
     errorblock *err = nullptr;
     for (uint32_t i = 0; i < dictset.count && !err; i++)
-        if (!dicts[dictset.numbers[i]].loaded) err = dictreload(dictset.numbers[i]);
+        err = dictneed(dictset.numbers[i]);
     return err;
 }
 

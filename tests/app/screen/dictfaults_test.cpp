@@ -154,6 +154,29 @@ TEST_CASE("a dictionary that may not be written isn't deleted")
     SetFileAttributesA(dictionaryplace("mine.dic").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
+TEST_CASE("an editor whose dictionary could not be read again takes no words until it can")
+{
+    begin({"ant"});
+    filewrite(dictionaryplace("words.txt"), "cow\r\n");
+    edit();
+    drivetype("bee");
+    drivekey(VK_RETURN);
+    {
+        taken file(dictionaryplace("mine.dic"));
+        CHECK(dictdiscardchanges());
+        CHECK_FALSE(wordviewschanged());
+        CHECK(drivetext(editor.self, COUNT) == "0");
+        CHECK(complaint([] { drivekey(VK_RETURN); }) != "");
+        CHECK(complaint([] {
+                  drivedrop(editor.view.pane, {dictionaryplace("words.txt")}, {10, 10});
+              }) != "");
+        CHECK_FALSE(dictanychanges());
+    }
+    driveiconclick(editor.self, ADD);
+    CHECK(drivetext(editor.self, COUNT) == "2");
+    CHECK(dicts[0].loaded);
+}
+
 TEST_CASE("words go neither into nor out of files that are in use")
 {
     begin({"ant"});
