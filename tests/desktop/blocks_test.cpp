@@ -1,6 +1,7 @@
 #include "desktop/blocks.h"
 
 #include "base/errors.h"
+#include "tests/desktop/fake/fakesource.h"
 #include "tools/headless.h"
 
 #include <doctest/doctest.h>
@@ -36,6 +37,11 @@ struct modelblock {
     uint64_t serial;
     int32_t type;
     intptr_t owner, data;
+
+    bool is(int32_t t, intptr_t o, intptr_t d) const
+    {
+        return type == t && owner == o && data == d;
+    }
 };
 
 struct model {
@@ -45,19 +51,14 @@ struct model {
     bool add(int32_t type, intptr_t owner, intptr_t data)
     {
         for (const modelblock &b : live)
-            if (b.type == type && b.owner == owner && b.data == data) return false;
+            if (b.is(type, owner, data)) return false;
         live.push_back({next++, type, owner, data});
         return true;
     }
 
     bool rem(int32_t type, intptr_t owner, intptr_t data)
     {
-        for (size_t i = 0; i < live.size(); i++)
-            if (live[i].type == type && live[i].owner == owner && live[i].data == data) {
-                live.erase(live.begin() + static_cast<int64_t>(i));
-                return true;
-            }
-        return false;
+        return std::erase_if(live, [&](const modelblock &b) { return b.is(type, owner, data); });
     }
 
     const modelblock *step(uint64_t *seen, int32_t type, intptr_t owner)
@@ -145,12 +146,10 @@ TEST_CASE("equal blocks")
     CHECK(blockcount() == 1);
 
     // One field makes a difference.
-    CHECK(addblock(-12, 7, 3, 4, one, nullptr) == nullptr);
-    CHECK(addblock(-11, 8, 3, 4, one, nullptr) == nullptr);
-    CHECK(addblock(-11, 7, 4, 4, one, nullptr) == nullptr);
-    CHECK(addblock(-11, 7, 3, 5, one, nullptr) == nullptr);
-    CHECK(addblock(-11, 7, 3, 4, two, nullptr) == nullptr);
-    CHECK(addblock(-11, 7, 3, 4, nullptr, nullptr) == nullptr);
+    const block others[] = {{-12, 7, 3, 4, one}, {-11, 8, 3, 4, one}, {-11, 7, 4, 4, one},
+                            {-11, 7, 3, 5, one}, {-11, 7, 3, 4, two}, {-11, 7, 3, 4, nullptr}};
+    for (const block &b : others)
+        CHECK(addblock(b.type, b.subtype, b.window, b.data, b.function, nullptr) == nullptr);
     CHECK(blockcount() == 7);
 
     CHECK(remblock(-11, 7, 3, 4, two, &removed) == nullptr);
@@ -181,21 +180,19 @@ TEST_CASE("finding with and without wildcards")
 
 TEST_CASE("memory of the table")
 {
-    errorblock *err = addblock(6, 0, 1, 1, one, nullptr);
-    REQUIRE(err); // there is no table yet
-    CHECK(err->code == ERRORNOEVENT);
-
+    CHECK(fakecode(addblock(6, 0, 1, 1, one, nullptr)) == ERRORNOEVENT); // there is no table yet
     flexfailafter(0);
     CHECK(blockstart() != nullptr);
     REQUIRE(blockstart() == nullptr);
-    bool added = true;
     int32_t i = 0;
-    for (; i < BLOCKCHUNK; i++)
-        REQUIRE(addblock(6, 0, 1, i, one, nullptr) == nullptr);
+    auto addupto = [&](int32_t count) {
+        for (; i < count; i++)
+            REQUIRE(addblock(6, 0, 1, i, one, nullptr) == nullptr);
+    };
+    addupto(BLOCKCHUNK);
     flexfailafter(0);
-    err = addblock(6, 0, 1, i, one, &added);
-    REQUIRE(err);
-    CHECK(err->code == ERRORMEMORY);
+    bool added = true;
+    CHECK(fakecode(addblock(6, 0, 1, i, one, &added)) == ERRORMEMORY);
     CHECK_FALSE(added);
     CHECK(blockcount() == BLOCKCHUNK);
     CHECK(findblock(6, 0, 1, BLOCKCHUNK - 1, one) == BLOCKCHUNK - 1);
@@ -204,13 +201,11 @@ TEST_CASE("memory of the table")
     CHECK(addblock(6, 0, 1, 0, one, nullptr) == nullptr);
 
     // Room that was there once is there again without asking.
-    for (; i < 3 * BLOCKCHUNK; i++)
-        REQUIRE(addblock(6, 0, 1, i, one, nullptr) == nullptr);
+    addupto(3 * BLOCKCHUNK);
     while (i > 0)
         rem(6, 1, --i);
     CHECK(blockcount() == 0);
     flexfailafter(0);
-    for (; i < 3 * BLOCKCHUNK; i++)
-        REQUIRE(addblock(6, 0, 1, i, one, nullptr) == nullptr);
+    addupto(3 * BLOCKCHUNK);
     CHECK(addblock(6, 0, 1, i, one, nullptr) != nullptr);
 }

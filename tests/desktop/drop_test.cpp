@@ -13,19 +13,19 @@ namespace
 
 constexpr window W = 10;
 
-// What each of the three does, and what was heard of them.
+// What the three handlers do; a letter names one: a, l or d.
 struct {
-    bool accept, failask, failload, faildone;
-    const char *removes; // letters of those that take all away: a, l, d
+    bool accept;
+    char fails, removes; // which of them fails, and which takes all away
 } does;
 
 void removeall();
 
-errorblock *heard(char who, const std::string &what, bool fails)
+errorblock *heard(char who, const std::string &what)
 {
     fake.log.push_back(what);
-    if (does.removes && *does.removes == who) removeall();
-    return fails ? fakeerror() : nullptr;
+    if (does.removes == who) removeall();
+    return does.fails == who ? fakeerror() : nullptr;
 }
 
 errorblock *ask(const char *name, int32_t filetype, mouserecord *mouse, intptr_t data, int *accept)
@@ -35,7 +35,7 @@ errorblock *ask(const char *name, int32_t filetype, mouserecord *mouse, intptr_t
     char text[64];
     snprintf(text, sizeof text, "%d ask %s %x at %d", static_cast<int>(data), name,
              static_cast<unsigned>(filetype), static_cast<int>(mouse->x));
-    return heard('a', text, does.failask);
+    return heard('a', text);
 }
 
 errorblock *load(const char *name, int32_t filetype, intptr_t data, intptr_t zero)
@@ -44,12 +44,12 @@ errorblock *load(const char *name, int32_t filetype, intptr_t data, intptr_t zer
     char text[64];
     snprintf(text, sizeof text, "%d load %s %x", static_cast<int>(data), name,
              static_cast<unsigned>(filetype));
-    return heard('l', text, does.failload);
+    return heard('l', text);
 }
 
 errorblock *done(intptr_t data)
 {
-    return heard('d', std::to_string(data) + " done", does.faildone);
+    return heard('d', std::to_string(data) + " done");
 }
 
 void addall()
@@ -82,9 +82,7 @@ std::string drop(const char *name, bool folder = false)
 void start()
 {
     REQUIRE_FALSE(blockstart());
-    does = {};
-    does.accept = true;
-    headless.keeptrace = true;
+    does = {true, 0, 0};
     addall();
 }
 
@@ -95,50 +93,35 @@ TEST_CASE("a dropped file has the type of its name, and a folder more")
     start();
     static const filetyperow rows[] = {
         {0x123, "qmg", ""}, {FILETYPEDEFAULT, "dat", ""}, {FILETYPEEND, nullptr, nullptr}};
-    filetypenode node;
-    addfiletypes(rows, &node);
+    faketypes added(rows);
     CHECK(drop("a.qmg") == "1 ask a.qmg 123 at 77, 1 load a.qmg 123, 1 done");
     CHECK(drop("b.QMG", true) == "1 ask b.QMG 1123 at 77, 1 load b.QMG 1123, 1 done");
     CHECK(drop("c.odd") == "1 ask c.odd ffd at 77, 1 load c.odd ffd, 1 done");
     CHECK(drop("d", true) == "1 ask d 1ffd at 77, 1 load d 1ffd, 1 done");
-    remfiletypes(&node);
 }
 
-TEST_CASE("a drop that is refused or fails ends there, and the failure is shown")
+TEST_CASE("a drop ends where it is refused or fails, or where its window goes")
 {
-    struct {
-        bool accept, failask, failload, faildone;
-        const char *heard;
-        uint32_t shown;
-    } rows[] = {
-        {false, false, false, false, "1 ask a ffd at 77", 0},
-        {true, true, false, false, "1 ask a ffd at 77", 1},
-        {false, true, false, false, "1 ask a ffd at 77", 1},
-        {true, false, true, false, "1 ask a ffd at 77, 1 load a ffd", 1},
-        {true, false, false, true, "1 ask a ffd at 77, 1 load a ffd, 1 done", 1},
-    };
+    const std::string asked = "1 ask a ffd at 77", loaded = asked + ", 1 load a ffd";
+    const struct {
+        bool accept;
+        char fails, removes;
+        std::string heard;
+    } rows[] = {{false, 0, 0, asked},
+                {true, 'a', 0, asked},
+                {false, 'a', 0, asked},
+                {true, 'l', 0, loaded},
+                {true, 'd', 0, loaded + ", 1 done"},
+                {true, 0, 'a', asked},
+                {true, 0, 'l', loaded},
+                {true, 0, 'd', loaded + ", 1 done"}};
     for (const auto &row : rows) {
         start();
-        does = {row.accept, row.failask, row.failload, row.faildone, nullptr};
+        does = {row.accept, row.fails, row.removes};
         headless.boxes = 0;
         CHECK(drop("a") == row.heard);
-        CHECK(headless.boxes == row.shown);
-        blockend();
-    }
-}
-
-TEST_CASE("handlers may end a drop's window as they hear of it")
-{
-    struct {
-        const char *removes, *heard;
-    } rows[] = {{"a", "1 ask a ffd at 77"},
-                {"l", "1 ask a ffd at 77, 1 load a ffd"},
-                {"d", "1 ask a ffd at 77, 1 load a ffd, 1 done"}};
-    for (const auto &row : rows) {
-        start();
-        does.removes = row.removes;
-        CHECK(drop("a") == row.heard);
-        CHECK(blockcount() == 1); // the other window's
+        CHECK(headless.boxes == (row.fails ? 1 : 0)); // the failure is shown
+        if (row.removes) CHECK(blockcount() == 1);    // the other window's
         blockend();
     }
 }

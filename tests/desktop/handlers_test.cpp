@@ -22,22 +22,22 @@ block made(add adder, rem remover, words... arguments)
     return b;
 }
 
-// Of a window: function, window, data.
-#define OFWINDOW(name, number)                                                                     \
-    {                                                                                              \
-        block b = made(add##name##handler, rem##name##handler, nullptr, 10, 20);                   \
-        CHECK(b.type == number);                                                                   \
-        CHECK(b.window == 10);                                                                     \
-        CHECK(b.data == 20);                                                                       \
-    }
+// Of a window: function, window, data; of a drop the function comes last.
+template<typename add, typename rem> void ofwindow(add adder, rem remover, int32_t type)
+{
+    block b = made(adder, remover, nullptr, 10, 20);
+    CHECK(b.type == type);
+    CHECK(b.window == 10);
+    CHECK(b.data == 20);
+}
 
-#define OFDROP(name, number)                                                                       \
-    {                                                                                              \
-        block b = made(add##name##handler, rem##name##handler, 10, 20, nullptr);                   \
-        CHECK(b.type == number);                                                                   \
-        CHECK(b.window == 10);                                                                     \
-        CHECK(b.data == 20);                                                                       \
-    }
+template<typename add, typename rem> void ofdrop(add adder, rem remover, int32_t type)
+{
+    block b = made(adder, remover, 10, 20, nullptr);
+    CHECK(b.type == type);
+    CHECK(b.window == 10);
+    CHECK(b.data == 20);
+}
 
 } // namespace
 
@@ -45,43 +45,34 @@ TEST_CASE("the type and the fields of each registration")
 {
     REQUIRE(blockstart() == nullptr);
     headless.keeptrace = true;
-    OFWINDOW(redraw, 1)
-    OFWINDOW(open, 2)
-    OFWINDOW(close, 3)
-    OFWINDOW(click, 6)
-    OFWINDOW(key, 8)
-    OFWINDOW(focus, 11)
-    OFWINDOW(help, -16)
-    OFWINDOW(mouse, -17)
-    OFWINDOW(activate, -18)
-    OFWINDOW(pointer, -19)
-    OFWINDOW(textchange, -20)
-    OFWINDOW(textfocus, -21)
-    OFWINDOW(parentdeleted, -23)
-    OFWINDOW(parentclosed, -24)
-    OFWINDOW(hook, -25)
-    OFWINDOW(wheel, -27)
-    OFWINDOW(appcommand, -28)
-    OFDROP(dropload, -6)
-    OFDROP(dropdone, -7)
-    OFDROP(drop, -8)
-    OFDROP(dropextra, -9)
+    ofwindow(addredrawhandler, remredrawhandler, 1);
+    ofwindow(addopenhandler, remopenhandler, 2);
+    ofwindow(addclosehandler, remclosehandler, 3);
+    ofwindow(addclickhandler, remclickhandler, 6);
+    ofwindow(addkeyhandler, remkeyhandler, 8);
+    ofwindow(addfocushandler, remfocushandler, 11);
+    ofwindow(addhelphandler, remhelphandler, -16);
+    ofwindow(addmousehandler, remmousehandler, -17);
+    ofwindow(addactivatehandler, remactivatehandler, -18);
+    ofwindow(addpointerhandler, rempointerhandler, -19);
+    ofwindow(addtextchangehandler, remtextchangehandler, -20);
+    ofwindow(addtextfocushandler, remtextfocushandler, -21);
+    ofwindow(addparentdeletedhandler, remparentdeletedhandler, -23);
+    ofwindow(addparentclosedhandler, remparentclosedhandler, -24);
+    ofwindow(addhookhandler, remhookhandler, -25);
+    ofwindow(addwheelhandler, remwheelhandler, -27);
+    ofwindow(addappcommandhandler, remappcommandhandler, -28);
+    ofdrop(adddroploadhandler, remdroploadhandler, -6);
+    ofdrop(adddropdonehandler, remdropdonehandler, -7);
+    ofdrop(adddrophandler, remdrophandler, -8);
+    ofdrop(adddropextrahandler, remdropextrahandler, -9);
 
     CHECK(made(addnullhandler, remnullhandler, nullptr, 20).type == 0);
     CHECK(made(addpostpollhandler, rempostpollhandler, nullptr, 20).type == -2);
     CHECK(made(addprepollhandler, remprepollhandler, nullptr, 20).type == -3);
-    block b = made(addloadhandler, remloadhandler, 0x103, nullptr);
-    CHECK(b.type == -4);
-    CHECK(b.window == 0x103);
-    b = made(addloadedhandler, remloadedhandler, 0x103, nullptr);
-    CHECK(b.type == -5);
-    CHECK(b.window == 0x103);
-    b = made(addmessagehandler, remmessagehandler, 65537, nullptr, 20);
-    CHECK(b.type == -10);
-    CHECK(b.subtype == 65537);
-    CHECK(b.data == 20);
-    b = made(addbroadcasthandler, rembroadcasthandler, nullptr, 9);
-    CHECK(b.type == 17);
-    CHECK(b.subtype == 9);
+    CHECK(made(addloadhandler, remloadhandler, 0x103, nullptr).type == -4);
+    CHECK(made(addloadedhandler, remloadedhandler, 0x103, nullptr).type == -5);
+    CHECK(made(addmessagehandler, remmessagehandler, 65537, nullptr, 20).type == -10);
+    CHECK(made(addbroadcasthandler, rembroadcasthandler, nullptr, 9).type == 17);
     CHECK(headless.tracetext.empty());
 }

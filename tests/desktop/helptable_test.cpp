@@ -5,11 +5,12 @@
 #include "base/random.h"
 #include "desktop/help.h"
 #include "desktop/templatechain.h"
+#include "tests/desktop/fake/fakesource.h"
 #include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
 
-#include <cstdio>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -108,7 +109,7 @@ TEST_CASE("a table that memory runs out for holds the lines before")
         errorblock *err = add("Confirm,2,3:Two\ncustom,4:Three\n");
         flexfailafter(-1);
         shortmemory = err;
-        if (err) CHECK(err->code == ERRORMEMORY);
+        CHECK(fakecode(err) == (err ? ERRORMEMORY : 0u));
         CHECK(text(70, 1) == "One");
         CHECK(text(70, 4) == "none");
         for (int32_t icon : {2, 3})
@@ -121,15 +122,9 @@ TEST_CASE("a table is read from a file, or from a resource that may be missing")
 {
     templates known;
     std::string folder = scratchfolder();
-    FILE *file = fopen((folder + "/Help.txt").c_str(), "wb");
-    REQUIRE(file);
-    fputs("Info,1:From a file\n", file);
-    fclose(file);
+    std::ofstream(folder + "/Help.txt") << "Info,1:From a file\n";
     CHECK_FALSE(addhelptable(folder.c_str(), "Help.txt"));
     CHECK(text(3, 1) == "From a file");
     CHECK_FALSE(addhelptable(nullptr, "Help"));
-    errorblock *err = addhelptable(folder.c_str(), "Missing.txt");
-    REQUIRE(err);
-    CHECK(err->code == ERRORNOTFOUND);
-    remove((folder + "/Help.txt").c_str());
+    CHECK(fakecode(addhelptable(folder.c_str(), "Missing.txt")) == ERRORNOTFOUND);
 }

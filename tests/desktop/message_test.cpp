@@ -75,19 +75,6 @@ errorblock *loaded(intptr_t zero)
 
 const filetyperow types[] = {{0x103, "qmg", "Grid"}, {FILETYPEEND, nullptr, nullptr}};
 
-// The chain of types for as long as a test runs.
-struct typesadded {
-    filetypenode node = {};
-    typesadded()
-    {
-        addfiletypes(types, &node);
-    }
-    ~typesadded()
-    {
-        remfiletypes(&node);
-    }
-};
-
 } // namespace
 
 TEST_CASE("a message stops at the first error")
@@ -97,9 +84,7 @@ TEST_CASE("a message stops at the first error")
     addmessagehandler(4, message, 2);
     addmessagehandler(3, message, 9);
     addmessagehandler(3, message, 5);
-    errorblock *err = sendmessage(3, 11, 12);
-    REQUIRE(err);
-    CHECK(err->code == 99);
+    CHECK(fakecode(sendmessage(3, 11, 12)) == 99);
     CHECK(fakelog() == "3 1 11 12, 3 9 11 12");
     CHECK(headless.boxes == 0); // the sender has it
     remmessagehandler(3, message, 9);
@@ -134,6 +119,10 @@ TEST_CASE("a broadcast tells everyone, claimed or not")
 TEST_CASE("the mouse hook goes in with the first handler and out with the last")
 {
     REQUIRE(blockstart() == nullptr);
+    fake.nohook = true;
+    CHECK(addhookhandler(hooked, 10, 1) != nullptr);
+    CHECK(blockcount() == 0);
+    fake.nohook = false;
     CHECK(addhookhandler(hooked, 10, 1) == nullptr);
     CHECK(addhookhandler(hooked, 10, 1) == nullptr);
     CHECK(addhookhandler(hooked, 11, 3) == nullptr);
@@ -147,18 +136,11 @@ TEST_CASE("the mouse hook goes in with the first handler and out with the last")
 
     addhookhandler(hooked, 10, 2); // claims, and the next is called all the same
     addhookhandler(hooked, 11, 3);
+    CHECK(fake.hooks == 1);
     CHECK(hookdeliver(50, 60, 70));
     CHECK(fakelog() == "10 2 50 60 70, 11 3 50 60 70");
     remhookhandler(hooked, 10, 2);
     remhookhandler(hooked, 11, 3);
-
-    fake.nohook = true;
-    CHECK(addhookhandler(hooked, 10, 1) != nullptr);
-    CHECK(blockcount() == 0);
-    fake.nohook = false;
-    CHECK(addhookhandler(hooked, 10, 1) == nullptr);
-    CHECK(fake.hooks == 1);
-    remhookhandler(hooked, 10, 1);
 }
 
 TEST_CASE("subclassed controls")
@@ -193,27 +175,22 @@ TEST_CASE("subclassed controls")
         fake.ours = {10};
         fake.parents = {{1002, 10}};
         fake.claimed = {65};
-        int stop = 0;
-        m = {1002, 0x100, 65, 0};
-        subclasskeys(&m, 0, &stop, &result);
-        CHECK(stop == 1);
-        stop = 0;
-        m.wparam = 66;
-        subclasskeys(&m, 0, &stop, &result);
-        m.message = 0x200;
-        subclasskeys(&m, 0, &stop, &result);
-        CHECK(stop == 0);
-        fakelog();
-        m = {1002, 0x102, 65, 0};
-        subclasskeys(&m, 0, &stop, &result);
-        CHECK(stop == 1);
+        const struct {
+            intptr_t message, key;
+            bool stops;
+        } rows[] = {{0x100, 65, true}, {0x100, 66, false}, {0x200, 66, false}, {0x102, 65, true}};
+        for (const auto &row : rows) {
+            int stop = 0;
+            m = {1002, row.message, row.key, 0};
+            fakelog();
+            subclasskeys(&m, 0, &stop, &result);
+            CHECK(stop == row.stops);
+        }
         CHECK(fakelog() == "keys 258 of 10");
     }
     SUBCASE("without memory the control is as it was")
     {
-        intptr_t filler = 0;
-        while (blockcount() < BLOCKCHUNK)
-            addmessagehandler(filler++, message, 0);
+        fakefillblocks();
         flexfailafter(0);
         CHECK(addsubclasshandler(10, 2, 4, subclassed) != nullptr);
         CHECK(fake.replaced.empty());
@@ -223,7 +200,7 @@ TEST_CASE("subclassed controls")
 TEST_CASE("a load request while the poll runs")
 {
     REQUIRE(blockstart() == nullptr);
-    typesadded added;
+    faketypes added(types);
     int handled = 0;
     CHECK(loadfile("a.qmg", 1, &handled) == nullptr); // nobody loads such files
     CHECK(handled == 0);
@@ -247,7 +224,7 @@ TEST_CASE("a load request while the poll runs")
 TEST_CASE("a load request before the poll runs waits for it")
 {
     REQUIRE(blockstart() == nullptr);
-    typesadded added;
+    faketypes added(types);
     addloadhandler(0x103, load);
     addloadedhandler(0x103, loaded);
     int handled = 0;
@@ -265,14 +242,10 @@ TEST_CASE("a load request before the poll runs waits for it")
     CHECK(fakelog().empty());
 
     for (int n = 0; n < 2; n++) {
-        intptr_t filler = 0;
-        while (blockcount() < BLOCKCHUNK)
-            addmessagehandler(filler++, message, 0);
+        fakefillblocks();
         int32_t blocks = flexblocks();
         flexfailafter(n);
-        errorblock *err = loadfile("a.qmg", 0, &handled);
-        REQUIRE(err);
-        CHECK(err->code == ERRORMEMORY);
+        CHECK(fakecode(loadfile("a.qmg", 0, &handled)) == ERRORMEMORY);
         CHECK(flexblocks() == blocks);
     }
 }

@@ -61,22 +61,19 @@ void begin()
     REQUIRE(blockstart() == nullptr);
 }
 
+// What a poll did.
+std::string polled()
+{
+    pollonce();
+    return fakelog();
+}
+
 void addaround()
 {
     addprepollhandler(pre, 1);
     addprepollhandler(pre, 2);
     addpostpollhandler(post, 1);
     addpostpollhandler(post, 2);
-}
-
-int endstatus()
-{
-    try {
-        pollonce();
-    } catch (const fakeleft &left) {
-        return left.status;
-    }
-    return -1;
 }
 
 } // namespace
@@ -93,12 +90,11 @@ TEST_CASE("one poll with a null handler never waits")
     CHECK(fakelog() == "pre1, pre2, look, post1, post2, null1, null2");
 
     fakepost(FAKEPLAIN);
-    pollonce();
-    CHECK(fakelog() == "pre1, pre2, look, post1, post2, translate 1024, dispatch 1024");
+    CHECK(polled() == "pre1, pre2, look, post1, post2, translate 1024, dispatch 1024");
 
     sourcequit(0);
     addbroadcasthandler(quitting, BROADCASTQUIT);
-    CHECK(endstatus() == 0);
+    CHECK(fakeended(pollonce) == 0);
     CHECK(fakelog() == "pre1, pre2, look, post1, post2, quit0");
 }
 
@@ -107,13 +103,11 @@ TEST_CASE("one poll without a null handler waits")
     begin();
     addaround();
     fakepost(FAKEPLAIN);
-    pollonce();
-    CHECK(fakelog() == "pre1, pre2, wait, post1, post2, translate 1024, dispatch 1024");
+    CHECK(polled() == "pre1, pre2, wait, post1, post2, translate 1024, dispatch 1024");
 
     fake.fail = true;
     fakepost(FAKEPLAIN);
-    pollonce();
-    CHECK(fakelog() == "pre1, pre2, wait, post1, post2");
+    CHECK(polled() == "pre1, pre2, wait, post1, post2");
     CHECK(headless.boxes == 0);
     fake.queue.clear();
 
@@ -123,7 +117,7 @@ TEST_CASE("one poll without a null handler waits")
 
     postquit(3); // the process ends with 0 all the same
     addbroadcasthandler(quitting, BROADCASTQUIT);
-    CHECK(endstatus() == 0);
+    CHECK(fakeended(pollonce) == 0);
     CHECK(fakelog() == "pre1, pre2, wait, post1, post2, quit0");
 }
 
@@ -143,8 +137,7 @@ TEST_CASE("null handlers are counted once each")
     addnullhandler(idle, 1);
     addprepollhandler(pre, 1);
     oncall = [](intptr_t) { remnullhandler(idle, 1); };
-    pollonce();
-    CHECK(fakelog() == "pre1, look");
+    CHECK(polled() == "pre1, look");
 }
 
 TEST_CASE("an error of a handler is shown and delivery goes on")
@@ -160,67 +153,63 @@ TEST_CASE("an error of a handler is shown and delivery goes on")
 
 TEST_CASE("handlers change the table while they are called")
 {
-    begin();
-    for (int i = 1; i <= 4; i++)
-        addnullhandler(idle, i);
-    SUBCASE("one removes itself")
-    {
-        oncall = [](intptr_t data) {
-            if (data == 2) remnullhandler(idle, 2);
-        };
-        pollonce();
-        CHECK(fakelog() == "look, null1, null2, null3, null4");
-        pollonce();
-        CHECK(fakelog() == "look, null1, null3, null4");
-    }
-    SUBCASE("one removes all")
-    {
-        oncall = [](intptr_t) {
-            for (int i = 1; i <= 4; i++)
-                remnullhandler(idle, i);
-        };
-        pollonce();
-        CHECK(fakelog() == "look, null1");
-        CHECK(nullcount() == 0);
-    }
-    SUBCASE("one removes those before and behind it")
-    {
-        oncall = [](intptr_t data) {
-            if (data != 2) return;
-            remnullhandler(idle, 1);
-            remnullhandler(idle, 3);
-        };
-        pollonce();
-        CHECK(fakelog() == "look, null1, null2, null4");
-    }
-    SUBCASE("one adds another, which is called too")
-    {
-        oncall = [](intptr_t data) {
-            if (data == 4) addnullhandler(idle, 5);
-        };
-        pollonce();
-        CHECK(fakelog() == "look, null1, null2, null3, null4, null5");
-    }
-    SUBCASE("one polls, and the inner poll removes it")
-    {
-        oncall = [](intptr_t data) {
-            if (data != 3) return;
-            oncall = [](intptr_t inner) {
-                if (inner == 1) remnullhandler(idle, 3);
-            };
-            pollonce();
-        };
-        pollonce();
-        CHECK(fakelog() == "look, null1, null2, null3, look, null1, null2, null4, null4");
+    const struct {
+        const char *what;
+        void (*act)(intptr_t);
+        const char *first, *second; // calls of a poll, and of the next
+    } rows[] = {
+        {"one removes itself",
+         [](intptr_t data) {
+             if (data == 2) remnullhandler(idle, 2);
+         },
+         "look, null1, null2, null3, null4", "look, null1, null3, null4"},
+        {"one removes all",
+         [](intptr_t) {
+             for (int i = 1; i <= 4; i++)
+                 remnullhandler(idle, i);
+         },
+         "look, null1", "wait"},
+        {"one removes those before and behind it",
+         [](intptr_t data) {
+             if (data != 2) return;
+             remnullhandler(idle, 1);
+             remnullhandler(idle, 3);
+         },
+         "look, null1, null2, null4", "look, null2, null4"},
+        {"one adds another, which is called too",
+         [](intptr_t data) {
+             if (data == 4) addnullhandler(idle, 5);
+         },
+         "look, null1, null2, null3, null4, null5", "look, null1, null2, null3, null4, null5"},
+        {"one polls, and the inner poll removes it",
+         [](intptr_t data) {
+             if (data != 3) return;
+             oncall = [](intptr_t inner) {
+                 if (inner == 1) remnullhandler(idle, 3);
+             };
+             pollonce();
+         },
+         "look, null1, null2, null3, look, null1, null2, null4, null4",
+         "look, null1, null2, null4"},
+    };
+    for (const auto &row : rows) {
+        CAPTURE(row.what);
+        begin();
+        for (int i = 1; i <= 4; i++)
+            addnullhandler(idle, i);
+        oncall = row.act;
+        CHECK(polled() == row.first);
+        CHECK(polled() == row.second);
+        while (blockcount())
+            remnullhandler(idle, blockat(0).data);
+        blockend();
     }
 }
 
 TEST_CASE("the nesting count")
 {
     begin();
-    addnullhandler(idle, 1);
     int32_t before = pollnesting();
-    addprepollhandler(pre, 1);
     int32_t inside = 99, deeper = 99;
     fake.ondispatch = [&](const systemmessage &) {
         pollenter();
@@ -256,10 +245,9 @@ TEST_CASE("delivery of a message that is no key press")
     SUBCASE("in a window with a menu there is no navigation")
     {
         fakepost(SYSTEMCHAR, 11);
+        CHECK(polled() == "wait, translate 258, dispatch 258");
         fakepost(SYSTEMKEYDOWN, 11); // nor are presses of a control the window's
-        pollonce();
-        pollonce();
-        CHECK(fakelog() == "wait, translate 258, dispatch 258, wait, translate 256, dispatch 256");
+        CHECK(polled() == "wait, translate 256, dispatch 256");
     }
     SUBCASE("the navigation takes it")
     {
@@ -268,24 +256,21 @@ TEST_CASE("delivery of a message that is no key press")
         fakepost(SYSTEMKEYDOWN, 11, 9);
         fakepost(FAKEPLAIN, 11);
         pollonce();
-        pollonce();
-        CHECK(fakelog() == "wait, navigate 256 in 10, "
-                           "wait, navigate 1024 in 10, translate 1024, dispatch 1024");
+        CHECK(polled() == "wait, navigate 256 in 10, "
+                          "wait, navigate 1024 in 10, translate 1024, dispatch 1024");
     }
     SUBCASE("a foreign window has no target")
     {
         fake.navigates = {10, 30};
         fakepost(SYSTEMKEYDOWN, 31);
-        pollonce();
-        CHECK(fakelog() == "wait, translate 256, dispatch 256");
+        CHECK(polled() == "wait, translate 256, dispatch 256");
     }
     SUBCASE("a filter that stops it keeps it from all others")
     {
         fake.navigates = {10};
         addpollfilter(stopping, SYSTEMKEYDOWN, 10, 0);
         fakepost(SYSTEMKEYDOWN, 10);
-        pollonce();
-        CHECK(fakelog() == "wait, filter256");
+        CHECK(polled() == "wait, filter256");
         rempollfilter(stopping, SYSTEMKEYDOWN, 10, 0);
         CHECK(blockcount() == 0);
     }
@@ -296,9 +281,8 @@ TEST_CASE("delivery of a key press to a window itself")
     begin();
     fake.ours = {10};
     fake.navigates = {10};
-    intptr_t number = SYSTEMKEYDOWN;
-    SUBCASE("an ordinary key") {}
-    SUBCASE("a key with Alt")
+    intptr_t number = SYSTEMKEYDOWN; // an ordinary key
+    SUBCASE("with Alt")
     {
         number = SYSTEMSYSKEYDOWN;
     }
@@ -306,13 +290,11 @@ TEST_CASE("delivery of a key press to a window itself")
 
     fake.claimed = {65};
     fakepost(number, 10, 65);
-    pollonce();
-    CHECK(fakelog() == "wait, keys " + n + " of 10");
+    CHECK(polled() == "wait, keys " + n + " of 10");
 
     fake.navigated = {number};
     fakepost(number, 10, 9);
-    pollonce();
-    CHECK(fakelog() == "wait, keys " + n + " of 10, navigate " + n + " in 10");
+    CHECK(polled() == "wait, keys " + n + " of 10, navigate " + n + " in 10");
 
     // Dispatched, it isn't to go to the key handlers again, which is told once.
     fake.navigated = {};

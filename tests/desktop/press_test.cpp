@@ -33,6 +33,43 @@ std::string of(window control)
     return control == BUTTON ? "" : "other ";
 }
 
+// What happens to the button, and what it asks for then.
+std::string down(const char *codes, int32_t button = BUTTONLEFT)
+{
+    pressdown(BUTTON, button, codes);
+    return taken();
+}
+
+std::string again(const char *codes, int32_t button = BUTTONLEFT)
+{
+    pressdouble(BUTTON, button, codes);
+    return taken();
+}
+
+std::string move(bool over)
+{
+    pressmove(BUTTON, over);
+    return taken();
+}
+
+std::string up(bool over, int32_t button = BUTTONLEFT)
+{
+    pressup(BUTTON, button, over);
+    return taken();
+}
+
+std::string lost()
+{
+    presslost(BUTTON);
+    return taken();
+}
+
+std::string tick(bool over)
+{
+    presstick(BUTTON, over);
+    return taken();
+}
+
 } // namespace
 
 void presslook(window control, bool pressed)
@@ -60,151 +97,103 @@ void pressclick(window control, int32_t buttons)
 
 TEST_CASE("letters of a K token")
 {
-    CHECK(presscodes("1") == PRESSCLICK);
-    CHECK(presscodes("R1") == PRESSRELEASE);
     CHECK(presscodes("1R2") == (PRESSCLICK | PRESSDOUBLERELEASE));
+    CHECK(presscodes("R1") == PRESSRELEASE);
     CHECK(presscodes("2D") == (PRESSDOUBLECLICK | PRESSDRAG));
     CHECK(presscodes("A") == PRESSREPEAT);
     CHECK(presscodes("3xr") == 0);
-    CHECK(presscodes("") == 0);
 }
 
 TEST_CASE("a control that reports at the press")
 {
     start();
-    pressdown(BUTTON, BUTTONLEFT, "1");
-    CHECK(taken() == "down capture 4 notimer ");
-    pressmove(BUTTON, true);
-    CHECK(taken() == "");
-    pressup(BUTTON, BUTTONLEFT, true);
-    CHECK(taken() == "free up notimer ");
-
-    pressdown(BUTTON, BUTTONRIGHT, "1");
-    CHECK(taken() == "down capture 1 notimer ");
-    pressup(BUTTON, BUTTONRIGHT, true);
+    CHECK(down("1") == "down capture 4 notimer ");
+    CHECK(move(true) == "");
+    CHECK(up(true) == "free up notimer ");
+    CHECK(down("1", BUTTONRIGHT) == "down capture 1 notimer ");
+    up(true, BUTTONRIGHT);
     CHECK((press.word & 31) == 0);
 }
 
 TEST_CASE("one that reports at the release, over itself only")
 {
     start();
-    pressdown(BUTTON, BUTTONLEFT, "R1");
-    CHECK(taken() == "down capture notimer ");
-    pressmove(BUTTON, false);
-    pressmove(BUTTON, false);
-    CHECK(taken() == "up ");
+    CHECK(down("R1") == "down capture notimer ");
+    CHECK(move(false) == "up ");
+    CHECK(move(false) == "");
     SUBCASE("released beside it")
     {
-        pressup(BUTTON, BUTTONLEFT, false);
-        CHECK(taken() == "free up notimer ");
+        CHECK(up(false) == "free up notimer ");
     }
     SUBCASE("released after coming back")
     {
-        pressmove(BUTTON, true);
-        CHECK(taken() == "down ");
-        pressup(BUTTON, BUTTONLEFT, true);
-        CHECK(taken() == "free up 4 notimer ");
+        CHECK(move(true) == "down ");
+        CHECK(up(true) == "free up 4 notimer ");
     }
     SUBCASE("cut short by somebody who took the capture")
     {
-        presslost(BUTTON);
-        CHECK(taken() == "up notimer ");
-        pressup(BUTTON, BUTTONLEFT, true);
-        CHECK(taken() == "");
+        CHECK(lost() == "up notimer ");
+        CHECK(up(true) == "");
     }
 }
 
 TEST_CASE("a drag is the first movement")
 {
     start();
-    pressdown(BUTTON, BUTTONLEFT, "D1");
-    CHECK(taken() == "down capture 4 notimer ");
-    pressmove(BUTTON, true);
-    pressmove(BUTTON, true);
-    CHECK(taken() == "64 ");
-    pressup(BUTTON, BUTTONLEFT, true);
-    CHECK(taken() == "free up notimer ");
-
-    pressdown(BUTTON, BUTTONRIGHT, "D");
-    taken();
-    pressmove(BUTTON, false);
-    CHECK(taken() == "16 up ");
-    pressup(BUTTON, BUTTONRIGHT, false);
-    taken();
+    CHECK(down("D1") == "down capture 4 notimer ");
+    CHECK(move(true) == "64 ");
+    CHECK(move(true) == "");
+    CHECK(up(true) == "free up notimer ");
+    down("D", BUTTONRIGHT);
+    CHECK(move(false) == "16 up ");
+    up(false, BUTTONRIGHT);
 
     // Its handler starts a drag of the window's own, which takes the capture.
-    pressdown(BUTTON, BUTTONLEFT, "D");
-    taken();
+    down("D");
     onclick = [] { presslost(BUTTON); };
-    pressmove(BUTTON, true);
-    CHECK(taken() == "64 up notimer ");
-    pressmove(BUTTON, true);
-    CHECK(taken() == "");
+    CHECK(move(true) == "64 up notimer ");
+    CHECK(move(true) == "");
 
     // Without any movement it is no drag later on.
     onclick = nullptr;
-    pressdown(BUTTON, BUTTONLEFT, "D");
-    pressup(BUTTON, BUTTONLEFT, true);
-    taken();
-    pressmove(BUTTON, true);
-    CHECK(taken() == "");
-    pressdown(BUTTON, BUTTONLEFT, "D");
-    presslost(BUTTON);
-    taken();
-    pressmove(BUTTON, true);
-    CHECK(taken() == "");
+    down("D");
+    up(true);
+    CHECK(move(true) == "");
+    down("D");
+    lost();
+    CHECK(move(true) == "");
 }
 
 TEST_CASE("double clicks")
 {
     start();
-    pressdown(BUTTON, BUTTONLEFT, "12");
-    pressup(BUTTON, BUTTONLEFT, true);
-    CHECK(taken() == "down capture 4 notimer free up notimer ");
-    pressdouble(BUTTON, BUTTONLEFT, "12");
-    CHECK(taken() == "down capture 1024 notimer ");
-    pressup(BUTTON, BUTTONLEFT, true);
-    CHECK(taken() == "free up notimer ");
-
-    pressdown(BUTTON, BUTTONRIGHT, "R12");
-    pressup(BUTTON, BUTTONRIGHT, true);
-    taken();
-    pressdouble(BUTTON, BUTTONRIGHT, "R12");
-    CHECK(taken() == "down capture notimer ");
-    SUBCASE("released over it")
-    {
-        pressup(BUTTON, BUTTONRIGHT, true);
-        CHECK(taken() == "free up 256 notimer ");
-    }
-    SUBCASE("released beside it")
-    {
-        pressup(BUTTON, BUTTONRIGHT, false);
-        CHECK(taken() == "free up notimer ");
+    CHECK(down("12") == "down capture 4 notimer ");
+    CHECK(up(true) == "free up notimer ");
+    CHECK(again("12") == "down capture 1024 notimer ");
+    CHECK(up(true) == "free up notimer ");
+    for (bool over : {true, false}) {
+        down("R12", BUTTONRIGHT);
+        up(true, BUTTONRIGHT);
+        CHECK(again("R12", BUTTONRIGHT) == "down capture notimer ");
+        CHECK(up(over, BUTTONRIGHT) == (over ? "free up 256 notimer " : "free up notimer "));
     }
 }
 
 TEST_CASE("a held button repeats after a pause")
 {
     start();
-    pressdown(BUTTON, BUTTONLEFT, "A");
-    CHECK(taken() == "down capture notimer timer 4 ");
+    CHECK(down("A") == "down capture notimer timer 4 ");
     for (int i = 0; i < 5; i++)
-        presstick(BUTTON, true);
-    CHECK(taken() == "");
-    presstick(BUTTON, true);
-    presstick(BUTTON, false);
-    presstick(BUTTON, true);
-    CHECK(taken() == "4 4 ");
-    pressup(BUTTON, BUTTONLEFT, true);
-    CHECK(taken() == "free up notimer ");
+        CHECK(tick(true) == "");
+    CHECK(tick(true) == "4 ");
+    CHECK(tick(false) == "");
+    CHECK(tick(true) == "4 ");
+    CHECK(up(true) == "free up notimer ");
 
     // A second press in quick succession starts again, and so does the pause.
-    pressdouble(BUTTON, BUTTONLEFT, "A");
-    CHECK(taken() == "down capture notimer timer 4 ");
-    presstick(BUTTON, true);
-    CHECK(taken() == "");
-    presslost(BUTTON);
-    CHECK(taken() == "up notimer ");
+    CHECK(again("A") == "down capture notimer timer 4 ");
+    CHECK(tick(true) == "");
+    CHECK(lost() == "up notimer ");
 }
 
 TEST_CASE("handlers that press elsewhere or delete the control")
@@ -213,19 +202,15 @@ TEST_CASE("handlers that press elsewhere or delete the control")
     SUBCASE("deleted at the press: nothing more is asked")
     {
         onclick = [] { pressgone(BUTTON); };
-        pressdown(BUTTON, BUTTONLEFT, "1A");
-        CHECK(taken() == "down capture 4 ");
-        presstick(BUTTON, true);
-        pressup(BUTTON, BUTTONLEFT, true);
-        CHECK(taken() == "");
+        CHECK(down("1A") == "down capture 4 ");
+        CHECK(tick(true) == "");
+        CHECK(up(true) == "");
     }
     SUBCASE("deleted at the release")
     {
-        pressdouble(BUTTON, BUTTONLEFT, "R12");
-        taken();
+        again("R12");
         onclick = [] { pressgone(BUTTON); };
-        pressup(BUTTON, BUTTONLEFT, true);
-        CHECK(taken() == "free up 4 ");
+        CHECK(up(true) == "free up 4 ");
     }
     SUBCASE("released inside the press's own handler")
     {
@@ -233,19 +218,16 @@ TEST_CASE("handlers that press elsewhere or delete the control")
             onclick = nullptr;
             pressup(BUTTON, BUTTONLEFT, true);
         };
-        pressdown(BUTTON, BUTTONLEFT, "1A");
-        CHECK(taken() == "down capture 4 free up notimer notimer ");
+        CHECK(down("1A") == "down capture 4 free up notimer notimer ");
     }
     SUBCASE("a press of another control, while the first looks pressed")
     {
-        pressdown(BUTTON, BUTTONLEFT, "R1");
-        taken();
+        down("R1");
         pressdown(OTHER, BUTTONLEFT, "1");
         CHECK(taken() == "up notimer other down other capture other 4 other notimer ");
-        pressmove(BUTTON, false);
-        pressup(BUTTON, BUTTONLEFT, true);
-        presslost(BUTTON);
-        CHECK(taken() == "");
+        CHECK(move(false) == "");
+        CHECK(up(true) == "");
+        CHECK(lost() == "");
         pressup(OTHER, BUTTONLEFT, true);
         CHECK(taken() == "other free other up other notimer ");
     }

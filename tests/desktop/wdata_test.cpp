@@ -37,12 +37,16 @@ errorblock *deletes(window w, intptr_t other)
     return nullptr;
 }
 
-errorblock *deletesall(window w, intptr_t)
+void freeall()
 {
-    told(w, 0);
     while (wdatas)
         wdatafree(wdatas);
-    return nullptr;
+}
+
+errorblock *deletesall(window w, intptr_t)
+{
+    freeall();
+    return told(w, 0);
 }
 
 errorblock *fails(window w, intptr_t)
@@ -78,10 +82,19 @@ std::string handles()
     return list;
 }
 
-void freeall()
+// Each window of a chain closes the next, so that the walks nest; the last one
+// deletes what all of them come to next.
+constexpr int CHAIN = 16;
+
+errorblock *chainclosed(window w, intptr_t)
 {
-    while (wdatas)
-        wdatafree(wdatas);
+    if (w < CHAIN) {
+        wdatadependants(w, EVENTPARENTCLOSED, ending, false);
+        return nullptr;
+    }
+    for (window other = 100; other < 100 + CHAIN; other++)
+        if (wdata *record = wdatafind(other)) wdatafree(record);
+    return nullptr;
 }
 
 } // namespace
@@ -145,55 +158,27 @@ TEST_CASE("a delete frees the dependants that their handlers left")
 
 TEST_CASE("a walk goes on behind records that its handlers delete")
 {
+    const struct {
+        window deleter, deleted;
+        const char *heard;
+    } rows[] = {{13, 13, "end 14 end 13 told 13 end 12 end 11 "},
+                {13, 12, "end 14 end 13 told 13 end 11 "},       // the next one
+                {13, 1, "end 14 end 13 told 13 end 12 end 11 "}, // the list's last
+                {11, 11, "end 14 end 13 end 12 end 11 told 11 "}};
+    for (const auto &row : rows) {
+        family();
+        addparentclosedhandler(deletes, row.deleter, row.deleted);
+        wdatadependants(PARENT, EVENTPARENTCLOSED, ending, false);
+        CHECK(heard == row.heard);
+        freeall();
+        blockend();
+    }
     family();
-    SUBCASE("itself")
-    {
-        addparentclosedhandler(deletes, 13, 13);
-        wdatadependants(PARENT, EVENTPARENTCLOSED, ending, false);
-        CHECK(heard == "end 14 end 13 told 13 end 12 end 11 ");
-    }
-    SUBCASE("the next one")
-    {
-        addparentclosedhandler(deletes, 13, 12);
-        wdatadependants(PARENT, EVENTPARENTCLOSED, ending, false);
-        CHECK(heard == "end 14 end 13 told 13 end 11 ");
-    }
-    SUBCASE("the last one")
-    {
-        addparentclosedhandler(deletes, 12, 1);
-        addparentclosedhandler(deletes, 11, 11);
-        wdatadependants(PARENT, EVENTPARENTCLOSED, ending, false);
-        CHECK(heard == "end 14 end 13 end 12 told 12 end 11 told 11 ");
-    }
-    SUBCASE("everything")
-    {
-        addparentclosedhandler(deletesall, 13, 0);
-        wdatadependants(PARENT, EVENTPARENTCLOSED, ending, true);
-        CHECK(heard == "end 14 end 13 told 13 ");
-        CHECK(wdatas == nullptr);
-    }
-    freeall();
+    addparentclosedhandler(deletesall, 13, 0);
+    wdatadependants(PARENT, EVENTPARENTCLOSED, ending, true);
+    CHECK(heard == "end 14 end 13 told 13 ");
+    CHECK(wdatas == nullptr);
 }
-
-namespace
-{
-
-// Each window of a chain closes the next, so that the walks nest; the last one
-// deletes what all of them come to next.
-constexpr int CHAIN = 16;
-
-errorblock *chainclosed(window w, intptr_t)
-{
-    if (w < CHAIN) {
-        wdatadependants(w, EVENTPARENTCLOSED, ending, false);
-        return nullptr;
-    }
-    for (window other = 100; other < 100 + CHAIN; other++)
-        if (wdata *record = wdatafind(other)) wdatafree(record);
-    return nullptr;
-}
-
-} // namespace
 
 TEST_CASE("sixteen walks inside one another are all protected")
 {

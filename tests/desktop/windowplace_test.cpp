@@ -41,17 +41,11 @@ bool is(const pixelbox &box, const pixelbox &other)
 
 TEST_CASE("a state's rectangle in pixels, from the top of the screen down")
 {
-    SUBCASE("96 dpi")
-    {
-        screen(96);
-        CHECK(is(placeclient(stateof(180, 360, 540, 900)), {96, 288, 288, 576}));
-        CHECK(is(placeclient(stateof(0, 0, 1920, 1440)), {0, 0, 1024, 768}));
-    }
-    SUBCASE("144 dpi")
-    {
-        screen(144);
-        CHECK(is(placeclient(stateof(180, 360, 540, 900)), {144, 48, 432, 480}));
-    }
+    screen(96);
+    CHECK(is(placeclient(stateof(180, 360, 540, 900)), {96, 288, 288, 576}));
+    CHECK(is(placeclient(stateof(0, 0, 1920, 1440)), {0, 0, 1024, 768}));
+    screen(144);
+    CHECK(is(placeclient(stateof(180, 360, 540, 900)), {144, 48, 432, 480}));
 }
 
 TEST_CASE("a state that was read puts the window back to the very pixel")
@@ -82,28 +76,24 @@ TEST_CASE("the frame keeps the borders that it has")
 
 TEST_CASE("windows are centred, and a cascade of them drifts apart")
 {
-    struct {
-        int32_t dpi, x, y; // of the first, on a screen of 1920 by 1440 or 1280 by 960 units
-    } screens[] = {{96, 760, 570}, {144, 440, 330}};
-    struct {
-        int32_t n, right, down;
-    } places[] = {{0, 0, 0}, {1, 40, 40}, {3, 120, 120}, {4, 0, 160}, {5, 40, 0}, {19, 120, 160}};
-    for (const auto &s : screens)
-        for (const auto &place : places) {
-            CAPTURE(s.dpi);
-            CAPTURE(place.n);
-            screen(s.dpi);
-            windowstaterecord state = stateof(7, 9, 407, 309);
-            state.xscroll = 11;
-            state.behind = BEHINDSAME;
-            centrestate(&state, place.n);
-            CHECK(state.x0 == s.x + place.right);
-            CHECK(state.y0 == s.y - place.down);
-            CHECK(state.x1 == state.x0 + 400);
-            CHECK(state.y1 == state.y0 + 300);
-            CHECK(state.xscroll == 11);
-            CHECK(state.behind == BEHINDSAME);
-        }
+    const struct {
+        int32_t dpi, n, x, y; // on a screen of 1920 by 1440 or 1280 by 960 units
+    } rows[] = {{96, 0, 760, 570}, {96, 1, 800, 530},  {96, 3, 880, 450},  {96, 4, 760, 410},
+                {96, 5, 800, 570}, {96, 19, 880, 410}, {144, 0, 440, 330}, {144, 19, 560, 170}};
+    for (const auto &row : rows) {
+        CAPTURE(row.n);
+        screen(row.dpi);
+        windowstaterecord state = stateof(7, 9, 407, 309);
+        state.xscroll = 11;
+        state.behind = BEHINDSAME;
+        centrestate(&state, row.n);
+        CHECK(state.x0 == row.x);
+        CHECK(state.y0 == row.y);
+        CHECK(state.x1 == row.x + 400);
+        CHECK(state.y1 == row.y + 300);
+        CHECK(state.xscroll == 11);
+        CHECK(state.behind == BEHINDSAME);
+    }
 }
 
 TEST_CASE("a box of the work area covers each pixel that drawing in it falls on")

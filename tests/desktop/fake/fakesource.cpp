@@ -1,7 +1,9 @@
 #include "tests/desktop/fake/fakesource.h"
 
 #include "base/errors.h"
+#include "desktop/blocks.h"
 #include "desktop/eventsource.h"
+#include "desktop/handlers.h"
 #include "desktop/poll.h"
 #include "desktop/timed.h"
 
@@ -31,14 +33,37 @@ std::string fakelog()
     return all;
 }
 
+void fakefillblocks()
+{
+    intptr_t number = 1 << 20; // of a message that nobody sends
+    do
+        addmessagehandler(number++, nullptr, 0);
+    while (blockcount() % BLOCKCHUNK);
+}
+
 errorblock *fakeerror()
 {
     return makeerrortext(99, "It failed");
 }
 
+uint32_t fakecode(const errorblock *error)
+{
+    return error ? error->code : 0;
+}
+
 void fakeleave(int status)
 {
     throw fakeleft{status};
+}
+
+int fakeended(void (*call)())
+{
+    try {
+        call();
+    } catch (const fakeleft &left) {
+        return left.status;
+    }
+    return -1;
 }
 
 static void note(const char *what, const systemmessage *message)

@@ -2,6 +2,7 @@
 // a clock that tests turn.
 #pragma once
 
+#include "base/filetypes.h"
 #include "desktop/events.h"
 
 #include <cstdint>
@@ -52,9 +53,29 @@ void fakewait(uint32_t milliseconds);
 // The log in one line, and empty from then on.
 std::string fakelog();
 
+// Fills the block table as far as its memory goes: the next block needs more.
+void fakefillblocks();
+
+// A table of file types, for as long as a test runs.
+struct faketypes {
+    filetypenode node;
+    explicit faketypes(const filetyperow *rows)
+    {
+        addfiletypes(rows, &node);
+    }
+    ~faketypes()
+    {
+        remfiletypes(&node);
+    }
+};
+
 // The error that failing handlers return; and the process's end, which throws.
 errorblock *fakeerror();
+uint32_t fakecode(const errorblock *error); // 0 for none
 struct fakeleft {
     int status;
 };
 void fakeleave(int status);
+
+// The status that the process ends with in a call, -1 if it goes on.
+int fakeended(void (*call)());
