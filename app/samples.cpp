@@ -83,22 +83,20 @@ errorblock *samplesredraw(window self, const sampleset &set)
     return err;
 }
 
+errorblock *rowspaint(const redrawrecord &r, intptr_t data)
+{
+    const sampleset &set = *reinterpret_cast<const sampleset *>(data);
+    errorblock *err = nullptr;
+    for (const samplerow &row : rowsof(set))
+        if (!err) err = samplepaint(r.self, row, set);
+    return err;
+}
+
 } // namespace
 
 errorblock *samplespaint(window self, const sampleset &set)
 {
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more) {
-        errorblock *painted = nullptr;
-        for (const samplerow &row : rowsof(set))
-            if (!painted) painted = samplepaint(self, row, set);
-        err = redrawnext(&r, &more);
-        if (!err) err = painted;
-    }
-    return err;
+    return redrawwith(self, rowspaint, reinterpret_cast<intptr_t>(&set));
 }
 
 errorblock *sampleschoose(window self, const sampleset &set, int32_t icon)

@@ -1,7 +1,7 @@
 // desktop/redraw.h - painting a window.
 //
-// A redraw handler has this shape, and so has an update at once, which begins
-// with updatewindow in place of redrawin:
+// A redraw handler runs a loop, and so does an update at once, which begins with
+// updatewindow in place of redrawin:
 //
 //     redrawrecord r = {};
 //     r.self = self;
@@ -11,6 +11,9 @@
 //         ... paint what falls into the clip ...
 //         err = redrawnext(&r, &more);
 //     }
+//
+// redrawwith and updatewith are these loops around a painter. Its error ends the
+// painting as it should be ended.
 //
 // The clip rectangle always covers the pixels at its edges. While more is set
 // the record's surface is the current one of graphics/surface.h, with its view
@@ -41,3 +44,8 @@ errorblock *redrawnext(redrawrecord *r, int *more);
 // Paints now, without waiting for the system to ask: x0 to y1 of the record are
 // the rectangle, in the work area.
 errorblock *updatewindow(redrawrecord *r, int *more);
+
+using redrawpainter = errorblock *(*)(const redrawrecord &r, intptr_t data);
+errorblock *redrawwith(window self, redrawpainter painter, intptr_t data);
+errorblock *updatewith(window self, int32_t x0, int32_t y0, int32_t x1, int32_t y1,
+                       redrawpainter painter, intptr_t data);

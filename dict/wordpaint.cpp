@@ -71,14 +71,14 @@ void rowspaint(const wordview *view, const redrawrecord &r)
     }
 }
 
-errorblock *listpaint(const wordview *view, const redrawrecord &r)
+errorblock *listpaint(const redrawrecord &r, intptr_t view)
 {
     fonthandle font;
     errorblock *err = fontfind(&wordfont, &font);
     if (err) return err;
     fontset(font, FONTCLEAR, BLACK, 0);
     fontalign(0);
-    rowspaint(view, r);
+    rowspaint(reinterpret_cast<const wordview *>(view), r);
     return fontlose(font);
 }
 
@@ -86,17 +86,7 @@ errorblock *listpaint(const wordview *view, const redrawrecord &r)
 
 errorblock *wordviewredraw(window self, intptr_t data)
 {
-    auto view = reinterpret_cast<const wordview *>(data);
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more) {
-        errorblock *painted = listpaint(view, r);
-        err = redrawnext(&r, &more);
-        if (!err) err = painted;
-    }
-    return err;
+    return redrawwith(self, listpaint, data);
 }
 
 void dictmetricsupdate(const fontrecord *font)

@@ -141,7 +141,7 @@ errorblock *picturespaint(const redrawrecord &r)
     return nullptr;
 }
 
-errorblock *listpaint(const redrawrecord &r)
+errorblock *listpaint(const redrawrecord &r, intptr_t)
 {
     fonthandle font;
     errorblock *err = fontfind(&solfont, &font);
@@ -155,16 +155,7 @@ errorblock *listpaint(const redrawrecord &r)
 
 errorblock *listredraw(window self, intptr_t)
 {
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more) {
-        errorblock *painted = listpaint(r);
-        err = redrawnext(&r, &more);
-        if (!err) err = painted;
-    }
-    return err;
+    return redrawwith(self, listpaint, 0);
 }
 
 // The row under the pointer, -1 for none.

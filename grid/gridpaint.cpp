@@ -165,20 +165,10 @@ void lines(const area &a)
 // The update reaches to the far edges of the last squares.
 errorblock *cellsredraw(int32_t left, int32_t top, int32_t right, int32_t bottom)
 {
-    redrawrecord r = {};
-    r.self = gridwindow;
-    r.x0 = left * grid.cellwidth;
-    r.y0 = -(bottom + 1) * grid.cellheight;
-    r.x1 = (right + 1) * grid.cellwidth;
-    r.y1 = -top * grid.cellheight;
-    int more;
-    errorblock *err = updatewindow(&r, &more);
-    while (!err && more) {
-        errorblock *painted = gridredrawcells(r, true);
-        err = redrawnext(&r, &more);
-        if (!err) err = painted;
-    }
-    return err;
+    return updatewith(
+        gridwindow, left * grid.cellwidth, -(bottom + 1) * grid.cellheight,
+        (right + 1) * grid.cellwidth, -top * grid.cellheight,
+        [](const redrawrecord &r, intptr_t) { return gridredrawcells(r, true); }, 0);
 }
 
 } // namespace
@@ -201,16 +191,8 @@ errorblock *gridredrawcells(const redrawrecord &r, bool background)
 
 errorblock *gridpaint(window self, intptr_t)
 {
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more) {
-        errorblock *painted = gridredrawcells(r, false);
-        err = redrawnext(&r, &more);
-        if (!err) err = painted;
-    }
-    return err;
+    return redrawwith(
+        self, [](const redrawrecord &r, intptr_t) { return gridredrawcells(r, false); }, 0);
 }
 
 void gridcellsredraw(int32_t left, int32_t top, int32_t right, int32_t bottom)

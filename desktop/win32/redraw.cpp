@@ -112,6 +112,18 @@ bool updateclip(redrawrecord *r, const pixelbox &box)
     return true;
 }
 
+// What has begun is ended, whatever the painter says.
+errorblock *partspaint(redrawrecord *r, int more, redrawpainter painter, intptr_t data)
+{
+    errorblock *err = nullptr;
+    while (!err && more) {
+        errorblock *painted = painter(*r, data);
+        err = redrawnext(r, &more);
+        if (!err) err = painted;
+    }
+    return err;
+}
+
 } // namespace
 
 // A paint that can't begin is given up: the system would ask for it for ever.
@@ -172,4 +184,27 @@ errorblock *updatewindow(redrawrecord *r, int *more)
     dragboxredraw(r->self, r->drawing->dc, false);
     *more = UPDATING;
     return nullptr;
+}
+
+errorblock *redrawwith(window self, redrawpainter painter, intptr_t data)
+{
+    redrawrecord r = {};
+    r.self = self;
+    int more;
+    errorblock *err = redrawin(&r, &more);
+    return err ? err : partspaint(&r, more, painter, data);
+}
+
+errorblock *updatewith(window self, int32_t x0, int32_t y0, int32_t x1, int32_t y1,
+                       redrawpainter painter, intptr_t data)
+{
+    redrawrecord r = {};
+    r.self = self;
+    r.x0 = x0;
+    r.y0 = y0;
+    r.x1 = x1;
+    r.y1 = y1;
+    int more;
+    errorblock *err = updatewindow(&r, &more);
+    return err ? err : partspaint(&r, more, painter, data);
 }

@@ -91,11 +91,11 @@ errorblock *closed(window, intptr_t)
 }
 
 // Stripes where a control lets the window show through.
-errorblock *paint(window self)
+errorblock *paint(const redrawrecord &r, intptr_t)
 {
     constexpr int32_t STRIPE = 6;
     osbox box;
-    errorblock *err = iconbox(self, CLEAR, &box);
+    errorblock *err = iconbox(r.self, CLEAR, &box);
     for (int32_t x = box.x0; x < box.x1 && !err; x += STRIPE) {
         setcolour((x - box.x0) % (2 * STRIPE) ? YELLOW : RED);
         err = fillbox(x, box.y0, STRIPE, box.y1 - box.y0);
@@ -105,16 +105,7 @@ errorblock *paint(window self)
 
 errorblock *redraw(window self, intptr_t)
 {
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more) {
-        errorblock *painted = paint(self);
-        err = redrawnext(&r, &more);
-        if (!err) err = painted;
-    }
-    return err;
+    return redrawwith(self, paint, 0);
 }
 
 errorblock *handlersadd(window w)

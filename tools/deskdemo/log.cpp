@@ -47,27 +47,20 @@ void rowspaint(const redrawrecord &r)
         plottext(line(row), TEXTOSUNITS, LEFT, -row * height - eventlog.ascent);
 }
 
-void paint(const redrawrecord &r)
+errorblock *paint(const redrawrecord &r, intptr_t)
 {
     fonthandle font;
-    fontfind(&FONT, &font);
+    errorblock *err = fontfind(&FONT, &font);
+    if (err) return err;
     fontset(font, FONTCLEAR, BLACK, 0);
     fontalign(0);
     rowspaint(r);
-    fontlose(font);
+    return fontlose(font);
 }
 
 errorblock *redraw(window self, intptr_t)
 {
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more) {
-        paint(r);
-        err = redrawnext(&r, &more);
-    }
-    return err;
+    return redrawwith(self, paint, 0);
 }
 
 errorblock *click(window self, intptr_t, mouserecord *mouse)
