@@ -1,13 +1,45 @@
 #include "tests/dict/blockmodel.h"
 
-#include "tests/dict/storemodel.h"
-
 #include <algorithm>
+#include <cctype>
 #include <cstddef>
+#include <sstream>
 #include <unordered_map>
 
 namespace
 {
+
+// Runs of codes, each a first code and the texts from there on.
+constexpr const char *GROUPTEXTS =
+    "31 ng ss ess on er ed le ion 40 te ble al es ce 46 nt us 58 tion an ate ic ty ent ies "
+    "91 se able ne ation re nce 123 st ing ous ge de ly nd ity rd ck sm ry sh en ar ia in ter ul "
+    "ted lity ch ility bility ard lly ence is et ve um ct ance me ine ht ay tic ad ll ian ip cal "
+    "ght el and ries ication ant cy age at th ial ious id ke ire one ish ive logy ness ogical il "
+    "own ties it ue";
+
+std::vector<std::string> maketexts()
+{
+    std::vector<std::string> texts(256);
+    for (const char *range : {"''", "--", "09", "AZ", "az", "\xC0\xFF"})
+        for (int ch = static_cast<uint8_t>(range[0]); ch <= static_cast<uint8_t>(range[1]); ch++)
+            texts[static_cast<size_t>(ch)] = std::string(1, static_cast<char>(ch));
+    std::istringstream groups(GROUPTEXTS);
+    std::string item;
+    size_t code = 0;
+    while (groups >> item) {
+        if (std::isdigit(static_cast<unsigned char>(item[0])))
+            code = std::stoul(item);
+        else
+            texts[code++] = item;
+    }
+    return texts;
+}
+
+const std::vector<std::string> &codetexts()
+{
+    static const std::vector<std::string> texts = maketexts();
+    return texts;
+}
 
 size_t shared(const std::string &a, const std::string &b)
 {
@@ -142,6 +174,22 @@ void entriesremove(blockmodel *model, uint32_t n)
     } else if (!carried || settle(model, entry, count)) {
         merge(model, entry);
     }
+}
+
+// For words of apostrophe, hyphen, space, ASCII digits and letters, and the
+// accented e.
+std::string modelkey(const std::string &word)
+{
+    static const std::string lower = "'- 0123456789abcde\xE9"
+                                     "fghijklmnopqrstuvwxyz";
+    static const std::string upper = "'- 0123456789ABCDE\xC9"
+                                     "FGHIJKLMNOPQRSTUVWXYZ";
+    std::string key;
+    for (char ch : word) {
+        size_t place = std::min(lower.find(ch), upper.find(ch));
+        key += static_cast<char>('A' + place);
+    }
+    return key;
 }
 
 const modelword *interned(const std::string &text)

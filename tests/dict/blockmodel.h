@@ -12,7 +12,8 @@
 #include <string>
 #include <vector>
 
-// A word and its modelkey; one for each text, kept for ever.
+// A word and its place in the order: the same key for words that differ only in
+// case. One for each text, kept for ever.
 struct modelword {
     std::string text;
     std::string key;

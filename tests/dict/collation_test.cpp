@@ -16,25 +16,18 @@ int sortkey(char ch)
     return collation.sort[static_cast<uint8_t>(ch)];
 }
 
-int sign(int order)
-{
-    return (order > 0) - (order < 0);
-}
-
 // The sign of the order, and the flags that come back.
-struct comparison {
+struct result {
     int order;
     uint32_t flags;
-    bool operator==(const comparison &) const = default;
+    bool operator==(const result &) const = default;
 };
 
-comparison compared(const char *a, const char *b, int32_t limit = 31, uint32_t flags = 0)
+result compared(const char *a, const char *b, int32_t limit = 31, uint32_t flags = 0)
 {
     int order = wordcompare(a, b, limit, &flags);
-    return {sign(order), flags};
+    return {(order > 0) - (order < 0), flags};
 }
-
-using result = comparison;
 
 } // namespace
 

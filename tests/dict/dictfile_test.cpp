@@ -1,38 +1,16 @@
 #include "dict/dictfile.h"
 
-#include "base/bfile.h"
 #include "base/errorcodes.h"
 #include "base/errors.h"
 #include "base/platformfault.h"
-#include "dict/dictverify.h"
 #include "tests/dict/exercise.h"
-#include "tests/dict/storemodel.h"
+#include "tests/dict/teststore.h"
 #include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
 
-#include <cstring>
-#include <fstream>
-#include <iterator>
-
 namespace
 {
-
-std::string filepath(const char *name)
-{
-    return scratchfolder() + "/" + name + ".dic";
-}
-
-std::string fileread(const char *name)
-{
-    std::ifstream file(filepath(name), std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
-void filewrite(const char *name, const std::string &bytes)
-{
-    std::ofstream(filepath(name), std::ios::binary) << bytes;
-}
 
 errorblock *load(const char *name, Dictionary *dict)
 {
@@ -44,11 +22,17 @@ errorblock *save(const char *name, const Dictionary &dict)
     return dictsave(scratchfolder().c_str(), name, &dict);
 }
 
-void fill(Dictionary *dict, const std::vector<std::string> &words)
+std::string filebytes(const char *name)
 {
-    REQUIRE_FALSE(dictempty(dict));
-    for (const std::string &word : words)
-        REQUIRE_FALSE(dictadd(word.c_str(), dict));
+    return fileget(scratch(name) + ".dic");
+}
+
+// The bytes of a file that a save writes.
+std::string savedbytes(const wordlist &words)
+{
+    teststore s(words);
+    REQUIRE_FALSE(save("saved", s.dict));
+    return filebytes("saved");
 }
 
 std::string number(size_t n)
@@ -70,11 +54,16 @@ std::string framed(const std::string &block)
     return number(0) + whole + whole + number(0) + whole + block;
 }
 
-std::string filebytes(size_t nwords, const std::string &words, size_t noindex,
-                      const std::string &index)
+std::string madefile(size_t nwords, const std::string &words, size_t noindex,
+                     const std::string &index)
 {
     return padded("Quillmere Dictionary", 24) + padded("1.00", 8) + padded("(16-Mar-2002)", 64) +
            std::string(160, 0) + number(nwords) + number(noindex) + framed(words) + framed(index);
+}
+
+bool nowords(const Dictionary &dict)
+{
+    return dictcount(&dict) == 0 && dict.noindex == 0;
 }
 
 // The code of the error that loading some bytes gives, or 0. After an error
@@ -82,56 +71,46 @@ std::string filebytes(size_t nwords, const std::string &words, size_t noindex,
 uint32_t loadcode(const std::string &bytes)
 {
     Dictionary dict = {};
-    filewrite("bytes", bytes);
+    fileput(scratch("bytes.dic"), bytes);
     errorblock *err = load("bytes", &dict);
     uint32_t code = err ? err->code : 0;
-    if (err) CHECK((dictcount(&dict) == 0 && dict.noindex == 0));
+    if (err) CHECK(nowords(dict));
     dictfree(&dict);
     return code;
 }
 
 std::string workedfile()
 {
-    return filebytes(3, std::string("\0n\x5E\6*\6s\0\0", 9), 1,
-                     number(0) + number(0) + "nation" + std::string(2, 0));
+    return madefile(3, std::string("\0n\x5E\6*\6s\0\0", 9), 1,
+                    number(0) + number(0) + padded("nation", 8));
 }
 
 } // namespace
 
 TEST_CASE("files are what the format says, byte for byte")
 {
-    Dictionary dict;
-    fill(&dict, {});
-    REQUIRE_FALSE(save("empty", dict));
-    CHECK(fileread("empty").size() == 304);
-    CHECK(fileread("empty") == filebytes(0, "", 0, ""));
-    for (const char *word : {"nation", "national", "nations"})
-        REQUIRE_FALSE(dictadd(word, &dict));
-    REQUIRE_FALSE(save("worked", dict));
-    CHECK(fileread("worked") == workedfile());
-    dictfree(&dict);
+    CHECK(savedbytes({}) == madefile(0, "", 0, ""));
+    CHECK(savedbytes({"nation", "national", "nations"}) == workedfile());
 }
 
 TEST_CASE("a dictionary comes back as it was saved")
 {
-    Dictionary dict, again = {};
-    fill(&dict, somewords(3000, 3));
-    REQUIRE_FALSE(save("saved", dict));
+    teststore s(somewords(3000, 3)), nothing;
+    Dictionary again = {};
+    REQUIRE_FALSE(save("saved", s.dict));
     for (int n = 0; n < 2; n++) { // the second time over the first
         REQUIRE_FALSE(load("saved", &again));
-        CHECK(again.nwords == dict.nwords);
-        CHECK(blockbytes(again.words) == blockbytes(dict.words));
-        CHECK(blockbytes(again.index) == blockbytes(dict.index));
+        CHECK(again.nwords == s.dict.nwords);
+        CHECK(blockbytes(again.words) == blockbytes(s.dict.words));
+        CHECK(blockbytes(again.index) == blockbytes(s.dict.index));
     }
-    char fault[200];
-    CHECK(dictverify(&again, fault, sizeof fault) == nullptr);
+    REQUIRE_FALSE(save("empty", nothing.dict));
     REQUIRE_FALSE(load("empty", &again));
     CHECK(dictcount(&again) == 0);
     CHECK(blockbytes(again.words).empty());
-    REQUIRE_FALSE(dictadd("first", &again));
+    addwords(&again, {"first"});
     CHECK(storefault(again) == "");
     dictfree(&again);
-    dictfree(&dict);
 }
 
 TEST_CASE("the header: an old version and unknown features are refused, the rest is not looked at")
@@ -159,11 +138,7 @@ TEST_CASE("the header: an old version and unknown features are refused, the rest
 
 TEST_CASE("a file cut short anywhere is a read error")
 {
-    Dictionary dict;
-    fill(&dict, somewords(150, 9));
-    REQUIRE_FALSE(save("long", dict));
-    dictfree(&dict);
-    std::string good = fileread("long");
+    std::string good = savedbytes(somewords(150, 9));
     for (size_t size = 0; size < good.size(); size++)
         REQUIRE(loadcode(good.substr(0, size)) == ERRORREAD);
 }
@@ -180,54 +155,50 @@ TEST_CASE("a file with any byte altered is refused, or does no harm")
 {
     Dictionary dict = {};
     std::mt19937 random(17);
-    fill(&dict, somewords(200, 10));
-    REQUIRE_FALSE(save("whole", dict));
-    std::string good = fileread("whole");
+    std::string good = savedbytes(somewords(200, 10));
     int refused = 0;
     for (size_t at = 256; at < good.size(); at++) {
         std::string bytes = good;
         bytes[at] = static_cast<char>(random() % 2 ? random() % 31 : random() % 256);
-        filewrite("altered", bytes);
+        fileput(scratch("altered.dic"), bytes);
         errorblock *err = load("altered", &dict);
         if (err) {
             REQUIRE((err->code == ECR || err->code == ERRORREAD));
-            REQUIRE((dictcount(&dict) == 0 && dict.noindex == 0));
+            REQUIRE(nowords(dict));
             refused++;
         }
         exercisereaders(dict);
         exerciseedits(&dict, &random, 10);
     }
     CHECK(refused > 20);
-    CHECK(loadcode(std::string(good).replace(264 + 8 + 12, 1, "\x08")) == ECR);
+    CHECK(loadcode(good.replace(264 + 8 + 12, 1, "\x08")) == ECR);
     dictfree(&dict);
 }
 
 TEST_CASE("what can't be opened leaves the dictionary as it was")
 {
-    Dictionary dict;
-    fill(&dict, {"word"});
-    CHECK(load("nosuchfile", &dict) != nullptr);
-    CHECK(dictcount(&dict) == 1);
-    errorblock *err = load(std::string(300, 'n').c_str(), &dict);
+    teststore s({"word"});
+    const std::string toolong(300, 'n');
+    CHECK(load("nosuchfile", &s.dict) != nullptr);
+    errorblock *err = load(toolong.c_str(), &s.dict);
     REQUIRE(err);
     CHECK(err->code == ERRORMAXSTRING);
-    CHECK(dictcount(&dict) == 1);
-    CHECK(dictsave((scratchfolder() + "/nosuchfolder").c_str(), "x", &dict) != nullptr);
-    CHECK(save(std::string(300, 'n').c_str(), dict) != nullptr);
-    dictfree(&dict);
+    CHECK(dictcount(&s.dict) == 1);
+    CHECK(dictsave(scratch("nosuchfolder").c_str(), "x", &s.dict) != nullptr);
+    CHECK(save(toolong.c_str(), s.dict) != nullptr);
 }
 
 TEST_CASE("a load without memory leaves no words, at every allocation")
 {
     Dictionary dict = {};
-    filewrite("sweep", workedfile());
+    fileput(scratch("sweep.dic"), workedfile());
     for (int32_t n = 0;; n++) {
         flexfailafter(n);
         errorblock *err = load("sweep", &dict);
         flexfailafter(-1);
         if (!err) break;
         CHECK(err->code == ERRORMEMORY);
-        CHECK((dictcount(&dict) == 0 && dict.noindex == 0));
+        CHECK(nowords(dict));
         CHECK(n < 20);
         exercisereaders(dict);
     }
@@ -237,44 +208,38 @@ TEST_CASE("a load without memory leaves no words, at every allocation")
 
 TEST_CASE("a load that meets read errors leaves no words")
 {
-    Dictionary dict = {};
-    fill(&dict, somewords(12000, 14)); // more than a buffer
-    REQUIRE_FALSE(save("reads", dict));
+    teststore s(somewords(12000, 14)); // more than a buffer
+    REQUIRE_FALSE(save("reads", s.dict));
     for (int32_t n = 0;; n++) {
         platformfault.reads = n;
-        errorblock *err = load("reads", &dict);
+        errorblock *err = load("reads", &s.dict);
         platformfault = {};
         if (!err) break;
-        CHECK((dictcount(&dict) == 0 && dict.noindex == 0));
+        CHECK(nowords(s.dict));
         CHECK(n < 50);
     }
     platformfault.readlimit = 1000;
-    CHECK_FALSE(load("reads", &dict));
+    CHECK_FALSE(load("reads", &s.dict));
     platformfault = {};
-    CHECK(storefault(dict) == "");
-    dictfree(&dict);
+    CHECK(storefault(s.dict) == "");
 }
 
 TEST_CASE("a save that fails is told, and keeps the file of before")
 {
-    Dictionary dict;
-    fill(&dict, {"old"});
-    REQUIRE_FALSE(save("kept", dict));
-    std::string old = fileread("kept");
-    for (const std::string &word : somewords(14000, 15))
-        REQUIRE_FALSE(dictadd(word.c_str(), &dict));
-    auto fails = [&dict, &old] {
-        errorblock *err = save("kept", dict);
+    teststore s({"old"});
+    REQUIRE_FALSE(save("kept", s.dict));
+    std::string old = filebytes("kept");
+    addwords(&s.dict, somewords(14000, 15));
+    auto fails = [&s, &old] {
+        errorblock *err = save("kept", s.dict);
         platformfault = {};
-        flexfailafter(-1);
-        if (err) CHECK(fileread("kept") == old);
+        if (err) CHECK(filebytes("kept") == old);
         return err != nullptr;
     };
-    using fault = int32_t platformfaultrecord::*;
-    for (fault count :
+    for (int32_t platformfaultrecord::*call :
          {&platformfaultrecord::opens, &platformfaultrecord::writes, &platformfaultrecord::syncs,
           &platformfaultrecord::closes, &platformfaultrecord::replaces}) {
-        platformfault.*count = 0;
+        platformfault.*call = 0;
         CHECK(fails());
     }
     for (int32_t space : {0, 1, 255, 300, 40000}) {
@@ -284,34 +249,5 @@ TEST_CASE("a save that fails is told, and keeps the file of before")
     platformfault.writes = 1;
     CHECK(fails());
     CHECK_FALSE(fails());
-    CHECK(fileread("kept") != old);
-    dictfree(&dict);
-}
-
-TEST_CASE("blocks alone pass through a stream")
-{
-    bfile file;
-    flexptr block, again = nullptr, empty;
-    REQUIRE_FALSE(flex_alloc(&block, 5));
-    REQUIRE_FALSE(flex_alloc(&empty, 0));
-    memcpy(block, "bytes", 5);
-    REQUIRE_FALSE(bopen(nullptr, "w", BFILEBUFFER, &file)); // a growing buffer
-    REQUIRE_FALSE(blocksave(&block, &file));
-    REQUIRE_FALSE(blocksave(&empty, &file));
-    int32_t size;
-    bsize(&file, &size);
-    CHECK(std::string(static_cast<const char *>(file.buffer), static_cast<size_t>(size)) ==
-          framed("bytes") + framed(""));
-    REQUIRE_FALSE(bseek(&file, 0));
-    REQUIRE_FALSE(blockload(&again, &file));
-    CHECK(blockbytes(again) == "bytes");
-    flex_free(&again);
-    REQUIRE_FALSE(blockload(&again, &file));
-    CHECK(blockbytes(again).empty());
-    flex_free(&again);
-    CHECK(blockload(&again, &file) != nullptr);
-    CHECK(again == nullptr);
-    REQUIRE_FALSE(bclose(&file, nullptr));
-    flex_free(&block);
-    flex_free(&empty);
+    CHECK(filebytes("kept") != old);
 }

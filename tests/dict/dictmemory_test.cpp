@@ -4,7 +4,7 @@
 #include "dict/dictfile.h"
 #include "dict/storecheck.h"
 #include "tests/dict/exercise.h"
-#include "tests/dict/storemodel.h"
+#include "tests/dict/teststore.h"
 #include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
@@ -12,30 +12,20 @@
 namespace
 {
 
-using list = std::vector<std::string>;
-
-list walked(const Dictionary &dict)
+wordlist letterpairs(size_t count)
 {
-    list words;
-    dictcursor cursor;
-    for (int more = dictseek(0, &dict, &cursor); more; more = dictnext(&dict, &cursor))
-        words.push_back(cursor.word);
-    return words;
-}
-
-void fill(Dictionary *dict, const list &words)
-{
-    REQUIRE_FALSE(dictempty(dict));
-    for (const std::string &word : words)
-        REQUIRE_FALSE(dictadd(word.c_str(), dict));
-}
-
-list letterpairs(size_t count)
-{
-    list words;
+    wordlist words;
     for (size_t n = 0; n < count; n++)
         words.push_back({static_cast<char>('a' + n / 26), static_cast<char>('a' + n % 26)});
     return words;
+}
+
+errorblock *addwithout(const char *word, Dictionary *dict, int32_t allocations)
+{
+    flexfailafter(allocations);
+    errorblock *err = dictadd(word, dict);
+    flexfailafter(-1);
+    return err;
 }
 
 // Such a store saves, and loads as what it is.
@@ -45,7 +35,6 @@ void saveandload(const Dictionary &dict)
     REQUIRE_FALSE(dictsave(scratchfolder().c_str(), "short", &dict));
     REQUIRE_FALSE(dictload(scratchfolder().c_str(), "short", &again));
     CHECK(again.nwords == dict.nwords);
-    CHECK(again.noindex == dict.noindex);
     CHECK(blockbytes(again.words) == blockbytes(dict.words));
     CHECK(blockbytes(again.index) == blockbytes(dict.index));
     dictfree(&again);
@@ -55,125 +44,96 @@ void saveandload(const Dictionary &dict)
 
 TEST_CASE("an insert without memory leaves the words as they were, and one too many counted")
 {
-    for (const std::string &word : {std::string("aaa"), std::string("cc"), std::string("zz")}) {
-        Dictionary dict;
-        list words = letterpairs(120);
+    for (const char *word : {"aaa", "cc", "zz"}) {
+        wordlist words = letterpairs(120);
         words.erase(words.begin() + 54); // "cc"
-        fill(&dict, words);
-        std::string block = blockbytes(dict.words), index = blockbytes(dict.index);
+        auto count = static_cast<uint32_t>(words.size());
+        teststore s(words);
+        std::string block = blockbytes(s.dict.words), index = blockbytes(s.dict.index);
         for (uint32_t n = 1; n <= 3; n++) {
-            flexfailafter(0);
-            errorblock *err = dictadd(word.c_str(), &dict);
+            errorblock *err = addwithout(word, &s.dict, 0);
             REQUIRE(err);
             CHECK(err->code == ERRORMEMORY);
-            CHECK(dictcount(&dict) == words.size() + n);
-            CHECK(blockbytes(dict.words) == block);
-            CHECK(blockbytes(dict.index) == index);
-            CHECK(walked(dict) == words);
-            dictcursor cursor;
-            CHECK(dictseek(static_cast<uint32_t>(words.size()), &dict, &cursor) == 0);
-            CHECK(dictword(static_cast<uint32_t>(words.size()), &dict) == std::string());
-            saveandload(dict);
+            CHECK(dictcount(&s.dict) == count + n);
+            CHECK(blockbytes(s.dict.words) == block);
+            CHECK(blockbytes(s.dict.index) == index);
+            CHECK(dictword(count, &s.dict) == std::string());
+            saveandload(s.dict);
         }
         // With memory the store goes on, three too many counted.
-        REQUIRE_FALSE(dictadd(word.c_str(), &dict));
-        CHECK(dictcount(&dict) == words.size() + 4);
-        CHECK(walked(dict).size() == words.size() + 1);
-        saveandload(dict);
+        addwords(&s.dict, {word});
+        CHECK(dictcount(&s.dict) == count + 4);
+        CHECK(storewords(s.dict).size() == count + 1);
+        saveandload(s.dict);
         std::mt19937 random(31);
-        exercisereaders(dict);
-        exerciseedits(&dict, &random, 300);
-        dictfree(&dict);
+        exercisereaders(s.dict);
+        exerciseedits(&s.dict, &random, 300);
     }
 }
 
 TEST_CASE("a first word without memory, at every allocation")
 {
-    for (int32_t n = 0;; n++) {
-        Dictionary dict;
-        fill(&dict, {});
-        flexfailafter(n);
-        errorblock *err = dictadd("first", &dict);
-        flexfailafter(-1);
-        CHECK(dictcount(&dict) == 1);
-        CHECK_FALSE(storecheck(&dict));
-        exercisereaders(dict);
-        saveandload(dict);
-        if (err) {
-            CHECK(walked(dict).empty());
-            CHECK(dictremove("first", &dict) == 0);
-            REQUIRE_FALSE(dictadd("second", &dict));
-            CHECK(walked(dict) == list{"second"});
-            CHECK(dictremove("second", &dict) == 1);
-            CHECK(dictcount(&dict) == 0);
-        }
-        dictfree(&dict);
-        if (!err) {
-            CHECK(n > 1);
-            break;
-        }
-    }
+    errorblock *err = nullptr;
+    int32_t n = 0;
+    do {
+        teststore s;
+        err = addwithout("first", &s.dict, n++);
+        CHECK(dictcount(&s.dict) == 1);
+        CHECK_FALSE(storecheck(&s.dict));
+        exercisereaders(s.dict);
+        saveandload(s.dict);
+        if (!err) continue;
+        CHECK(storewords(s.dict).empty());
+        CHECK(dictremove("first", &s.dict) == 0);
+        addwords(&s.dict, {"second"});
+        CHECK(storewords(s.dict) == wordlist{"second"});
+        CHECK(dictremove("second", &s.dict) == 1);
+        CHECK(dictcount(&s.dict) == 0);
+    } while (err);
+    CHECK(n > 2);
 }
 
 TEST_CASE("an empty store that counts words has none for any reader")
 {
-    Dictionary dict;
-    fill(&dict, {});
-    for (int n = 0; n < 3; n++) {
-        flexfailafter(0);
-        CHECK(dictadd("word", &dict));
-    }
-    CHECK(dictcount(&dict) == 3);
+    teststore s;
+    for (int n = 0; n < 3; n++)
+        CHECK(addwithout("word", &s.dict, 0));
+    CHECK(dictcount(&s.dict) == 3);
     dictcursor cursor;
     uint32_t flags = 0;
-    CHECK(dictfind("word", &dict, &cursor, &flags) == 0);
-    CHECK(dictnext(&dict, &cursor) == 0);
-    CHECK(dictseek(1, &dict, &cursor) == 0);
-    saveandload(dict);
-    REQUIRE_FALSE(dictadd("word", &dict));
-    CHECK(walked(dict) == list{"word"});
-    dictfree(&dict);
+    CHECK(dictfind("word", &s.dict, &cursor, &flags) == 0);
+    CHECK(dictnext(&s.dict, &cursor) == 0);
+    CHECK(dictseek(1, &s.dict, &cursor) == 0);
+    saveandload(s.dict);
+    addwords(&s.dict, {"word"});
+    CHECK(storewords(s.dict) == wordlist{"word"});
 }
 
 TEST_CASE("a span that can't be split for want of memory is split by a later insert")
 {
-    Dictionary dict;
-    list words = letterpairs(129);
-    fill(&dict, words);
-    REQUIRE(dict.noindex == 2);
-    REQUIRE(dictremove("by", &dict)); // merges, and one word more is needed
-    while (dict.noindex > 1)
-        REQUIRE(dictremove(dictword(dictcount(&dict) - 1, &dict), &dict));
-    for (uint32_t n = dictcount(&dict); n < 128; n++)
-        REQUIRE_FALSE(
-            dictadd(("z" + std::string(1 + n % 20, 'a') + std::to_string(n)).c_str(), &dict));
-    REQUIRE(dict.noindex == 1);
-    flexfailafter(1);
-    REQUIRE_FALSE(dictadd("zz", &dict));
-    flexfailafter(-1);
-    CHECK(dict.noindex == 1);
-    CHECK(dictcount(&dict) == 129);
-    CHECK(storefault(dict) == "");
-    REQUIRE_FALSE(dictadd("zzz", &dict));
-    CHECK(dict.noindex == 2);
-    CHECK(storefault(dict) == "");
-    dictfree(&dict);
+    teststore s(letterpairs(128));
+    REQUIRE(s.dict.noindex == 1);
+    CHECK_FALSE(addwithout("zz", &s.dict, 1));
+    CHECK(s.dict.noindex == 1);
+    CHECK(dictcount(&s.dict) == 129);
+    CHECK(storefault(s.dict) == "");
+    addwords(&s.dict, {"zzz"});
+    CHECK(s.dict.noindex == 2);
+    CHECK(storefault(s.dict) == "");
 }
 
 TEST_CASE("deleting needs no memory")
 {
-    Dictionary dict;
-    list words = somewords(300, 12);
-    fill(&dict, words);
+    wordlist words = somewords(300, 12);
+    teststore s(words);
     for (const std::string &word : words) {
         flexfailafter(0);
-        CHECK(dictremove(word.c_str(), &dict) == 1);
+        CHECK(dictremove(word.c_str(), &s.dict) == 1);
         flexfailafter(-1);
     }
-    CHECK(dictcount(&dict) == 0);
-    REQUIRE_FALSE(dictadd("again", &dict));
-    CHECK(storefault(dict) == "");
-    dictfree(&dict);
+    CHECK(dictcount(&s.dict) == 0);
+    addwords(&s.dict, {"again"});
+    CHECK(storefault(s.dict) == "");
 }
 
 TEST_CASE("an empty store without memory is none")
@@ -184,9 +144,8 @@ TEST_CASE("an empty store without memory is none")
         CHECK(dictempty(&dict));
         CHECK((dict.words == nullptr && dict.index == nullptr));
         CHECK(dictcount(&dict) == 0);
-        // One that was never made takes words all the same.
-        REQUIRE_FALSE(dictadd("word", &dict));
-        CHECK(walked(dict) == list{"word"});
+        addwords(&dict, {"word"}); // it takes words all the same
+        CHECK(storewords(dict) == wordlist{"word"});
         dictfree(&dict);
     }
 }

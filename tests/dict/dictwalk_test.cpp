@@ -1,6 +1,6 @@
 #include "dict/storecheck.h"
 #include "tests/dict/blockmodel.h"
-#include "tests/dict/storemodel.h"
+#include "tests/dict/teststore.h"
 
 #include <doctest/doctest.h>
 
@@ -11,7 +11,7 @@ namespace
 {
 
 struct walk {
-    std::vector<std::string> words;
+    wordlist words;
     int steps;
     int turn;   // steps of filling, then of emptying, and so on
     int sample; // steps between looks at the whole store
@@ -103,9 +103,9 @@ void randomwalk(walk walk)
 
 // Words of few letters with long common fronts: records that can't carry an
 // entry, spans that can't be split.
-std::vector<std::string> frontwords(const std::string &letters, size_t count)
+wordlist frontwords(const std::string &letters, size_t count)
 {
-    std::vector<std::string> words;
+    wordlist words;
     std::mt19937 random(3);
     std::string word;
     while (words.size() < count) {
@@ -128,4 +128,26 @@ TEST_CASE("walks over words with long common fronts agree to the byte")
 {
     for (const char *letters : {"ab", "aab", "eE\xE9s", "'-tion", "01-2"})
         randomwalk({frontwords(letters, 1500), 6000, 2000, 20, {}, {}, std::mt19937(11)});
+}
+
+// Behind a long run that can carry none, a word has the span's entry; then one
+// comes before it that shares more than 8 letters. The last word of all is
+// never given an entry: while one settles the store doesn't count the new word.
+TEST_CASE("an entry whose word gets a longer prefix moves on, or goes")
+{
+    for (const wordlist &behind : {wordlist{"zebra"}, wordlist{"zebra", "zoo"}}) {
+        wordlist words = {"zationally"};
+        for (int n = 0; n < 200; n++)
+            words.push_back("national" + std::string(1, static_cast<char>('b' + n / 20)) +
+                            static_cast<char>('b' + n % 20));
+        words.insert(words.end(), behind.begin(), behind.end());
+        words.push_back("nationalaaa"); // the span is split
+        words.push_back("zationalla");
+        teststore s(words);
+        blockmodel model;
+        for (const std::string &word : words)
+            blockadd(&model, word);
+        CHECK(s.dict.noindex == behind.size() + 1);
+        CHECK(blockbytes(s.dict.index) == modelindex(model));
+    }
 }

@@ -1,0 +1,37 @@
+// tests/dict/teststore.h - stores of some words, the files of a test, and looks at
+// both.
+#pragma once
+
+#include "dict/dictionary.h"
+
+#include <string>
+#include <vector>
+
+using wordlist = std::vector<std::string>;
+
+// Adds words of which each must be taken without an error.
+void addwords(Dictionary *dict, const wordlist &words);
+
+// A store that a test gives up at its end.
+struct teststore {
+    Dictionary dict = {};
+    explicit teststore(const wordlist &words = {});
+    ~teststore();
+};
+
+// The words as a walk finds them.
+wordlist storewords(const Dictionary &dict);
+
+// What dictverify says, or an empty text.
+std::string storefault(const Dictionary &dict);
+
+std::string blockbytes(const flexptr &anchor);
+
+// A list of real words, shuffled by seed; of syllables, and said so, when
+// there is no data folder.
+wordlist somewords(size_t most, uint32_t seed);
+
+// A file of the scratch folder.
+std::string scratch(const std::string &leaf);
+std::string fileget(const std::string &path);
+void fileput(const std::string &path, const std::string &bytes);
