@@ -2,13 +2,10 @@
 
 #include "grid/appearance.h"
 #include "grid/wsentry.h"
-#include "tools/headless.h"
-
-#include <doctest/doctest.h>
+#include "tests/grid/gridlooks.h"
 
 #include <climits>
 #include <cstring>
-#include <string>
 
 namespace
 {
@@ -26,36 +23,16 @@ void size(int32_t width, int32_t height)
     grid.height = height;
 }
 
-void mark(int32_t left, int32_t right, int32_t top, int32_t bottom)
-{
-    grid.markleft = left;
-    grid.markright = right;
-    grid.marktop = top;
-    grid.markbottom = bottom;
-}
-
 } // namespace
 
 TEST_CASE("a fresh document")
 {
-    CHECK(grid.width == 16);
-    CHECK(grid.height == 16);
-    CHECK(grid.kind == GRIDCROSSWORD);
-    CHECK(grid.cursorx == 5);
-    CHECK(grid.cursory == 5);
-    CHECK(grid.lastcursorx == 0);
-    CHECK(grid.markleft == -1);
-    CHECK(grid.minwordlength == 5);
-    CHECK(grid.filldirections == 15);
-    CHECK(grid.showsolutions == 1);
-    CHECK(grid.splitfraction == 0x5000);
+    CHECK((grid.width == 16 && grid.height == 16 && grid.kind == GRIDCROSSWORD));
+    CHECK((cursorat(5, 5) && grid.lastcursorx == 0 && nomark()));
     CHECK(grid.letters[127][127] == ' ');
-    CHECK(std::string(grid.gridfont.face) == "Arial");
-    CHECK(grid.gridfont.weight == 400);
-    CHECK(grid.cluefont.height == 64);
-    CHECK(grid.backcolour == 0xFFFFFF00);
-    CHECK(grid.cellwidth == 36);
-    CHECK(grid.cellheight == 36);
+    CHECK((grid.minwordlength == 5 && grid.filldirections == 15 && grid.showsolutions == 1));
+    CHECK(grid.splitfraction == 0x5000);
+    CHECK((grid.cellwidth == 36 && grid.cellheight == 36));
 }
 
 TEST_CASE("the first change shows in the title, and so does a name")
@@ -87,8 +64,7 @@ TEST_CASE("each way of clearing has its own reach")
         fillall('q', 0xFF);
         gridclear();
         CHECK(grid.letters[127][127] == ' ');
-        CHECK(grid.flags[0][0] == 0xF0);
-        CHECK(grid.flags[127][127] == 0xF0);
+        CHECK((grid.flags[0][0] == 0xF0 && grid.flags[127][127] == 0xF0));
         CHECK(grid.counts[0][0] == 9);
     }
     SUBCASE("gridclearwords: open cells everywhere")
@@ -97,29 +73,23 @@ TEST_CASE("each way of clearing has its own reach")
         grid.flags[1][1] |= CELLBLOCK;
         grid.flags[1][2] |= CELLMARKED;
         gridclearwords();
-        CHECK(grid.letters[0][0] == ' ');
-        CHECK(grid.letters[127][127] == ' ');
-        CHECK(grid.letters[1][1] == 'q');
-        CHECK(grid.letters[1][2] == 'q');
+        CHECK((grid.letters[0][0] == ' ' && grid.letters[127][127] == ' '));
+        CHECK((grid.letters[1][1] == 'q' && grid.letters[1][2] == 'q'));
         CHECK(grid.flags[0][0] == (BARLEFT | BARTOP | VISITEDDOWN));
     }
     SUBCASE("gridclearfill: the grid alone, and bars stay")
     {
         fillall('q', 0xFF);
         gridclearfill();
-        CHECK(grid.letters[2][3] == ' ');
-        CHECK(grid.flags[2][3] == 0xFC);
-        CHECK(grid.counts[2][3] == 0);
-        CHECK(grid.letters[3][3] == 'q');
-        CHECK(grid.flags[2][4] == 0xFF);
-        CHECK(grid.counts[3][0] == 9);
+        CHECK((grid.letters[2][3] == ' ' && grid.letters[3][3] == 'q'));
+        CHECK((grid.flags[2][3] == 0xFC && grid.flags[2][4] == 0xFF));
+        CHECK((grid.counts[2][3] == 0 && grid.counts[3][0] == 9));
     }
     SUBCASE("gridclearcounts: everywhere")
     {
         fillall('q', 0);
         gridclearcounts();
-        CHECK(grid.counts[0][0] == 0);
-        CHECK(grid.counts[127][127] == 0);
+        CHECK((grid.counts[0][0] == 0 && grid.counts[127][127] == 0));
     }
 }
 
@@ -128,31 +98,21 @@ TEST_CASE("random letters go into the grid's blanks")
     size(20, 20);
     grid.letters[1][0] = 'K';
     gridfillrandom();
-    bool seen[26] = {};
-    for (int32_t x = 0; x < 20; x++)
-        for (int32_t y = 0; y < 20; y++) {
-            if (x == 1 && y == 0) continue;
-            REQUIRE(grid.letters[x][y] >= 'a');
-            REQUIRE(grid.letters[x][y] <= 'z');
-            seen[grid.letters[x][y] - 'a'] = true;
-        }
-    for (bool letter : seen)
-        CHECK(letter);
-    CHECK(grid.letters[1][0] == 'K');
-    CHECK(grid.letters[20][0] == ' ');
-    CHECK(grid.letters[0][20] == ' ');
+    std::string text = gridtext();
+    for (char letter = 'a'; letter <= 'z'; letter++)
+        CHECK(text.find(letter) != std::string::npos);
+    CHECK(text.find('.') == std::string::npos);
+    CHECK(text[1] == 'K');
+    CHECK((grid.letters[20][0] == ' ' && grid.letters[0][20] == ' '));
 }
 
 TEST_CASE("case is changed for a to z alone")
 {
     CHECK(gridcase('q') == 'q');
     grid.casemode = CASEUPPER;
-    CHECK(gridcase('q') == 'Q');
-    CHECK(gridcase(0xE9) == 0xE9);
-    CHECK(gridcase('*') == '*');
+    CHECK((gridcase('q') == 'Q' && gridcase(0xE9) == 0xE9 && gridcase('*') == '*'));
     grid.casemode = CASELOWER;
-    CHECK(gridcase('Q') == 'q');
-    CHECK(gridcase(0xC9) == 0xC9);
+    CHECK((gridcase('Q') == 'q' && gridcase(0xC9) == 0xC9));
 }
 
 TEST_CASE("the square follows font and scale, whatever they are")
@@ -181,7 +141,7 @@ TEST_CASE("New Grid and New Words")
     fillall('q', CELLOPEN);
     grid.flags[2][2] = CELLBLOCK | BARTOP;
     grid.flags[3][3] = CELLMARKED;
-    mark(3, 3, 3, 3);
+    markset(3, 3, 3, 3);
     gridchange();
     gridsetfilename("one.qmg");
     headless.marklength = 1;
@@ -189,8 +149,7 @@ TEST_CASE("New Grid and New Words")
     SUBCASE("a new grid")
     {
         gridnew();
-        CHECK(grid.letters[2][2] == ' ');
-        CHECK(grid.flags[2][2] == 0);
+        CHECK((grid.letters[2][2] == ' ' && grid.flags[2][2] == 0));
         CHECK(gridsunsaved() == 0);
         CHECK(grid.filename[0] == 0);
         CHECK(headless.titles == 3);
@@ -198,13 +157,12 @@ TEST_CASE("New Grid and New Words")
     SUBCASE("new words: what was marked is blanked too, blocks keep their letter")
     {
         gridnewwords();
-        CHECK(grid.letters[3][3] == ' ');
-        CHECK(grid.letters[2][2] == 'q');
+        CHECK((grid.letters[3][3] == ' ' && grid.letters[2][2] == 'q'));
         CHECK(grid.flags[2][2] == (CELLBLOCK | BARTOP));
         CHECK(grid.changed == 2);
         CHECK(std::string(grid.filename) == "one.qmg");
     }
-    CHECK(grid.markleft == -1);
+    CHECK(nomark());
     CHECK(headless.marklength == -1);
     CHECK(headless.resultsdropped == 1);
     CHECK(headless.redraws == 1);
@@ -217,87 +175,67 @@ TEST_CASE("markclear unmarks a rectangle given in any order, but no block")
     grid.flags[3][4] = CELLMARKED;
     SUBCASE("in the grid")
     {
-        mark(3, 1, 4, 1);
+        markset(3, 4, 1, 1);
         markclear();
         CHECK(grid.flags[1][1] == BARTOP);
         CHECK(grid.flags[2][2] == CELLBLOCK);
         CHECK(grid.flags[3][4] == CELLOPEN);
     }
-    SUBCASE("reaching outside after a change of size: cells stay")
+    SUBCASE("reaching outside after a change of size, or none: cells stay")
     {
-        mark(1, 3, 1, 4);
-        size(4, 4);
-        markclear();
-        CHECK(grid.flags[1][1] == (CELLMARKED | BARTOP));
+        for (int32_t left : {1, -1}) {
+            markset(left, 1, 3, 4);
+            size(4, 4);
+            markclear();
+            CHECK(grid.flags[1][1] == (CELLMARKED | BARTOP));
+        }
     }
-    SUBCASE("none")
-    {
-        markclear();
-        CHECK(grid.flags[1][1] == (CELLMARKED | BARTOP));
-    }
-    CHECK(grid.markleft == -1);
-    CHECK(grid.markright == -1);
-    CHECK(grid.marktop == -1);
-    CHECK(grid.markbottom == -1);
+    CHECK(nomark());
 }
 
 TEST_CASE("markrescan finds the bounding box of the grid's marked cells")
 {
     size(10, 10);
-    mark(0, 9, 0, 9);
+    markset(0, 0, 9, 9);
     markrescan();
-    CHECK(grid.markleft == -1);
-    CHECK(grid.markbottom == -1);
+    CHECK(nomark());
 
     grid.flags[7][2] = CELLMARKED;
     grid.flags[3][5] = CELLMARKED | BARLEFT;
     grid.flags[4][0] = CELLBLOCK;
     grid.flags[10][3] = grid.flags[3][10] = CELLMARKED; // outside
     markrescan();
-    CHECK(grid.markleft == 3);
-    CHECK(grid.markright == 7);
-    CHECK(grid.marktop == 2);
-    CHECK(grid.markbottom == 5);
+    CHECK(markis(3, 2, 7, 5));
 }
 
 TEST_CASE("the length field shows the width of a wide mark, and is written once")
 {
-    mark(5, 3, 0, 4);
-    marklengthshow();
-    CHECK(headless.marklength == 3);
-    headless.marklength = 77;
-    mark(0, 2, 0, 0);
-    marklengthshow();
-    CHECK(headless.marklength == 77); // still 3
-    mark(2, 2, 6, 0);
-    marklengthshow();
-    CHECK(headless.marklength == 7);
-    mark(2, 2, 2, 2);
-    marklengthshow();
-    CHECK(headless.marklength == 1);
-    mark(-1, -1, -1, -1);
-    marklengthshow();
-    CHECK(headless.marklength == -1);
-    mark(2, 2, 2, 2);
-    marklengthshow();
-    CHECK(headless.marklength == 1); // the field was empty
+    const struct {
+        int32_t left, top, right, bottom, shown;
+    } rows[] = {
+        {5, 0, 3, 4, 3},      {0, 0, 2, 0, 77}, // still 3: not written
+        {2, 6, 2, 0, 7},      {2, 2, 2, 2, 1},
+        {-1, -1, -1, -1, -1}, {2, 2, 2, 2, 1}, // the field was empty
+    };
+    for (auto [left, top, right, bottom, shown] : rows) {
+        if (shown == 77) headless.marklength = 77;
+        markset(left, top, right, bottom);
+        marklengthshow();
+        CHECK(headless.marklength == shown);
+    }
 }
 
-TEST_CASE("the cursor")
+TEST_CASE("the cursor's cell is drawn without it and with it")
 {
     cursordrawoff();
     CHECK(headless.cellredraws == 1);
-    CHECK(headless.cells[0] == 5);
-    CHECK(headless.cells[3] == 5);
-    CHECK(grid.cursorx == 5);
-    CHECK(grid.cursory == 5);
+    CHECK(drawn(5, 5, 5, 5));
+    CHECK(cursorat(5, 5));
     cursordraw();
     CHECK(headless.cellredraws == 2);
     cursorremove();
-    CHECK(grid.cursorx == -1);
-    CHECK(grid.cursory == -1);
-    CHECK(grid.lastcursorx == -1);
-    CHECK(grid.lastcursory == -1);
+    CHECK(cursorat(-1, -1));
+    CHECK((grid.lastcursorx == -1 && grid.lastcursory == -1));
     cursordraw();
     cursordrawoff();
     CHECK(headless.cellredraws == 2);
@@ -305,55 +243,39 @@ TEST_CASE("the cursor")
 
 TEST_CASE("the changed area grows by placed words")
 {
-    dirtyredraw();
-    CHECK(headless.cellredraws == 0);
-
-    wsentry unplaced = {-1, -1, -1, -1, 0, "word"};
+    wsentry unplaced = {-1, -1, -1, -1, 0, "word"}, empty = {3, 3, 1, 0, 0, ""};
     dirtyadd(&unplaced);
-    wsentry empty = {3, 3, 1, 0, 0, ""};
     dirtyadd(&empty);
     dirtyredraw();
     CHECK(headless.cellredraws == 0);
 
-    wsentry leftup = {9, 8, -1, -1, 0, "word"};
+    wsentry leftup = {9, 8, -1, -1, 0, "word"}, right = {7, 2, 1, 0, 1, "cat"};
     dirtyadd(&leftup);
-    wsentry right = {7, 2, 1, 0, 1, "cat"};
     dirtyadd(&right);
     dirtyredraw();
     CHECK(headless.cellredraws == 1);
-    CHECK(headless.cells[0] == 6);
-    CHECK(headless.cells[1] == 2);
-    CHECK(headless.cells[2] == 9);
-    CHECK(headless.cells[3] == 8);
+    CHECK(drawn(6, 2, 9, 8));
 
     dirtyreset();
     dirtyredraw();
     CHECK(headless.cellredraws == 1);
 }
 
-TEST_CASE("the built-in appearance")
+// As the factory has it, the appearance is in the files of gridfile_test.cpp.
+TEST_CASE("the built-in appearance remembers a grid's, but for the list fonts")
 {
-    SUBCASE("remembered by the slot, but for the list fonts")
-    {
-        grid.gridfont.height = 200;
-        grid.textcolour = 0x11223300;
-        grid.squarescale = 300;
-        solfont.height = 77;
-        gridrememberdefaults();
-        grid.gridfont.height = grid.squarescale = 0;
-        grid.textcolour = 0;
-        gridsetdefaults();
-        CHECK(grid.gridfont.height == 200);
-        CHECK(grid.textcolour == 0x11223300);
-        CHECK(grid.squarescale == 300);
-        CHECK(solfont.height == 128);
-    }
-    SUBCASE("as the factory has it")
-    {
-        gridsetdefaults();
-        CHECK(grid.gridfont.height == 128);
-        CHECK(grid.squarescale == 180);
-        CHECK(dictfont.height == 128);
-        CHECK(std::string(dictfont.face) == "Arial");
-    }
+    grid.gridfont.height = 200;
+    grid.textcolour = 0x11223300;
+    grid.squarescale = 300;
+    solfont.height = 77;
+    gridrememberdefaults();
+    grid.gridfont.height = grid.squarescale = 0;
+    grid.textcolour = 0;
+    gridsetdefaults();
+    CHECK(grid.gridfont.height == 200);
+    CHECK(grid.textcolour == 0x11223300);
+    CHECK(grid.squarescale == 300);
+    CHECK(solfont.height == 128);
+    CHECK(dictfont.height == 128);
+    CHECK(std::string(dictfont.face) == "Arial");
 }

@@ -1,16 +1,13 @@
 #include "base/errors.h"
 #include "base/platform.h"
 #include "grid/gridfile.h"
+#include "tests/grid/gridlooks.h"
 #include "tests/support/runner.h"
-#include "tools/headless.h"
-
-#include <doctest/doctest.h>
 
 #include <chrono>
-#include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <string>
+#include <fstream>
 #include <thread>
 
 namespace
@@ -124,42 +121,31 @@ TEST_CASE("opening a grid, then a list of words")
     CHECK(grid.kind == GRIDWORDSQUARE);
 }
 
-TEST_CASE("which files a window takes")
+TEST_CASE("a window takes grids, and a Wordsquare's lists of words")
 {
-    CHECK(gridaccepts(FILETYPEGRID) == 1);
-    CHECK(gridaccepts(FILETYPETEXT) == 0);
-    CHECK(gridaccepts(256) == 0);
-    grid.kind = GRIDWORDSQUARE;
-    CHECK(gridaccepts(FILETYPEGRID) == 1);
-    CHECK(gridaccepts(FILETYPETEXT) == 1);
-    CHECK(gridaccepts(257) == 0);
+    for (int32_t kind : {GRIDCROSSWORD, GRIDWORDSQUARE}) {
+        grid.kind = kind;
+        CHECK(gridaccepts(FILETYPEGRID) == 1);
+        CHECK(gridaccepts(FILETYPETEXT) == (kind == GRIDWORDSQUARE));
+        CHECK((gridaccepts(256) == 0 && gridaccepts(257) == 0));
+    }
 }
 
 TEST_CASE("the user's default grid")
 {
     defaultfolder folder;
 
-    SUBCASE("none: the factory's appearance")
+    SUBCASE("none, or one that is no grid: the factory's appearance")
     {
-        grid.gridfont.height = 999;
-        grid.letters[1][1] = 'q';
-        CHECK_FALSE(gridloaddefault());
-        CHECK(grid.gridfont.height == 128);
-        CHECK(grid.cellwidth == 36);
-        CHECK(grid.letters[1][1] == 'q');
-        CHECK(headless.kindsapplied == 1);
-        CHECK(headless.kind == GRIDCROSSWORD);
-    }
-    SUBCASE("one that is no grid: the same")
-    {
-        FILE *file = fopen(folder.file().string().c_str(), "wb");
-        REQUIRE(file);
-        fputs("no grid", file);
-        fclose(file);
-        grid.gridfont.height = 999;
-        CHECK_FALSE(gridloaddefault());
-        CHECK(grid.gridfont.height == 128);
-        CHECK(headless.kindsapplied == 1);
+        for (int loads : {1, 2}) {
+            grid.gridfont.height = 999;
+            grid.letters[1][1] = 'q';
+            CHECK_FALSE(gridloaddefault());
+            CHECK((grid.gridfont.height == 128 && grid.cellwidth == 36));
+            CHECK(grid.letters[1][1] == 'q');
+            CHECK((headless.kindsapplied == loads && headless.kind == GRIDCROSSWORD));
+            std::ofstream(folder.file()) << "no grid";
+        }
     }
     SUBCASE("saved, it lasts for the rest of the run and the next")
     {
@@ -176,13 +162,11 @@ TEST_CASE("the user's default grid")
         gridnew();
         grid.gridfont.height = 0;
         gridsetdefaults();
-        CHECK(grid.gridfont.height == 256);
-        CHECK(grid.textcolour == 0x12345600);
+        CHECK((grid.gridfont.height == 256 && grid.textcolour == 0x12345600));
 
         modulesreset();
         CHECK_FALSE(gridloaddefault());
-        CHECK(grid.gridfont.height == 256);
-        CHECK(grid.cellwidth == 72);
+        CHECK((grid.gridfont.height == 256 && grid.cellwidth == 72));
         CHECK(grid.kind == GRIDWORDSQUARE);
         CHECK(grid.filename[0] == 0);
         grid.gridfont.height = 0;

@@ -6,15 +6,13 @@
 #include "base/platformfault.h"
 #include "dict/dictset.h"
 #include "grid/gridwindow.h"
+#include "tests/grid/gridlooks.h"
 #include "tests/support/runner.h"
-#include "tools/headless.h"
 
-#include <doctest/doctest.h>
-
-#include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <string>
+#include <fstream>
+#include <iterator>
 #include <vector>
 
 namespace
@@ -30,21 +28,13 @@ std::string scratch(const std::string &leaf)
 void putfile(const std::string &path, const std::string &bytes)
 {
     std::filesystem::remove(path); // a disc takes its time to write one file over
-    FILE *file = fopen(path.c_str(), "wb");
-    REQUIRE(file);
-    REQUIRE(fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size());
-    fclose(file);
+    std::ofstream(path, std::ios::binary) << bytes;
 }
 
 std::string getfile(const std::string &path)
 {
-    std::string bytes;
-    FILE *file = fopen(path.c_str(), "rb");
-    if (!file) return "no file";
-    for (int byte; (byte = fgetc(file)) != EOF;)
-        bytes += static_cast<char>(byte);
-    fclose(file);
-    return bytes;
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // Grid files put together by hand, as the format document has them.
@@ -127,10 +117,8 @@ std::string savedbytes()
 
 size_t filesin(const std::string &folder)
 {
-    size_t count = 0;
-    for (auto &entry : std::filesystem::directory_iterator(folder))
-        count += entry.exists();
-    return count;
+    auto entries = std::filesystem::directory_iterator(folder);
+    return static_cast<size_t>(std::distance(begin(entries), end(entries)));
 }
 
 // What nothing behind the reader doubts.
@@ -171,35 +159,23 @@ TEST_CASE("the newest generation is read whole and written back to the byte")
     size_t before = headless.tracetext.find("text height 128\r\n");
     CHECK(before < headless.tracetext.find("text height 160\r\n"));
     CHECK(before != std::string::npos);
-    CHECK(grid.width == 3);
-    CHECK(grid.height == 4);
-    CHECK(grid.kind == GRIDWORDSQUARE);
-    CHECK(grid.casemode == CASELOWER);
-    CHECK(grid.minwordlength == 7);
-    CHECK(grid.showsolutions == 3);
-    CHECK(grid.filldirections == 0x9F);
-    CHECK(grid.splitfraction == 0x6000);
-    CHECK(grid.letters[0][1] == 'B');
-    CHECK(grid.letters[1][0] == 'e');
-    CHECK(grid.letters[1][3] == 0xE9);
+    CHECK((grid.width == 3 && grid.height == 4 && grid.kind == GRIDWORDSQUARE));
+    CHECK((grid.casemode == CASELOWER && grid.minwordlength == 7 && grid.showsolutions == 3));
+    CHECK((grid.filldirections == 0x9F && grid.splitfraction == 0x6000));
+    CHECK((grid.letters[0][1] == 'B' && grid.letters[1][0] == 'e' && grid.letters[1][3] == 0xE9));
     CHECK(grid.flags[0][1] == BARLEFT);
     CHECK(grid.flags[1][1] == (CELLBLOCK | BARLEFT | BARTOP));
-    CHECK(grid.gridfont.height == 160);
-    CHECK(grid.gridfont.width == 16);
-    CHECK(std::string(grid.gridfont.face) == "Times New Roman");
-    CHECK(grid.gridfont.charset == 2);
-    CHECK(grid.gridfont.weight == 700);
-    CHECK(grid.gridfont.italic == 255);
+    const auto &font = grid.gridfont;
+    CHECK((font.height == 160 && font.width == 16 && font.charset == 2));
+    CHECK((font.weight == 700 && font.italic == 255));
+    CHECK(std::string(font.face) == "Times New Roman");
     CHECK(std::string(grid.cluefont.face) == "Courier");
-    CHECK(grid.textcolour == 0x11223300);
-    CHECK(grid.backcolour == 0xAABBCC00);
+    CHECK((grid.textcolour == 0x11223300 && grid.gridcolour == 0x44556600));
+    CHECK((grid.fillcolour == 0x77889900 && grid.backcolour == 0xAABBCC00));
     CHECK(grid.squarescale == 210);
     CHECK(grid.cellwidth == 160 * 180 * 210 / 115200);
-    CHECK(headless.windowwidth == 1500);
-    CHECK(headless.windowheight == 1200);
-    CHECK(headless.extents == 1);
-    CHECK(headless.redraws == 1);
-    CHECK(headless.resultsdropped == 1);
+    CHECK((headless.windowwidth == 1500 && headless.windowheight == 1200));
+    CHECK((headless.extents == 1 && headless.redraws == 1 && headless.resultsdropped == 1));
     CHECK(savedbytes() == newest());
 }
 
@@ -227,9 +203,9 @@ TEST_CASE("older generations are written as the newest, in the built-in appearan
     }
 }
 
-TEST_CASE("the identity and the date are not looked at")
+TEST_CASE("the identity, the date and what goes on behind the end are not looked at")
 {
-    std::string bytes = newest();
+    std::string bytes = newest() + "more";
     bytes.replace(0, 24, 24, 'x');
     bytes.replace(32, 184, 184, 'y');
     REQUIRE_FALSE(loadbytes(bytes));
@@ -238,18 +214,15 @@ TEST_CASE("the identity and the date are not looked at")
 
 TEST_CASE("neither mark nor cursor survives a load")
 {
-    grid.markleft = grid.marktop = grid.markbottom = 0;
-    grid.markright = 2;
+    markset(0, 0, 2, 0);
     std::string bytes = newest();
     bytes[FLAGSAT] = CELLMARKED | BARTOP;
     bytes[FLAGSAT + 11] = static_cast<char>(CELLMARKED | VISITEDDOWN);
     REQUIRE_FALSE(loadbytes(bytes));
     CHECK(grid.flags[0][0] == BARTOP);
     CHECK(grid.flags[2][3] == VISITEDDOWN);
-    CHECK(grid.markleft == -1);
-    CHECK(headless.marklength == -1);
-    CHECK(grid.cursorx == -1);
-    CHECK(grid.lastcursory == -1);
+    CHECK((nomark() && headless.marklength == -1));
+    CHECK((cursorat(-1, -1) && grid.lastcursory == -1));
 }
 
 TEST_CASE("a size that is no size is refused, and the document stays")
@@ -261,23 +234,21 @@ TEST_CASE("a size that is no size is refused, and the document stays")
     griddocument before = grid;
     int titles = headless.titles;
 
+    std::vector<std::string> files;
     for (size_t at : {WIDTHAT, HEIGHTAT})
-        for (uint32_t value : {0u, 128u, 0x10003u, 0x7fffffffu, 0x80000000u, 0xffffffffu}) {
-            errorblock *err = loadbytes(altered(at, value));
-            REQUIRE(err);
-            CHECK(err->code == ECR);
-        }
-    for (size_t length = 0; length < HEADERSIZE; length++) {
-        errorblock *err = loadbytes(newest().substr(0, length));
+        for (uint32_t value : {0u, 128u, 0x10003u, 0x7fffffffu, 0x80000000u, 0xffffffffu})
+            files.push_back(altered(at, value));
+    for (size_t length = 0; length < HEADERSIZE; length++)
+        files.push_back(newest().substr(0, length));
+    for (const std::string &bytes : files) {
+        errorblock *err = loadbytes(bytes);
         REQUIRE(err);
         CHECK(err->code == ECR);
     }
     CHECK(memcmp(&before, &grid, sizeof grid) == 0);
-    CHECK(dictset.count == 1);
-    CHECK(dicts[0].usecount == 1);
+    CHECK((dictset.count == 1 && dicts[0].usecount == 1));
     CHECK(headless.titles == titles);
-    CHECK(headless.redraws == 0);
-    CHECK(headless.resultsdropped == 0);
+    CHECK((headless.redraws == 0 && headless.resultsdropped == 0));
 }
 
 TEST_CASE("a file that can't be opened leaves the document, and bears its name")
@@ -323,12 +294,6 @@ TEST_CASE("a file cut short leaves the rest as it was")
     }
 }
 
-TEST_CASE("a file that goes on behind its end is taken as far as it makes sense")
-{
-    REQUIRE_FALSE(loadbytes(newest() + "more"));
-    CHECK(savedbytes() == newest());
-}
-
 TEST_CASE("values that no command sets are brought into range")
 {
     struct alteration {
@@ -371,8 +336,7 @@ TEST_CASE("a window size that no window has is left alone")
             headless.windowwidth = 11;
             headless.windowheight = 22;
             REQUIRE_FALSE(loadbytes(altered(at, value)));
-            CHECK(headless.windowwidth == 11);
-            CHECK(headless.windowheight == 22);
+            CHECK((headless.windowwidth == 11 && headless.windowheight == 22));
         }
 }
 
@@ -406,8 +370,7 @@ TEST_CASE("the dictionaries go with the file by name")
     CHECK(dicts[dictset.numbers[0]].name == std::string("Beta"));
     CHECK(dicts[dictset.numbers[1]].name == std::string("Elevenchars"));
     CHECK(dicts[dictset.numbers[1]].loaded == 1);
-    CHECK(dicts[0].usecount == 0);
-    CHECK(dicts[0].loaded == 0);
+    CHECK((dicts[0].usecount == 0 && dicts[0].loaded == 0));
     CHECK(savedbytes() == newest(padded("Beta", 12) + padded("Elevenchars", 12) + NODICTS));
 }
 
@@ -453,10 +416,6 @@ TEST_CASE("a save goes to the disc whole or not at all")
         }
         CHECK(getfile(path) != newest());
     }
-    SUBCASE("a folder that isn't there is not told of")
-    {
-        CHECK_FALSE(gridsave((folder + "/no/one.qmg").c_str()));
-    }
     CHECK(filesin(folder) == 1); // nothing is left beside it
 }
 
@@ -486,6 +445,5 @@ TEST_CASE("a load that fails anywhere leaves a document that saves")
     gridkindapply(grid.pendingkind);
     std::string saved = savedbytes();
     platformfault = {};
-    CHECK(saved.size() == newest().size() + 12);
     CHECK(saved == newest(padded("Alpha", 12) + NODICTS));
 }

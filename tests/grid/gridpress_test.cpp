@@ -1,42 +1,31 @@
 #include "grid/gridpress.h"
 
-#include "grid/grid.h"
-#include "grid/gridpicture.h"
 #include "grid/gridwindow.h"
-#include "tools/headless.h"
-
-#include <doctest/doctest.h>
-
-#include <string>
+#include "tests/grid/gridlooks.h"
 
 namespace
 {
 
 void setup(const std::string &picture)
 {
-    REQUIRE_FALSE(picturetextread(picture.data(), static_cast<int32_t>(picture.size())));
+    gridset(picture);
     gridunchanged();
     gridredraw();
 }
 
-// Marked cells as "m", blocks as "#", the cursor as "c".
+// Marked cells as "m", blocks as "#", the cursor as "c". All are drawn as they are.
 std::string marks()
 {
+    CHECK(headlessdrawn());
     std::string text;
     for (int32_t y = 0; y < grid.height; y++) {
         for (int32_t x = 0; x < grid.width; x++) {
             char ch = ".m#?"[grid.flags[x][y] & CELLKIND];
-            text += x == grid.cursorx && y == grid.cursory && ch == '.' ? 'c' : ch;
+            text += cursorat(x, y) && ch == '.' ? 'c' : ch;
         }
         text += '/';
     }
     return text;
-}
-
-bool marked(int32_t left, int32_t top, int32_t right, int32_t bottom)
-{
-    return grid.markleft == left && grid.marktop == top && grid.markright == right &&
-           grid.markbottom == bottom;
 }
 
 void drag(int32_t x, int32_t y, int32_t tox, int32_t toy, bool ctrl = false)
@@ -54,8 +43,7 @@ TEST_CASE("a left press moves the cursor, but onto no block")
     setup("...\n#..\n");
     gridleftpress(1, 1, false);
     CHECK(marks() == ".../#c./");
-    CHECK(grid.lastcursorx == 1);
-    CHECK(grid.lastcursory == 1);
+    CHECK((grid.lastcursorx == 1 && grid.lastcursory == 1));
     CHECK(headless.beeps == 0);
     gridleftpress(0, 1, false);
     gridleftpress(3, 0, false);
@@ -63,30 +51,35 @@ TEST_CASE("a left press moves the cursor, but onto no block")
     CHECK(headless.beeps == 3);
     CHECK(marks() == ".../#c./");
     CHECK(grid.changed == 0);
-    CHECK(headlessdrawn());
 }
 
 TEST_CASE("a right press makes blocks and bars, and takes all away again")
 {
     setup("ab\ncd\n");
-    gridrightpress(1, 0, true, true); // Shift wins
-    CHECK(grid.flags[1][0] == BARLEFT);
-    gridrightpress(1, 0, false, true);
-    CHECK(grid.flags[1][0] == (BARLEFT | BARTOP));
-    gridrightpress(1, 0, true, false);
-    CHECK(grid.flags[1][0] == BARTOP);
-    grid.flags[1][0] |= VISITEDDOWN;
-    gridrightpress(1, 0, false, false);
-    CHECK(grid.flags[1][0] == (VISITEDDOWN | BARTOP | CELLBLOCK));
-    CHECK(grid.letters[1][0] == 'b');
-    gridrightpress(1, 0, true, false);
-    CHECK(grid.flags[1][0] == VISITEDDOWN);
+    const struct {
+        bool shift, ctrl;
+        int after;
+    } presses[] = {
+        {true, true, BARLEFT}, // Shift wins
+        {false, true, BARLEFT | BARTOP},
+        {true, false, BARTOP},
+        {false, true, 0},
+        {false, true, BARTOP},
+        {false, false, BARTOP | CELLBLOCK},
+        {true, false, 0},
+    };
+    grid.flags[1][0] = VISITEDDOWN;
+    for (auto [shift, ctrl, after] : presses) {
+        CHECK(grid.letters[1][0] == 'b');
+        gridrightpress(1, 0, shift, ctrl);
+        CHECK(grid.flags[1][0] == (VISITEDDOWN | after));
+    }
     CHECK(grid.letters[1][0] == ' ');
-    CHECK(grid.changed == 5);
+    CHECK(grid.changed == 7);
 
     gridrightpress(2, 0, false, false);
     CHECK(headless.beeps == 1);
-    CHECK(grid.changed == 5);
+    CHECK(grid.changed == 7);
     CHECK(headlessdrawn());
 }
 
@@ -106,9 +99,8 @@ TEST_CASE("while there is a mark, a right press marks single cells")
     for (int32_t x : {0, 1, 2})
         gridrightpress(x, 0, true, false);
     CHECK(marks() == ".../..#/");
-    CHECK(marked(-1, -1, -1, -1));
+    CHECK(nomark());
     CHECK(headless.marklength == -1);
-    CHECK(headlessdrawn());
 }
 
 TEST_CASE("a drag marks a rectangle, and back again")
@@ -120,22 +112,18 @@ TEST_CASE("a drag marks a rectangle, and back again")
     CHECK(marks() == "c.../.#../..../");
     griddragstep(2, 1);
     CHECK(marks() == "mmm./m#m./..../");
-    CHECK(marked(0, 0, 2, 1));
+    CHECK(markis(0, 0, 2, 1));
     CHECK(headless.marklength == 3);
-    CHECK(headlessdrawn());
     griddragstep(1, 7); // beyond the edge
     CHECK(marks() == "mm../m#../mm../");
-    CHECK(headlessdrawn());
     griddragstep(-3, 0);
     CHECK(marks() == "c.../.#../..../");
     CHECK(headless.marklength == -1);
-    CHECK(headlessdrawn());
     griddragstep(0, 2);
     griddragend();
     CHECK(marks() == "m.../m#../m.../");
     CHECK(headless.marklength == 3);
     CHECK(grid.changed == 0);
-    CHECK(headlessdrawn());
 }
 
 TEST_CASE("a drag from a block keeps the cursor off it")
@@ -148,12 +136,10 @@ TEST_CASE("a drag from a block keeps the cursor off it")
     CHECK(marks() == "#../..c/");
     griddragstep(1, 0);
     CHECK(marks() == "#m./.../");
-    CHECK(headlessdrawn());
     griddragstep(0, 0);
     CHECK(marks() == "#../.../");
     griddragend();
-    CHECK(marked(-1, -1, -1, -1));
-    CHECK(headlessdrawn());
+    CHECK(nomark());
 }
 
 TEST_CASE("with Ctrl a drag adds to the mark; without, it begins anew")
@@ -162,19 +148,14 @@ TEST_CASE("with Ctrl a drag adds to the mark; without, it begins anew")
     drag(3, 0, 2, 0);
     drag(2, 0, 2, 2, true);
     CHECK(marks() == "...m/..m./..m./"); // what both share is unmarked
-    CHECK(marked(2, 0, 3, 2));
-    CHECK(headlessdrawn());
-
+    CHECK(markis(2, 0, 3, 2));
     drag(0, 0, 0, 0, true); // a single cell too
     CHECK(marks() == "m..m/..m./..m./");
-    CHECK(marked(0, 0, 3, 2));
-    CHECK(headlessdrawn());
-
+    CHECK(markis(0, 0, 3, 2));
     int dropped = headless.resultsdropped;
     drag(0, 2, 1, 2);
     CHECK(headless.resultsdropped == dropped + 1);
     CHECK(marks() == "..../..../mm../");
-    CHECK(headlessdrawn());
 }
 
 TEST_CASE("a Wordsquare has a cursor, and neither marks nor blocks by hand")

@@ -1,24 +1,16 @@
 #include "grid/gridshape.h"
 
-#include "grid/grid.h"
-#include "tools/headless.h"
-
-#include <doctest/doctest.h>
-
-#include <string>
+#include "tests/grid/gridlooks.h"
 
 TEST_CASE("a change of size keeps cells and squares")
 {
     grid.letters[10][10] = 'q';
     grid.flags[2][2] = CELLMARKED;
-    grid.markleft = grid.markright = grid.marktop = grid.markbottom = 2;
+    markset(2, 2, 2, 2);
     gridsize(5, 128);
-    CHECK(grid.width == 5);
-    CHECK(grid.height == 127);
-    CHECK(grid.cellwidth == 36);
+    CHECK((grid.width == 5 && grid.height == 127 && grid.cellwidth == 36));
     CHECK(grid.letters[10][10] == 'q');
-    CHECK(grid.flags[2][2] == CELLOPEN);
-    CHECK(grid.markleft == -1);
+    CHECK((grid.flags[2][2] == CELLOPEN && nomark()));
     CHECK(headless.extents == 1);
     CHECK(grid.changed == 1);
 }
@@ -48,19 +40,16 @@ TEST_CASE("another kind is another document; the same is none")
 
 TEST_CASE("each case switches itself, and the other off")
 {
-    grid.letters[0][0] = 'q';
-    grid.letters[127][127] = 'q';
-    grid.letters[1][0] = 'q';
-    grid.flags[1][0] = CELLBLOCK;
+    gridset("q#q\n");
+    grid.letters[1][0] = grid.letters[127][127] = 'q';
     grid.flags[2][0] = CELLMARKED;
-    grid.letters[2][0] = 'q';
-    grid.markleft = grid.markright = 2;
-    grid.marktop = grid.markbottom = 0;
+    markset(2, 0, 2, 0);
+    gridunchanged();
+    headless.redraws = 0;
 
     gridcaseswitch(CASEUPPER);
     CHECK(grid.casemode == CASEUPPER);
-    CHECK(grid.letters[0][0] == 'Q');
-    CHECK(grid.letters[127][127] == 'Q');
+    CHECK((grid.letters[0][0] == 'Q' && grid.letters[127][127] == 'Q'));
     CHECK(grid.letters[1][0] == 'q');
     CHECK(grid.letters[2][0] == 'Q'); // no longer marked
     CHECK(headless.redraws == 1);

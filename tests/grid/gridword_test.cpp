@@ -1,11 +1,10 @@
 #include "grid/grid.h"
 
-#include <doctest/doctest.h>
+#include "tests/grid/gridlooks.h"
 
 #include <algorithm>
 #include <cstring>
 #include <random>
-#include <string>
 #include <tuple>
 #include <vector>
 
@@ -105,40 +104,21 @@ TEST_CASE("the longest word fits its buffer, and one is all there is")
     CHECK(std::string(word) == "xx " + std::string(124, 'x'));
 }
 
-TEST_CASE("bars and blocks end words")
+TEST_CASE("bars and blocks end words, blanks don't, and a lone cell is none")
 {
-    grid.width = 5;
-    grid.height = 1;
-    for (int32_t x = 0; x < 5; x++)
-        grid.letters[x][0] = static_cast<uint8_t>("abcde"[x]);
-
-    SUBCASE("a bar on the first cell doesn't")
-    {
-        grid.flags[0][0] = BARLEFT | BARTOP;
-        CHECK(allwords() == std::vector<std::string>{"abcde"});
-    }
-    SUBCASE("a later one does")
-    {
-        grid.flags[2][0] = BARLEFT;
-        CHECK(allwords() == std::vector<std::string>{"ab", "cde"});
-    }
-    SUBCASE("a lone cell is no word")
-    {
-        grid.flags[1][0] = CELLBLOCK;
-        grid.flags[4][0] = BARLEFT;
-        CHECK(allwords() == std::vector<std::string>{"cd"});
-    }
-    SUBCASE("blanks and marks don't")
-    {
-        grid.letters[2][0] = ' ';
-        grid.flags[3][0] = CELLMARKED;
-        CHECK(allwords() == std::vector<std::string>{"ab de"});
-    }
-    SUBCASE("nothing but blocks")
-    {
-        for (int32_t x = 0; x < 5; x++)
-            grid.flags[x][0] = CELLBLOCK;
-        CHECK(allwords().empty());
+    const struct {
+        const char *picture;
+        std::vector<std::string> words;
+    } rows[] = {
+        {"abcde\n\nleft 0,0\ntop 0,0\n", {"abcde"}}, // a first cell's bar is no end
+        {"abcde\n\nleft 2,0\n", {"ab", "cde"}},
+        {"a#cde\n\nleft 4,0\n", {"cd"}},
+        {"ab.de\n", {"ab de"}},
+        {"#####\n", {}},
+    };
+    for (const auto &[picture, words] : rows) {
+        gridset(picture);
+        CHECK(allwords() == words);
     }
 }
 
