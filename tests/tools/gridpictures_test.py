@@ -207,19 +207,7 @@ class PictureTest(unittest.TestCase):
                 self.assertEqual(bool(corner), (x, y) in grid.numbers())
 
     def test_bars(self):
-        made = Made(self.folder, BARS, "upper")
-        self.checkcrossword(made)
-        for leaf, page in made.painted().items():
-            with self.subTest(leaf):
-                thin, thick = self.across(page, 2, 0), self.across(page, 1, 0)
-                self.assertGreaterEqual(thick, thin + 1)
-                self.assertGreaterEqual(self.across(page, 3, 2), thin + 1)
-
-    def across(self, page, x, y):
-        """How many pixels thick the left edge of a square is."""
-        w, h = page.size
-        row = page.rows[round((y + .5) * h)]
-        return sum(value < 128 for value in row[round((x - .1) * w):round((x + .1) * w)])
+        self.checkcrossword(Made(self.folder, BARS, "upper"))
 
     def test_capitals(self):
         made = Made(self.folder, BLOCKS.replace("C", "c"), "upper")
@@ -239,11 +227,6 @@ class PictureTest(unittest.TestCase):
         self.assertEqual(lines[-2][1:5], middle(1, 0) + middle(3, 2))
         texts = self.shapes(made, "text")
         self.checkletters(made, texts)  # and no numbers
-        for leaf, page in made.painted().items():
-            if leaf != "plain.wmf":  # there a line outside makes the picture larger
-                with self.subTest(leaf):
-                    self.assertTrue(page.dark(.9, .45, 1.1, .55))
-                    self.assertFalse(page.dark(.1, 1.45, .2, 1.55))
 
     def test_words_not_shown(self):
         made = Made(self.folder, SQUARE, "hide", "cat", 0, 0, 1, 0, wordsquare=True)

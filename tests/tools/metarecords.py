@@ -62,6 +62,18 @@ class Player:
         else:
             self.state["font"] = ("", 0)
 
+    def windowset(self, name, pair):
+        self.window[name] = pair
+
+    def alignset(self, align):
+        self.align = align
+
+    def textcolourset(self, value):
+        self.textcolour = colour(value)
+
+    def moveto(self, x, y):
+        self.at = (x, y)
+
     def box(self, left, top, right, bottom):
         self.drawing.append(("box", left, top, right, bottom, self.state["pen"],
                              self.state["brush"]))
@@ -82,85 +94,72 @@ class Player:
                              hashlib.sha1(dib + bits).hexdigest()))
 
 
-def face(raw):
-    return raw.split(b"\0")[0].decode("cp1252")
+def fields(data, form, at=0):
+    return struct.unpack_from("<" + form, data, at)
+
+
+def dword(data, at=0):
+    return fields(data, "I", at)[0]
 
 
 # Enhanced metafiles: type and size in bytes of 4 each, then the fields.
 
 def enhancedcreate(player, kind, data):
-    handle, style = struct.unpack_from("<II", data)
-    value = struct.unpack_from("<I", data, 16 if kind == "pen" else 8)[0]
-    player.made(handle, kind, style, colour(value))
+    handle, style = fields(data, "II")
+    player.made(handle, kind, style, colour(dword(data, 16 if kind == "pen" else 8)))
 
 
 def enhancedfont(player, data):
-    handle, height = struct.unpack_from("<Ii", data)
+    handle, height = fields(data, "Ii")
     units = [data[at:at + 2] for at in range(32, 32 + 64, 2)] + [b"\0\0"]
     name = b"".join(units[:units.index(b"\0\0")]).decode("utf-16-le")  # behind it lies anything
     player.objects[handle] = ("font", (name, height))
 
 
 def enhancedselect(player, data):
-    handle = struct.unpack_from("<I", data)[0]
+    handle = dword(data)
     if handle & 0x80000000:
         player.selectstock(handle & 0x7FFFFFFF)
     else:
         player.select(handle)
 
 
-def enhancedtext(player, data, wide):
-    x, y, count, offset = struct.unpack_from("<iiII", data, 28)
-    raw = data[offset - 8:offset - 8 + count * (2 if wide else 1)]
-    need(len(raw) == count * (2 if wide else 1), "a text runs past its record")
-    player.text(x, y, raw.decode("utf-16-le" if wide else "cp1252"))
+def enhancedtext(player, data, width, encoding):
+    x, y, count, offset = fields(data, "iiII", 28)
+    raw = data[offset - 8:offset - 8 + count * width]
+    need(len(raw) == count * width, "a text runs past its record")
+    player.text(x, y, raw.decode(encoding))
 
 
 def enhancedbox(player, data):
-    left, top, right, bottom = struct.unpack_from("<4i", data)
+    left, top, right, bottom = fields(data, "4i")
     player.box(left, top, right + 1, bottom + 1)  # the record's box is inclusive
 
 
 def enhancedbitmap(player, data):
-    x, y = struct.unpack_from("<ii", data, 16)
-    info, infosize, bits, bitssize, _, rop, width, height = struct.unpack_from("<6I2i", data, 40)
+    x, y = fields(data, "ii", 16)
+    info, infosize, bits, bitssize, _, rop, width, height = fields(data, "6I2i", 40)
     player.bitmap(x, y, width, height, data[info - 8:info - 8 + infosize],
                   data[bits - 8:bits - 8 + bitssize], rop)
 
 
-def setattribute(name, value):
-    def setit(player, data):
-        setattr(player, name, value(struct.unpack_from("<I", data)[0]))
-    return setit
-
-
-def setwindow(name):
-    def setit(player, data):
-        player.window[name] = struct.unpack_from("<ii", data)
-    return setit
-
-
-def moveto(player, data):
-    player.at = struct.unpack_from("<ii", data)
-
-
 ENHANCED = {
-    9: setwindow("extent"),
-    10: setwindow("origin"),
-    15: lambda p, d: p.pixel(*struct.unpack_from("<iiI", d)),
-    22: setattribute("align", int),
-    24: setattribute("textcolour", colour),
-    27: moveto,
+    9: lambda p, d: p.windowset("extent", fields(d, "ii")),
+    10: lambda p, d: p.windowset("origin", fields(d, "ii")),
+    15: lambda p, d: p.pixel(*fields(d, "iiI")),
+    22: lambda p, d: p.alignset(dword(d)),
+    24: lambda p, d: p.textcolourset(dword(d)),
+    27: lambda p, d: p.moveto(*fields(d, "ii")),
     37: enhancedselect,
     38: lambda p, d: enhancedcreate(p, "pen", d),
     39: lambda p, d: enhancedcreate(p, "brush", d),
-    40: lambda p, d: p.objects.pop(struct.unpack_from("<I", d)[0]),
+    40: lambda p, d: p.objects.pop(dword(d)),
     43: enhancedbox,
-    54: lambda p, d: p.lineto(*struct.unpack_from("<ii", d)),
+    54: lambda p, d: p.lineto(*fields(d, "ii")),
     81: enhancedbitmap,
     82: enhancedfont,
-    83: lambda p, d: enhancedtext(p, d, False),
-    84: lambda p, d: enhancedtext(p, d, True),
+    83: lambda p, d: enhancedtext(p, d, 1, "cp1252"),
+    84: lambda p, d: enhancedtext(p, d, 2, "utf-16-le"),
 }
 
 
@@ -189,6 +188,10 @@ def readenhanced(data):
 # Plain metafiles: size in words of 4 bytes, function of 2; the fields mostly
 # stand in reverse.
 
+def reverse(data, count):
+    return fields(data, f"{count}h")[::-1]
+
+
 def plainmade(player, kind, style, value):
     handle = 0
     while handle in player.objects:
@@ -196,81 +199,56 @@ def plainmade(player, kind, style, value):
     player.made(handle, kind, style, value)
 
 
-def plainpen(player, data):
-    plainmade(player, "pen", struct.unpack_from("<H", data)[0],
-              colour(struct.unpack_from("<I", data, 6)[0]))
-
-
-def plainbrush(player, data):
-    plainmade(player, "brush", struct.unpack_from("<H", data)[0],
-              colour(struct.unpack_from("<I", data, 2)[0]))
+def plaincreate(player, kind, data):
+    style = fields(data, "H")[0]
+    plainmade(player, kind, style, colour(dword(data, 6 if kind == "pen" else 2)))
 
 
 def plainfont(player, data):
-    plainmade(player, "font", 0, (face(data[18:]), struct.unpack_from("<h", data)[0]))
+    name = data[18:].split(b"\0")[0].decode("cp1252")
+    plainmade(player, "font", 0, (name, fields(data, "h")[0]))
 
 
 def plaintext(player, data):
-    count = struct.unpack_from("<h", data)[0]
-    y, x = struct.unpack_from("<hh", data, 2 + (count + 1) // 2 * 2)
+    count = fields(data, "h")[0]
+    y, x = fields(data, "hh", 2 + (count + 1) // 2 * 2)
     player.text(x, y, data[2:2 + count].decode("cp1252"))
 
 
 def plainexttext(player, data):
-    y, x, count, options = struct.unpack_from("<hhhH", data)
+    y, x, count, options = fields(data, "hhhH")
     at = 16 if options & 6 else 8
     player.text(x, y, data[at:at + count].decode("cp1252"))
 
 
-def plainbox(player, data):
-    bottom, right, top, left = struct.unpack_from("<4h", data)
-    player.box(left, top, right, bottom)
-
-
 def plainpixel(player, data):
-    value, y, x = struct.unpack_from("<Ihh", data)
+    value, y, x = fields(data, "Ihh")
     player.pixel(x, y, value)
 
 
 def plainbitmap(player, data):
-    rop, _, _, _, _, _, height, width, y, x = struct.unpack_from("<I9h", data)
+    rop, _, _, _, _, _, height, width, y, x = fields(data, "I9h")
     dib = data[22:]
-    size, _, _, _, depth = struct.unpack_from("<IiiHH", dib)
-    used = struct.unpack_from("<I", dib, 32)[0]
+    size, _, _, _, depth = fields(dib, "IiiHH")
+    used = dword(dib, 32)
     colours = (used or 1 << depth) if depth <= 8 else used
     end = size + 4 * colours
     player.bitmap(x, y, width, height, dib[:end], dib[end:], rop)
 
 
-def plainmove(player, data):
-    y, x = struct.unpack_from("<hh", data)
-    player.at = (x, y)
-
-
-def plainline(player, data):
-    y, x = struct.unpack_from("<hh", data)
-    player.lineto(x, y)
-
-
-def plainwindow(name):
-    def setit(player, data):
-        player.window[name] = struct.unpack_from("<hh", data)[::-1]
-    return setit
-
-
 PLAIN = {
-    0x01F0: lambda p, d: p.objects.pop(struct.unpack_from("<H", d)[0]),
-    0x012D: lambda p, d: p.select(struct.unpack_from("<H", d)[0]),
-    0x012E: lambda p, d: setattr(p, "align", struct.unpack_from("<H", d)[0]),
-    0x0209: lambda p, d: setattr(p, "textcolour", colour(struct.unpack_from("<I", d)[0])),
-    0x020B: plainwindow("origin"),
-    0x020C: plainwindow("extent"),
-    0x0213: plainline,
-    0x0214: plainmove,
-    0x02FA: plainpen,
+    0x01F0: lambda p, d: p.objects.pop(fields(d, "H")[0]),
+    0x012D: lambda p, d: p.select(fields(d, "H")[0]),
+    0x012E: lambda p, d: p.alignset(fields(d, "H")[0]),
+    0x0209: lambda p, d: p.textcolourset(dword(d)),
+    0x020B: lambda p, d: p.windowset("origin", reverse(d, 2)),
+    0x020C: lambda p, d: p.windowset("extent", reverse(d, 2)),
+    0x0213: lambda p, d: p.lineto(*reverse(d, 2)),
+    0x0214: lambda p, d: p.moveto(*reverse(d, 2)),
+    0x02FA: lambda p, d: plaincreate(p, "pen", d),
     0x02FB: plainfont,
-    0x02FC: plainbrush,
-    0x041B: plainbox,
+    0x02FC: lambda p, d: plaincreate(p, "brush", d),
+    0x041B: lambda p, d: p.box(*reverse(d, 4)),
     0x041F: plainpixel,
     0x0521: plaintext,
     0x0A32: plainexttext,

@@ -38,6 +38,10 @@ class QuillTest(unittest.TestCase):
         if words:
             self.quill("dict", "add", leaf, "-", stdin="\n".join(words).encode(ENCODING))
 
+    def grid(self, leaf, picture):
+        self.file("p.txt", picture)
+        self.quill("grid", "build", leaf, "p.txt")
+
     def test_usage(self):
         self.quill(status=WRONGUSAGE)
         self.assertIn("usage: quill COMMAND", self.remarks)
@@ -80,12 +84,9 @@ class QuillTest(unittest.TestCase):
         self.assertEqual(self.quill("dict", "find", "w.dic", "NATION", "nationa", "aa", "zz"),
                          "NATION\tfound\t0\tnation\n" "nationa\tabsent\t0\tnation\n"
                          "aa\tabsent\t0\tnation\n" "zz\tabsent\t4\tzebra\n")
-
-    def test_an_empty_dictionary(self):
         self.quill("dict", "build", "empty.dic")
         self.assertEqual(self.remarks, "0 words, 304 bytes\n")
         self.assertEqual(self.quill("dict", "words", "empty.dic"), "")
-        self.assertEqual(self.quill("dict", "check", "empty.dic"), "ok: 0 words, 0 entries\n")
 
     def test_words_as_they_stand(self):
         self.dictionary("w.dic", "ice cream", "co-op", "\u00c9t\u00e9", "can't", "x" * 32)
@@ -119,89 +120,78 @@ class QuillTest(unittest.TestCase):
     PICTURE = "CAT#.\n.#..E\nabc\u00e9F\n\nleft 2,2 3,0\ntop 1,2\n"
 
     def test_a_grid_from_a_picture_and_back(self):
-        self.file("p.txt", self.PICTURE)
-        self.quill("grid", "build", "g.qmg", "p.txt")
+        self.grid("g.qmg", self.PICTURE)
         self.assertEqual(self.remarks, "5 by 3 cells\n")
         drawn = self.quill("grid", "draw", "g.qmg")
-        self.file("again.txt", drawn)
-        self.quill("grid", "build", "again.qmg", "again.txt")
         self.assertEqual(drawn.splitlines()[:3], self.PICTURE.splitlines()[:3])
-        self.assertEqual(self.quill("grid", "draw", "again.qmg"), drawn)
+        self.grid("again.qmg", drawn)
         self.assertEqual(self.file("g.qmg").read_bytes(), self.file("again.qmg").read_bytes())
         self.quill("grid", "build", "ws.qmg", "p.txt", "--wordsquare")
         self.assertEqual(self.file("ws.qmg").read_bytes()[240], 1)
         self.assertEqual(self.file("g.qmg").read_bytes()[240], 0)
 
-    def test_words_of_a_grid(self):
-        self.file("p.txt", "CAT\nA#O\nB.P\n")
-        self.quill("grid", "build", "g.qmg", "p.txt")
+    def test_words_and_clues_of_a_grid(self):
+        self.grid("g.qmg", "CAT\nA#O\nB.P\n")
         self.assertEqual(self.quill("grid", "words", "g.qmg"), "CAT\nCAB\nTOP\nB P\n")
+        self.assertEqual(self.quill("clues", "g.qmg"),
+                         "Clues across.\r\n1. CAT\n3. B P\n\nClues down.\n\n1. CAB\n2. TOP\n")
 
-    def test_bad_pictures(self):
-        for picture in ("", "ab\nabc\n", "a" * 128 + "\n", "ab\ncd\n\nleft 2,2 9,9\n",
-                        "ab\n\nright 0,0\n"):
-            self.file("p.txt", picture)
-            self.assertEqual(self.quill("grid", "build", "g.qmg", "p.txt", status=FAILED), "")
-            self.assertFalse(self.file("g.qmg").exists())
+    def test_a_bad_picture(self):
+        self.file("p.txt", "ab\nabc\n")
+        self.assertEqual(self.quill("grid", "build", "g.qmg", "p.txt", status=FAILED), "")
+        self.assertIn("Line 2: the row has 3 cells", self.remarks)
+        self.assertFalse(self.file("g.qmg").exists())
 
     def solvegrid(self):
-        self.quill("dict", "build", "MainDict.dic")
-        self.quill("dict", "add", "MainDict.dic", "cat", "cot", "Cut", "tar", "tip", "top", "cart")
-        self.quill("dict", "build", "Other.dic")
-        self.quill("dict", "add", "Other.dic", "cit")
-        self.file("p.txt", "C.T\n##.\n##.\n")
-        self.quill("grid", "build", "g.qmg", "p.txt")
+        self.dictionary("MainDict.dic", "cat", "cot", "Cut", "tar", "tip", "top", "cart")
+        self.dictionary("Other.dic", "cit")
+        self.grid("g.qmg", "C.T\n##.\n##.\n")
+
+    def solve(self, *words, status=DONE):
+        return self.quill("solve", "g.qmg", "--dictionaries", ".", *words, status=status)
 
     def test_solve(self):
         self.solvegrid()
-        self.assertEqual(self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", "."),
-                         "cat\ncot\nCut\n")
+        self.assertEqual(self.solve("--mark", "0,0,2,0"), "cat\ncot\nCut\n")
         self.assertEqual(self.remarks, "3 solutions of 1 words\n")
-        both = self.quill("solve", "g.qmg", "--mark=0,0,2,0", "--mark=2,0,2,2", "--dictionaries=.")
-        self.assertEqual(both.splitlines(),
+        self.assertEqual(self.solve("--mark=0,0,2,0", "--mark=2,0,2,2").splitlines(),
                          [f"{a}\t{b}" for a in ("cat", "cot", "Cut") for b in ("tar", "tip", "top")])
-        self.assertEqual(self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", ".",
-                                    "--dict", "Other", "--dict", "MainDict"),
+        self.assertEqual(self.solve("--mark", "0,0,2,0", "--dict", "Other", "--dict", "MainDict"),
                          "cat\ncot\nCut\ncit\n")
-        limited = self.quill("solve", "g.qmg", "--mark", "0,0,2,2", "--dictionaries", ".",
-                             "--max", "4")
+        limited = self.solve("--mark", "0,0,2,2", "--max", "4")
         self.assertEqual(len(limited.splitlines()), 5)  # the list stops above the limit
 
     def test_solve_failures(self):
         self.solvegrid()
+        mark = ["--mark", "0,0,2,0"]
         for words, text in (([], "Need marked word!"), (["--mark", "0,0,0,0"], "Nothing to solve!"),
-                            (["--mark", "0,0,2,0", "--dict", "Nowhere"], "No dictionary Nowhere")):
-            self.assertEqual(self.quill("solve", "g.qmg", "--dictionaries", ".", *words,
-                                        status=FAILED), "")
+                            (mark + ["--dict", "Nowhere"], "No dictionary Nowhere")):
+            self.assertEqual(self.solve(*words, status=FAILED), "")
             self.assertIn(text, self.remarks)
         self.file("MainDict.dic", b"\0" * 304)
-        self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", ".", status=FAILED)
+        self.solve(*mark, status=FAILED)
         self.assertIn("Dictionary is too old.", self.remarks)
-        (self.file("none")).mkdir()
-        self.quill("solve", "g.qmg", "--mark", "0,0,2,0", "--dictionaries", "none", status=FAILED)
+        self.file("none").mkdir()
+        self.quill("solve", "g.qmg", *mark, "--dictionaries", "none", status=FAILED)
         self.assertIn("No dictionaries loaded!", self.remarks)
 
     def test_anagram(self):
         self.solvegrid()
-        use = ("--dictionaries", ".")
-        self.assertEqual(self.quill("anagram", "tac", *use), "cat\n")
-        self.assertEqual(self.quill("anagram", "c*t", *use), "cat\ncot\nCut\n")
-        self.assertEqual(self.quill("anagram", "CIT", *use, "--dict", "Other"), "cit\n")
-        self.assertEqual(self.quill("anagram", "zzz", *use), "")
-        self.assertEqual(len(self.quill("anagram", "***", *use, "--max", "2").splitlines()), 3)
-        self.quill("anagram", "x" * 32, *use, status=FAILED)
+        for words, found in ((["c*t"], "cat\ncot\nCut\n"), (["CIT", "--dict", "Other"], "cit\n"),
+                             (["zzz"], ""), (["***", "--max", "1"], "cat\ncot\n")):
+            self.assertEqual(self.quill("anagram", *words, "--dictionaries", "."), found)
+        self.quill("anagram", "x" * 32, "--dictionaries", ".", status=FAILED)
 
     def test_guess_and_spell(self):
         self.solvegrid()
         use = ("--dictionaries", ".")
         self.assertIn("cat\n", self.quill("guess", "catt", *use))
         self.assertEqual(self.quill("guess", "zzzzz", *use), "")
-        self.file("s.txt", "CATT\n####\nTIPS\n####\nTOP.\n")
-        self.quill("grid", "build", "s.qmg", "s.txt")
+        self.grid("s.qmg", "CATT\n####\nTIPS\n####\nTOP.\n")
         lines = self.quill("spell", "s.qmg", *use).splitlines()
-        self.assertEqual([line.split("\t")[0] for line in lines], ["CATT", "TIPS"])
-        self.assertIn("cat", lines[0].split("\t")[1].split(","))
-        self.assertIn("tip", lines[1].split("\t")[1].split(","))
+        for line, word, guess in zip(lines, ("CATT", "TIPS"), ("cat", "tip"), strict=True):
+            self.assertEqual(line.split("\t")[0], word)
+            self.assertIn(guess, line.split("\t")[1].split(","))
 
     def test_make_and_find(self):
         words = ["otter", "badger", "heron", "pine", "elk"]
@@ -209,22 +199,19 @@ class QuillTest(unittest.TestCase):
         self.quill("dict", "build", "MainDict.dic", "w.txt")
         making = ("make", "w.txt", "--size", "9x8", "--directions", "255", "--seed", "12")
         places = self.quill(*making, "-o", "g.qmg")
-        again = self.quill(*making, "-o", "h.qmg")
-        self.assertEqual(places, again)
+        self.assertEqual(self.quill(*making, "-o", "h.qmg"), places)
         self.assertEqual(self.file("g.qmg").read_bytes(), self.file("h.qmg").read_bytes())
-        self.assertEqual([line.split("\t")[0] for line in places.splitlines()], words)
         rows = self.quill("grid", "draw", "g.qmg").splitlines()
         self.assertEqual((len(rows[0]), len(rows)), (9, 8))
-        for line in places.splitlines():
-            word, x, y, dx, dy = [int(part) if part.lstrip("-").isdigit() else part
-                                  for part in line.split("\t")]
+        for line, word in zip(places.splitlines(), words, strict=True):
+            text, *place = line.split("\t")
+            x, y, dx, dy = map(int, place)
+            self.assertEqual(text, word)
             self.assertEqual("".join(rows[y + i * dy][x + i * dx] for i in range(len(word))), word)
         found = self.quill("find", "g.qmg", "--min", "3", "--dictionaries", ".").splitlines()
         self.assertTrue(set(places.splitlines()) <= set(found))
-        self.assertEqual([line.split("\t")[0] for line in found],
-                         sorted(line.split("\t")[0] for line in found))
-        self.assertNotIn("elk", [line.split("\t")[0] for line in
-                                 self.quill("find", "g.qmg", "--dictionaries", ".").splitlines()])
+        self.assertEqual(found, sorted(found, key=lambda line: line.split("\t")[0]))
+        self.assertNotIn("elk", self.quill("find", "g.qmg", "--dictionaries", "."))
         self.file("long.txt", "elephantine")
         self.assertEqual(self.quill("make", "long.txt", "--size", "4x4", "-o", "l.qmg"),
                          "elephantine\t-1\t-1\t-1\t-1\n")
@@ -235,8 +222,7 @@ class QuillTest(unittest.TestCase):
             self.quill(*wrong, status=WRONGUSAGE)
 
     def test_fill(self):
-        self.quill("dict", "build", "MainDict.dic")
-        self.quill("dict", "add", "MainDict.dic", "otter", "badger", "heron", "squirrel")
+        self.dictionary("MainDict.dic", "otter", "badger", "heron", "squirrel")
         filling = ("fill", "--size", "6x5", "--seed", "3", "--dictionaries", ".")
         self.assertEqual(self.quill(*filling, "-o", "f.qmg"), "")
         drawn = self.quill("grid", "draw", "f.qmg")
@@ -246,12 +232,6 @@ class QuillTest(unittest.TestCase):
         self.quill("fill", "--size", "6x5", "--dictionaries", "nowhere", "-o", "h.qmg",
                    status=FAILED)
         self.assertFalse(self.file("h.qmg").exists())
-
-    def test_clues(self):
-        self.file("p.txt", "CAT\nA#O\nB.P\n")
-        self.quill("grid", "build", "g.qmg", "p.txt")
-        self.assertEqual(self.quill("clues", "g.qmg"),
-                         "Clues across.\r\n1. CAT\n3. B P\n\nClues down.\n\n1. CAB\n2. TOP\n")
 
 
 if __name__ == "__main__":
