@@ -3,7 +3,6 @@
 #include "desktop/stages.h"
 #include "desktop/wdata.h"
 #include "desktop/windowplace.h"
-#include "desktop/windows.h"
 #include "graphics/modeinfo.h"
 
 #include <doctest/doctest.h>
@@ -29,10 +28,16 @@ void taskwindowsend()
     }
 }
 
-void taskopen(window w, int32_t left, int32_t top, int32_t width, int32_t height, intptr_t behind)
+windowstaterecord taskstate(window w)
 {
     windowstaterecord state;
     REQUIRE_FALSE(windowstate(w, &state));
+    return state;
+}
+
+void taskopen(window w, int32_t left, int32_t top, int32_t width, int32_t height, intptr_t behind)
+{
+    windowstaterecord state = taskstate(w);
     placestate({left, top, left + width, top + height}, &state);
     state.behind = behind;
     REQUIRE_FALSE(openwindow(&state));
@@ -46,6 +51,12 @@ RECT taskclient(window w)
     ClientToScreen(taskhandle(w), &corner);
     OffsetRect(&client, corner.x, corner.y);
     return client;
+}
+
+SIZE tasksize(window w)
+{
+    RECT client = taskclient(w);
+    return {client.right - client.left, client.bottom - client.top};
 }
 
 static void screen(int32_t dpi)

@@ -2,7 +2,7 @@
 // tests of windows that need no template.
 #pragma once
 
-#include "desktop/events.h"
+#include "desktop/windows.h"
 
 #include <windows.h>
 
@@ -24,8 +24,11 @@ void taskwindowsend();
 void taskopen(window w, int32_t left, int32_t top, int32_t width, int32_t height,
               intptr_t behind = -3);
 
-// The client area in pixels of the screen.
+windowstaterecord taskstate(window w);
+
+// The client area in pixels of the screen, and its size.
 RECT taskclient(window w);
+SIZE tasksize(window w);
 
 // A test that makes one runs twice, on a screen of 96 and on one of 144 dots to the
 // inch, by which windows are placed and work areas measured. It has no subcases of
