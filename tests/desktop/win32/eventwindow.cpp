@@ -73,6 +73,12 @@ eventlibrary::~eventlibrary()
     blockend();
 }
 
+void pointat(window w, int x, int y)
+{
+    driveplace place = driveclient(w, x, y);
+    drivemove(place.x, place.y);
+}
+
 window eventopen(int32_t number, int left, window parent)
 {
     constexpr int TOP = 150, WIDTH = 300, HEIGHT = 200;
@@ -84,10 +90,23 @@ window eventopen(int32_t number, int left, window parent)
     return w;
 }
 
-eventwindow::eventwindow(int32_t number) : w(eventopen(number, 200)) {}
+eventwindow::eventwindow(int32_t number) : w(eventopen(number, 200)), shown(w) {}
+
+// Handlers of events; filters and subclassed controls may be the library's own.
+static bool fortests(const block &b)
+{
+    for (int32_t type : {EVENTFILTER, EVENTFILTERWINDOW, EVENTPOLLFILTER, EVENTSUBCLASS, EVENTHOOK})
+        if (b.type == type) return false;
+    return true;
+}
 
 eventwindow::~eventwindow()
 {
+    for (int32_t index = blockcount(); index-- > 0;) {
+        block b = blockat(index);
+        if (b.window == shown && fortests(b))
+            remblock(b.type, b.subtype, b.window, b.data, b.function, nullptr);
+    }
     if (w) CHECK_FALSE(removewindow(&w));
 }
 

@@ -29,13 +29,18 @@ struct eventlibrary {
     ~eventlibrary();
 };
 
+// The window and its handlers of events go with the object.
 struct eventwindow {
     eventlibrary library;
-    window w; // 0 once a test has deleted it
+    window w;     // 0 once a test has deleted it
+    window shown; // the same, for good
 
     explicit eventwindow(int32_t number);
     ~eventwindow();
 };
+
+// Puts the pointer at an offset from the top left of its client area.
+void pointat(window w, int x, int y);
 
 // Another one, at the left edge of the screen plus an offset, in pixels.
 window eventopen(int32_t number, int left, window parent = 0);

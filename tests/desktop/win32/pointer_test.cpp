@@ -91,8 +91,7 @@ TEST_CASE("the shapes of the pointer by kind")
 TEST_CASE("the pointer's record tells the buttons, the left before the right")
 {
     eventwindow e(EVENTPLAIN);
-    driveplace at = driveclient(e.w, 100, 100);
-    drivemove(at.x, at.y);
+    pointat(e.w, 100, 100);
     CHECK(pointernow().buttons == 0);
     drivepress(DRIVERIGHT);
     CHECK(pointernow().buttons == BUTTONRIGHT);
