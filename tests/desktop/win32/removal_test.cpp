@@ -35,29 +35,15 @@ errorblock *once(int32_t type, intptr_t buttons = 0)
     return nullptr;
 }
 
+// A handler of that type, whatever it is given.
+template<int32_t TYPE, typename... ARGUMENTS> errorblock *on(ARGUMENTS...)
+{
+    return once(TYPE);
+}
+
 errorblock *onclick(window, intptr_t, mouserecord *mouse)
 {
     return once(EVENTCLICK, mouse->buttons);
-}
-
-errorblock *onkey(window, intptr_t, int32_t, int32_t *)
-{
-    return once(EVENTKEY);
-}
-
-errorblock *onmouse(window, intptr_t, mouserecord *)
-{
-    return once(EVENTMOUSE);
-}
-
-errorblock *onopen(window, intptr_t, openrecord *)
-{
-    return once(EVENTOPEN);
-}
-
-errorblock *onclose(window, intptr_t)
-{
-    return once(EVENTCLOSE);
 }
 
 // Who doesn't paint is asked again at once.
@@ -74,55 +60,15 @@ errorblock *onredraw(window self, intptr_t)
     return err;
 }
 
-errorblock *onfocus(window, intptr_t, int)
-{
-    return once(EVENTFOCUS);
-}
-
-errorblock *onactivate(window, intptr_t, intptr_t, int32_t)
-{
-    return once(EVENTACTIVATE);
-}
-
-errorblock *onwheel(window, intptr_t, int32_t, int32_t, int, int *)
-{
-    return once(EVENTWHEEL);
-}
-
-errorblock *onpointer(window, intptr_t, mouserecord *, int *)
-{
-    return once(EVENTPOINTER);
-}
-
 errorblock *ondrop(const char *, int32_t, mouserecord *, intptr_t, int *accept)
 {
     *accept = 1;
     return once(EVENTDROP);
 }
 
-errorblock *ontext(window, int32_t, intptr_t)
-{
-    return once(EVENTTEXTCHANGE);
-}
-
-errorblock *oncaret(window, int32_t, int, intptr_t)
-{
-    return once(EVENTTEXTFOCUS);
-}
-
 errorblock *onfilter(const systemmessage *message, intptr_t, int *, intptr_t *, int *)
 {
     return message->message == WM_APP ? once(EVENTFILTER) : nullptr;
-}
-
-errorblock *onpollfilter(const systemmessage *, intptr_t, int *, intptr_t *, int *)
-{
-    return once(EVENTPOLLFILTER);
-}
-
-errorblock *ontimed(intptr_t)
-{
-    return once(EVENTTIMED);
 }
 
 errorblock *ondragend(window, intptr_t, const dragresult *)
@@ -142,20 +88,20 @@ errorblock *starts(window self, intptr_t, mouserecord *mouse)
 void handlers(window w)
 {
     REQUIRE_FALSE(addclickhandler(onclick, w, 0));
-    REQUIRE_FALSE(addkeyhandler(onkey, w, 0));
-    REQUIRE_FALSE(addmousehandler(onmouse, w, 0));
-    REQUIRE_FALSE(addopenhandler(onopen, w, 0));
-    REQUIRE_FALSE(addclosehandler(onclose, w, 0));
+    REQUIRE_FALSE(addkeyhandler(on<EVENTKEY>, w, 0));
+    REQUIRE_FALSE(addmousehandler(on<EVENTMOUSE>, w, 0));
+    REQUIRE_FALSE(addopenhandler(on<EVENTOPEN>, w, 0));
+    REQUIRE_FALSE(addclosehandler(on<EVENTCLOSE>, w, 0));
     REQUIRE_FALSE(addredrawhandler(onredraw, w, 0));
-    REQUIRE_FALSE(addfocushandler(onfocus, w, 0));
-    REQUIRE_FALSE(addactivatehandler(onactivate, w, 0));
-    REQUIRE_FALSE(addwheelhandler(onwheel, w, 0));
-    REQUIRE_FALSE(addpointerhandler(onpointer, w, 0));
+    REQUIRE_FALSE(addfocushandler(on<EVENTFOCUS>, w, 0));
+    REQUIRE_FALSE(addactivatehandler(on<EVENTACTIVATE>, w, 0));
+    REQUIRE_FALSE(addwheelhandler(on<EVENTWHEEL>, w, 0));
+    REQUIRE_FALSE(addpointerhandler(on<EVENTPOINTER>, w, 0));
     REQUIRE_FALSE(adddrophandler(w, 0, ondrop));
-    REQUIRE_FALSE(addtextchangehandler(ontext, w, 0));
-    REQUIRE_FALSE(addtextfocushandler(oncaret, w, 0));
+    REQUIRE_FALSE(addtextchangehandler(on<EVENTTEXTCHANGE>, w, 0));
+    REQUIRE_FALSE(addtextfocushandler(on<EVENTTEXTFOCUS>, w, 0));
     REQUIRE_FALSE(addfilter(onfilter, WM_APP, w, 0));
-    REQUIRE_FALSE(addpollfilter(onpollfilter, WM_APP, w, 0));
+    REQUIRE_FALSE(addpollfilter(on<EVENTPOLLFILTER>, WM_APP, w, 0));
 }
 
 // All blocks of the table, whatever they are.
@@ -240,38 +186,40 @@ bool acted(const bringrow &row, window w, const std::function<void()> &what)
 
 } // namespace
 
-TEST_CASE("a handler of any event may take away all handlers")
+// Two rounds: what the system keeps for later is there after the first. In the second
+// there are events inside of the events.
+TEST_CASE("a handler of any event may take away all handlers, or its window and what that holds")
 {
-    for (const bringrow &row : BRINGS) {
-        INFO(std::string(row.what));
-        eventwindow e(EVENTCONTROLS);
-        middle = driveclient(e.w, 200, 120);
-        handlers(e.w);
-        bool did = acted(row, e.w, [] { forget(); });
-        CHECK(did);
-        CHECK(blockcount() == 0);
+    drivecounts before = {};
+    for (bool again : {false, true}) {
+        for (const bringrow &row : BRINGS)
+            for (bool windowgoes : {false, true}) {
+                INFO(std::string(row.what));
+                CAPTURE(windowgoes);
+                eventlibrary library;
+                window w = eventopen(EVENTCONTROLS, 200), kept = w;
+                window pane = eventopen(EVENTPLAIN, 800, w);
+                middle = driveclient(w, 200, 120);
+                handlers(w);
+                bool did = acted(row, w, [&] {
+                    if (again) drivepump(1);
+                    if (windowgoes)
+                        removewindow(&w);
+                    else
+                        forget();
+                });
+                CHECK(did);
+                CHECK(IsWindow(taskhandle(kept)) != windowgoes);
+                CHECK((wdatafind(kept) == nullptr) == windowgoes);
+                CHECK((wdatafind(pane) == nullptr) == windowgoes);
+                if (w) removewindow(&w);
+                forget();
+            }
+        if (!again) before = drivecountnow();
     }
-}
-
-TEST_CASE("a handler of any event may delete its window, and what that holds")
-{
-    for (const bringrow &row : BRINGS) {
-        INFO(std::string(row.what));
-        eventlibrary library;
-        window w = eventopen(EVENTCONTROLS, 200);
-        window panes[2] = {eventopen(EVENTPLAIN, 800, w), eventopen(EVENTPLAIN, 900, w)};
-        middle = driveclient(w, 200, 120);
-        handlers(w);
-        window gone = w;
-        bool did = acted(row, w, [&] { removewindow(&w); });
-        CHECK(did);
-        CHECK_FALSE(IsWindow(taskhandle(gone)));
-        CHECK_FALSE(wdatafind(gone));
-        if (w) removewindow(&w);
-        for (window pane : panes)
-            CHECK_FALSE(wdatafind(pane)); // went with their parent
-        forget();
-    }
+    drivecounts after = drivecountnow();
+    CHECK(after.gdiobjects <= before.gdiobjects + 3);
+    CHECK(after.userobjects <= before.userobjects + 3);
 }
 
 TEST_CASE("a drag, its end and a timed call may take their window away")
@@ -290,7 +238,7 @@ TEST_CASE("a drag, its end and a timed call may take their window away")
         drivemove(from.x + 5, from.y);
         CHECK(mousestate() == MOUSEDRAG);
         if (early) { // the window goes, which ends the drag
-            addtimedcall(ontimed, 0, 1);
+            addtimedcall(on<EVENTTIMED>, 0, 1);
             drivewait([] { return timedcount() == 0; });
         }
         driverelease();
@@ -328,49 +276,4 @@ TEST_CASE("a parent's end reaches all below it, which may end each other")
     CHECK(taken() == "gone 0;gone 2;");
     CHECK(wdatas == nullptr);
     forget();
-}
-
-// Many windows that open, get all kinds of events and go from inside them, by a
-// simple sequence of numbers. What the system counts must not grow.
-TEST_CASE("windows that go from inside their events leave nothing behind")
-{
-    uint32_t seed = 12345;
-    auto next = [&](uint32_t below) {
-        seed = seed * 1103515245 + 12345;
-        return (seed >> 16) % below;
-    };
-    auto round = [&] {
-        eventlibrary library;
-        window w = eventopen(EVENTCONTROLS, 100 + 10 * static_cast<int>(next(20)));
-        middle = driveclient(w, 200, 120);
-        handlers(w);
-        const bringrow &last = BRINGS[next(std::size(BRINGS))];
-        wantedtype = last.type;
-        wantedbuttons = last.buttons;
-        act = [&] {
-            if (next(2)) drivepump(1); // events inside of events
-            removewindow(&w);
-        };
-        addtimedcall(ontimed, 0, static_cast<int32_t>(next(9)));
-        for (int step = 0; step < 6 && w; step++) {
-            drivemove(middle.x + static_cast<int>(next(20)), middle.y);
-            if (w) BRINGS[next(std::size(BRINGS))].bring(w);
-        }
-        if (w) last.bring(w);
-        act = nullptr;
-        if (w) removewindow(&w);
-        driverelease();
-        driverelease(DRIVERIGHT);
-        remtimedcall(ontimed, 0);
-        drivepump();
-        forget();
-    };
-    for (int n = 0; n < 8; n++)
-        round(); // what the system keeps for later is there after these
-    drivecounts before = drivecountnow();
-    for (int n = 0; n < 25; n++)
-        round();
-    drivecounts after = drivecountnow();
-    CHECK(after.gdiobjects <= before.gdiobjects + 3);
-    CHECK(after.userobjects <= before.userobjects + 3);
 }
