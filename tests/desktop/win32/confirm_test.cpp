@@ -9,6 +9,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <functional>
 
 namespace
@@ -41,63 +42,74 @@ struct asker : eventwindow {
         CHECK(IsWindowEnabled(taskhandle(w)));
         return cancelled ? UNANSWERED : answer;
     }
-    int key(uint32_t kind, int key)
-    {
-        return ask(kind, [key](window) { drivekey(key); });
-    }
-    int press(uint32_t kind, int icon)
-    {
-        return ask(kind, [icon](window box) { driveiconclick(box, icon); });
-    }
 };
 
 } // namespace
 
-TEST_CASE("a question is answered by the first letter of a button")
+TEST_CASE("a question is answered by letters, Return, Escape and the close box")
 {
+    constexpr int CLOSEBOX = -1;
+    struct {
+        uint32_t kind;
+        int key, answer;
+    } rows[] = {
+        {CONFIRMYESNO, 'Y', 1},
+        {CONFIRMYESNO, 'N', 0},
+        {CONFIRMYESNO, VK_RETURN, 1},
+        {CONFIRMYESNO, VK_ESCAPE, CANCELLED},
+        {CONFIRMYESNO, CLOSEBOX, CANCELLED},
+        {CONFIRMYESNO, 'S', UNANSWERED}, // of another kind
+        {CONFIRMDISCARDCANCEL, 'D', 1},
+        {CONFIRMDISCARDCANCEL, 'C', CANCELLED},
+        {CONFIRMDISCARDCANCEL, VK_RETURN, UNANSWERED},
+        {CONFIRMDISCARDCANCELSAVE, 'D', 0},
+        {CONFIRMDISCARDCANCELSAVE, 'C', CANCELLED},
+        {CONFIRMDISCARDCANCELSAVE, 'S', 1},
+        {CONFIRMDISCARDCANCELSAVE, VK_RETURN, 1},
+    };
     asker a;
-    CHECK(a.key(CONFIRMYESNO, 'Y') == 1);
-    CHECK(a.key(CONFIRMYESNO, 'N') == 0);
-    CHECK(a.key(CONFIRMDISCARDCANCEL, 'D') == 1);
-    CHECK(a.key(CONFIRMDISCARDCANCEL, 'C') == CANCELLED);
-    CHECK(a.key(CONFIRMDISCARDCANCELSAVE, 'D') == 0);
-    CHECK(a.key(CONFIRMDISCARDCANCELSAVE, 'C') == CANCELLED);
-    CHECK(a.key(CONFIRMDISCARDCANCELSAVE, 'S') == 1);
-    CHECK(a.key(CONFIRMYESNO, 'S') == UNANSWERED); // of another kind
+    for (const auto &row : rows) {
+        CAPTURE(row.kind);
+        CAPTURE(row.key);
+        CHECK(a.ask(row.kind, [&](window box) {
+            if (row.key == CLOSEBOX)
+                PostMessageA(taskhandle(box), WM_CLOSE, 0, 0);
+            else
+                drivekey(row.key);
+        }) == row.answer);
+    }
     for (uint32_t kind : {CONFIRMYESNO, CONFIRMDISCARDCANCEL})
         CHECK(a.ask(kind, [](window box) { PostMessageA(taskhandle(box), WM_CHAR, 0, 1); }) ==
               UNANSWERED); // Ctrl+@
 }
 
-TEST_CASE("Return stands for Yes and Save, Escape and the close box for Cancel")
-{
-    asker a;
-    CHECK(a.key(CONFIRMYESNO, VK_RETURN) == 1);
-    CHECK(a.key(CONFIRMDISCARDCANCEL, VK_RETURN) == UNANSWERED);
-    CHECK(a.key(CONFIRMDISCARDCANCELSAVE, VK_RETURN) == 1);
-    for (uint32_t kind : {CONFIRMYESNO, CONFIRMDISCARDCANCEL, CONFIRMDISCARDCANCELSAVE}) {
-        CHECK(a.key(kind, VK_ESCAPE) == CANCELLED);
-        CHECK(a.ask(kind, [](window box) { PostMessageA(taskhandle(box), WM_CLOSE, 0, 0); }) ==
-              CANCELLED);
-    }
-}
-
 TEST_CASE("a question has the buttons of its kind, and each its answer")
 {
+    struct {
+        uint32_t kind;
+        int icon, answer;
+    } rows[] = {
+        {CONFIRMYESNO, 0, 0},
+        {CONFIRMYESNO, 11, 1},
+        {CONFIRMDISCARDCANCEL, 3, 1},
+        {CONFIRMDISCARDCANCEL, 4, CANCELLED},
+        {CONFIRMDISCARDCANCELSAVE, 3, 0},
+        {CONFIRMDISCARDCANCELSAVE, 5, CANCELLED},
+        {CONFIRMDISCARDCANCELSAVE, 6, 1},
+    };
     asker a;
-    CHECK(a.press(CONFIRMYESNO, 0) == 0);
-    CHECK(a.press(CONFIRMYESNO, 11) == 1);
-    CHECK(a.press(CONFIRMDISCARDCANCEL, 3) == 1);
-    CHECK(a.press(CONFIRMDISCARDCANCEL, 4) == CANCELLED);
-    CHECK(a.press(CONFIRMDISCARDCANCELSAVE, 3) == 0);
-    CHECK(a.press(CONFIRMDISCARDCANCELSAVE, 5) == CANCELLED);
-    CHECK(a.press(CONFIRMDISCARDCANCELSAVE, 6) == 1);
-    a.ask(CONFIRMYESNO, [](window box) {
-        CHECK(drivetext(box, 12) == "Is it so?");
-        for (int icon : {3, 4, 5, 6})
-            CHECK(drivecontrol(box, icon) == 0);
-        drivekey('N');
-    });
+    for (const auto &row : rows) {
+        CAPTURE(row.kind);
+        CAPTURE(row.icon);
+        CHECK(a.ask(row.kind, [&](window box) {
+            CHECK(drivetext(box, 12) == "Is it so?");
+            for (int icon : {0, 11, 3, 4, 5, 6}) {
+                auto of = [&](const auto &r) { return r.kind == row.kind && r.icon == icon; };
+                CHECK((drivecontrol(box, icon) != 0) == std::ranges::any_of(rows, of));
+            }
+            driveiconclick(box, row.icon);
+        }) == row.answer);
+    }
 }
 
 TEST_CASE("questions can be off, and one can insist")
@@ -109,6 +121,6 @@ TEST_CASE("questions can be off, and one can insist")
     CHECK(answer == 1);
     CHECK_FALSE(confirm(a.w, CONFIRMDISCARDCANCELSAVE, &answer, "?"));
     CHECK(answer == 0);
-    CHECK(a.key(CONFIRMYESNO | CONFIRMFORCE, 'N') == 0);
+    CHECK(a.ask(CONFIRMYESNO | CONFIRMFORCE, [](window) { drivekey('N'); }) == 0);
     setconfirm(1);
 }
