@@ -79,6 +79,25 @@ struct service {
     }
 };
 
+// A conversation with us that another program has begun.
+struct begun : service {
+    partnerprogram partner;
+    begun()
+    {
+        REQUIRE(partner.ask("initiate Testing System") == "1");
+        CHECK(taken() == "1;");
+    }
+};
+
+// One that we begin, 0 if nobody answers.
+ddeconversation *opened(const hiddenwindow &w, const char *app, const char *topic,
+                        const char *program = nullptr, intptr_t data = 0)
+{
+    ddeconversation *conversation = nullptr;
+    REQUIRE(ddeopen(w.w, topic, app, program, told, data, &conversation) == nullptr);
+    return conversation;
+}
+
 } // namespace
 
 TEST_CASE("a question is answered by name and topic, whatever their case")
@@ -96,27 +115,22 @@ TEST_CASE("a question is answered by name and topic, whatever their case")
     CHECK(taken().empty());
 }
 
-TEST_CASE("windows with the flag answer too, and no others")
-{
-    service on;
-    partnerprogram partner;
-    hiddenwindow answers(WINDOWDDE), silent;
-    CHECK(partner.ask("initiate Testing System") == "2");
-    CHECK(taken() == "1;1;");
-    CHECK(partner.ask("initiate Testing System") == "2"); // again: the same conversations
-    CHECK(taken().empty());
-}
-
-TEST_CASE("nothing is answered while the service is off")
+TEST_CASE("windows with the flag answer too, no others, and none while the service is off")
 {
     partnerprogram partner;
+    {
+        service on;
+        hiddenwindow answers(WINDOWDDE), silent;
+        CHECK(partner.ask("initiate Testing System") == "2");
+        CHECK(taken() == "1;1;");
+        CHECK(partner.ask("initiate Testing System") == "2"); // again: the same conversations
+        CHECK(taken().empty());
+    }
     REQUIRE(blockstart() == nullptr);
     {
         hiddenwindow w(WINDOWDDE);
         CHECK(partner.ask("initiate - -") == "0");
-        ddeconversation *conversation = nullptr;
-        CHECK(ddeopen(w.w, "t", "a", nullptr, told, 0, &conversation) == nullptr);
-        CHECK(conversation == nullptr);
+        CHECK(opened(w, "a", "t") == nullptr);
     }
     blockend();
 }
@@ -129,38 +143,56 @@ TEST_CASE("commands are carried out and acknowledged, whatever they are")
     addbroadcasthandler(print, BROADCASTPRINT);
     ddesetcallback(nullptr); // commands need none
     REQUIRE(partner.ask("initiate Testing System") == "1");
-    CHECK(partner.ask("execute [open(\"a b\")][print(\"c\")]") == "ack 8000");
-    sendmessage(TASKRUN, 0, 0); // a load waits for the poll
-    CHECK(taken() == "print c;open a b;");
-    CHECK(partner.ask("execute printto(\"d\",\"LPT1:\")") == "ack 8000");
-    CHECK(taken() == "print d to LPT1:;");
-    CHECK(partner.ask("execute [nonsense(\"e\")] then nothing") == "ack 8000");
-    CHECK(partner.ask("execute [open(\"f\"") == "ack 8000");
-    CHECK(partner.ask("execute ") == "ack 8000");
-    CHECK(taken().empty());
-    CHECK(partner.ask("unended [print(\"g\")]") == "ack 8000"); // no zero in its block
-    CHECK(taken() == "print g;");
+    struct {
+        const char *line, *done;
+    } commands[] = {
+        {"execute [open(\"a b\")][print(\"c\")]", "print c;open a b;"},
+        {"execute printto(\"d\",\"LPT1:\")", "print d to LPT1:;"},
+        {"execute [nonsense(\"e\")] then nothing", ""},
+        {"execute [open(\"f\"", ""},
+        {"execute ", ""},
+        {"unended [print(\"g\")]", "print g;"}, // no zero in its block
+    };
+    for (const auto &command : commands) {
+        INFO(std::string(command.line));
+        CHECK(partner.ask(command.line) == "ack 8000");
+        sendmessage(TASKRUN, 0, 0); // a load waits for the poll
+        CHECK(taken() == command.done);
+    }
     CHECK(partner.ask("terminate") == "terminated");
     CHECK(taken().empty());
 }
 
-TEST_CASE("pokes are told and always answered")
+TEST_CASE("pokes and data are told, and answered where that is asked for")
 {
-    service on;
-    partnerprogram partner;
-    REQUIRE(partner.ask("initiate Testing System") == "1");
-    taken();
-    CHECK(partner.ask("poke 2000 Item some words") == "ack 8000");
-    CHECK(taken() == "3 some words 11;");
-    CHECK(partner.ask("poke 0 Item kept by its owner") == "ack 8000");
-    CHECK(taken() == "3 kept by its owner 18;");
-    CHECK(partner.ask("poke 2000 Item ") == "ack 8000");
-    CHECK(taken() == "3  1;");
+    begun b;
+    struct {
+        const char *line, *answer, *told;
+    } rows[] = {
+        {"poke 2000 Item some words", "ack 8000", "3 some words 11;"},
+        {"poke 0 Item kept by its owner", "ack 8000", "3 kept by its owner 18;"},
+        {"poke 2000 Item ", "ack 8000", "3  1;"},
+        {"data A000 Item with answer", "ack 8000", "4 with answer 12;"},
+        {"data 2000 Item without", "none", "4 without 8;"},
+    };
+    for (const auto &row : rows) {
+        INFO(std::string(row.line));
+        CHECK(b.partner.ask(row.line) == row.answer);
+        CHECK(taken() == row.told);
+    }
     // Some systems already refuse to post what makes no sense.
     for (const char *block : {"short", "null"}) {
-        std::string answer = partner.ask("poke 2000 Item " + std::string(block));
+        std::string answer = b.partner.ask("poke 2000 Item " + std::string(block));
         CHECK_MESSAGE((answer == "ack 0" || answer == "unposted"), answer);
     }
+    CHECK(taken().empty());
+
+    // Where nobody hears of it.
+    partnerprogram unheard;
+    ddesetcallback(nullptr);
+    REQUIRE(unheard.ask("initiate Testing System") == "1");
+    CHECK(unheard.ask("poke 2000 Item words") == "ack 8000");
+    CHECK(unheard.ask("terminate") == "terminated");
     CHECK(taken().empty());
 }
 
@@ -168,8 +200,7 @@ TEST_CASE("a block without a header, or without an end, is not read past its end
 {
     service on;
     hiddenwindow w;
-    ddeconversation *conversation = nullptr;
-    REQUIRE(ddeopen(w.w, "System", "Testing", nullptr, nullptr, 0, &conversation) == nullptr);
+    ddeconversation *conversation = opened(w, "Testing", "System");
     REQUIRE(conversation != nullptr);
     taken();
     auto poke = [&](const std::string &bytes, const char *expected) {
@@ -193,82 +224,47 @@ TEST_CASE("a block without a header, or without an end, is not read past its end
     poke(header + std::string(100000, 'x'), ("3 " + std::string(100000, 'x') + " 100001;").c_str());
 }
 
-TEST_CASE("data is told, and answered where that is asked for")
-{
-    service on;
-    partnerprogram partner;
-    REQUIRE(partner.ask("initiate Testing System") == "1");
-    taken();
-    CHECK(partner.ask("data A000 Item with answer") == "ack 8000");
-    CHECK(taken() == "4 with answer 12;");
-    CHECK(partner.ask("data 2000 Item without") == "none");
-    CHECK(taken() == "4 without 8;");
-}
-
-TEST_CASE("data of a stranger is answered, and told to nobody")
-{
-    service on;
-    partnerprogram partner, stranger;
-    REQUIRE(partner.ask("initiate Testing System") == "1");
-    taken();
-    ddesetcallback(nullptr);
-    REQUIRE(stranger.ask("initiate Testing System") == "1");
-    CHECK(stranger.ask("poke 2000 Item words") == "ack 8000");
-    CHECK(stranger.ask("terminate") == "terminated");
-    CHECK(taken().empty());
-}
-
 TEST_CASE("messages that should have been posted are not taken when sent")
 {
-    service on;
-    partnerprogram partner;
-    REQUIRE(partner.ask("initiate Testing System") == "1");
-    taken();
+    begun b;
     // A block of ours, as a stranger might guess it.
     HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 16);
     char word[32];
     snprintf(word, sizeof word, "%zx", reinterpret_cast<size_t>(block));
     for (const char *message : {"3E4", "3E5", "3E7", "3E8"}) // acknowledge, data, poke, execute
-        CHECK(partner.ask("send " + std::string(message) + " " + word) == "ok");
+        CHECK(b.partner.ask("send " + std::string(message) + " " + word) == "ok");
     CHECK(GlobalSize(block) >= 16); // it is still there
     GlobalFree(block);
     CHECK(taken().empty());
-    CHECK(partner.ask("poke 2000 Item still here") == "ack 8000");
+    CHECK(b.partner.ask("poke 2000 Item still here") == "ack 8000");
     CHECK(taken() == "3 still here 11;");
 }
 
 TEST_CASE("a word in the name of all windows goes to none")
 {
-    service on;
-    partnerprogram partner;
-    REQUIRE(partner.ask("initiate Testing System") == "1");
-    taken();
+    begun b;
     PostMessageA(reinterpret_cast<HWND>(last->server), WM_DDE_TERMINATE,
                  reinterpret_cast<WPARAM>(HWND_BROADCAST), 0);
-    drivepump(50);
-    CHECK(partner.ask("terminated") == "no");
     CHECK(taken().empty());
+    CHECK(b.partner.ask("terminated") == "no");
 }
 
-TEST_CASE("either side ends a conversation, once")
+TEST_CASE("a conversation is ended once, and a new one at once is another")
 {
-    service on;
-    partnerprogram partner;
-    REQUIRE(partner.ask("initiate Testing System") == "1");
-    taken();
+    begun b;
     ddeconversation *conversation = last;
     CHECK(ddeclose(conversation) == nullptr);
     CHECK(ddeclose(conversation) == nullptr); // closed already
-    CHECK(partner.ask("terminated") == "yes");
+    CHECK(b.partner.ask("terminated") == "yes");
     CHECK(taken().empty());
 
-    // At once a new one, which the word about the old one doesn't end.
-    REQUIRE(partner.ask("initiate Testing System") == "1");
+    // The word about the old one doesn't end the new one.
+    REQUIRE(b.partner.ask("initiate Testing System") == "1");
     CHECK(taken() == "1;");
     CHECK(ddeclose(last) == nullptr);
-    REQUIRE(partner.ask("initiate Testing System") == "1");
+    REQUIRE(b.partner.ask("initiate Testing System") == "1");
     CHECK(taken() == "1;");
-    CHECK(partner.ask("poke 2000 Item words") == "ack 8000");
+    CHECK(b.partner.ask("poke 2000 Item words") == "ack 8000");
     CHECK(taken() == "3 words 6;");
 }
 
@@ -290,16 +286,12 @@ TEST_CASE("a callback may end its conversation, and its window")
     taken();
 }
 
-TEST_CASE("a window that goes ends its conversations")
+TEST_CASE("a window that goes ends its conversations, and so does the program")
 {
     service on;
     partnerprogram partner;
     {
         hiddenwindow w(WINDOWDDE);
-        ddeend();
-        REQUIRE(ddestart("Testing") == nullptr);
-        ddesetcallback(told);
-        setflags(w.w, WINDOWDDE, 0);
         REQUIRE(partner.ask("initiate Testing System") == "2");
         CHECK(taken() == "1;1;");
     }
@@ -313,16 +305,10 @@ TEST_CASE("a window that goes ends its conversations")
 
 TEST_CASE("a partner that dies is noticed when the next conversation begins")
 {
-    service on;
     partnerprogram next;
-    {
-        partnerprogram partner;
-        REQUIRE(partner.ask("initiate Testing System") == "1");
-        CHECK(taken() == "1;");
-        partner.kill();
-    }
-    errorblock *err = ddedata(last, "x", 2, 1, "Item");
-    CHECK(err != nullptr);
+    begun b;
+    b.partner.kill();
+    CHECK(ddedata(last, "x", 2, 1, "Item") != nullptr);
     taken();
     REQUIRE(next.ask("initiate Testing System") == "1");
     CHECK(taken() == "2;1;");
@@ -334,8 +320,7 @@ TEST_CASE("a conversation that we begin")
     partnerprogram partner;
     hiddenwindow w;
     REQUIRE(partner.ask("serve Words Lists") == "ok");
-    ddeconversation *conversation = nullptr;
-    REQUIRE(ddeopen(w.w, "Lists", "Words", nullptr, told, 17, &conversation) == nullptr);
+    ddeconversation *conversation = opened(w, "Words", "Lists", nullptr, 17);
     REQUIRE(conversation != nullptr);
     CHECK(conversation->client == w.w);
     CHECK((conversation->flags & DDEOURS) != 0);
@@ -364,8 +349,7 @@ TEST_CASE("the first that answers is kept, and the others are let go")
     hiddenwindow w;
     first.ask("serve Words Lists");
     second.ask("serve Words Lists");
-    ddeconversation *conversation = nullptr;
-    REQUIRE(ddeopen(w.w, "Lists", "Words", nullptr, told, 0, &conversation) == nullptr);
+    ddeconversation *conversation = opened(w, "Words", "Lists");
     REQUIRE(conversation != nullptr);
     drivepump(50);
     int left = (first.ask("terminated") == "yes") + (second.ask("terminated") == "yes");
@@ -376,30 +360,21 @@ TEST_CASE("the first that answers is kept, and the others are let go")
     CHECK(taken().empty());
 }
 
-TEST_CASE("nobody answers, nor a program that can't be started")
+TEST_CASE("a program that isn't there is started, and asked again")
 {
     service on;
     hiddenwindow w;
+    CHECK(opened(w, "Words", "Lists") == nullptr); // nobody answers
     ddeconversation *conversation = nullptr;
-    CHECK(ddeopen(w.w, "Lists", "Words", nullptr, told, 0, &conversation) == nullptr);
-    CHECK(conversation == nullptr);
     errorblock *err =
         ddeopen(w.w, "Lists", "Words", "C:\\no such program.exe", told, 0, &conversation);
     REQUIRE(err != nullptr);
     CHECK(std::string(err->text).find("no such program.exe") != std::string::npos);
     CHECK(conversation == nullptr);
-}
 
-TEST_CASE("a program that isn't there is started, and asked again")
-{
-    service on;
-    hiddenwindow w;
-    ddeconversation *conversation = nullptr;
-    REQUIRE(ddeopen(w.w, "Lists", "Words", partnerpath().c_str(), told, 0, &conversation) ==
-            nullptr);
+    conversation = opened(w, "Words", "Lists", partnerpath().c_str());
     REQUIRE(conversation != nullptr);
     CHECK(ddepoke(conversation, "words", 6, 1, "Item") == nullptr);
-    drivepump(50);
     CHECK(taken().empty());
     window server = conversation->server;
     CHECK(ddeclose(conversation) == nullptr);
@@ -410,8 +385,7 @@ TEST_CASE("a task talks to itself")
 {
     service on;
     hiddenwindow w;
-    ddeconversation *conversation = nullptr;
-    REQUIRE(ddeopen(w.w, "System", "Testing", nullptr, told, 5, &conversation) == nullptr);
+    ddeconversation *conversation = opened(w, "Testing", "System", nullptr, 5);
     REQUIRE(conversation != nullptr);
     CHECK(taken() == "1;");
     CHECK(ddepoke(conversation, "hello", 6, 1, "Item") == nullptr);

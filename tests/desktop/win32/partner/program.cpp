@@ -243,7 +243,6 @@ std::string obey(std::string line)
         SetWindowPos(partner.self, HWND_TOPMOST, left, top, 100, 80, SWP_SHOWWINDOW);
         return "ok";
     }
-    if (verb == "die") TerminateProcess(GetCurrentProcess(), 1);
     if (verb == "serve") {
         partner.app = word(&line);
         partner.topic = line;
