@@ -104,42 +104,35 @@ errorblock *helpsystemopen(window, const char *address)
     return nullptr;
 }
 
-TEST_CASE("F1 asks for the text of the control with the focus")
+TEST_CASE("F1 asks for the control with the focus, a right click for what is under it")
 {
     helpedwindow desk;
+    auto told = [&](int32_t icon, window shown) {
+        CHECK(askedicon == icon);
+        CHECK(asked == popupat(shown));
+        asked.clear();
+    };
     drivekey(VK_F1);
-    CHECK(askedicon == 6);
-    CHECK(asked == popupat(drivecontrol(desk.w, 6)));
-    asked.clear();
+    told(6, drivecontrol(desk.w, 6));
     drivekey(VK_F1, DRIVECTRL);
     CHECK(asked == "");
-}
-
-TEST_CASE("a right click asks for what is under it")
-{
-    helpedwindow desk;
-    driveplace button = driveicon(desk.w, 3), ground = driveclient(desk.w, 3, 3);
-    driveclick(button.x, button.y, DRIVERIGHT);
-    CHECK(askedicon == 3);
-    CHECK(asked == popupat(drivecontrol(desk.w, 3)));
-    asked.clear();
+    driveiconclick(desk.w, 3, DRIVERIGHT);
+    told(3, drivecontrol(desk.w, 3));
+    driveplace ground = driveclient(desk.w, 3, 3);
     driveclick(ground.x, ground.y, DRIVERIGHT);
-    CHECK(askedicon == -1);
-    CHECK(asked == popupat(desk.w));
+    told(-1, desk.w);
 }
 
 TEST_CASE("Shift and F1 make the next press ask, and not press")
 {
     helpedwindow desk;
-    driveplace button = driveicon(desk.w, 3);
-    drivemove(button.x, button.y);
     drivekey(VK_F1, DRIVESHIFT);
     CHECK(asked == "");
-    driveclick(button.x, button.y);
+    driveiconclick(desk.w, 3);
     CHECK(askedicon == 3);
     CHECK(asked == popupat(drivecontrol(desk.w, 3)));
     CHECK(clicks == 0);
-    driveclick(button.x, button.y);
+    driveiconclick(desk.w, 3);
     CHECK(clicks > 0);
 }
 
@@ -158,39 +151,33 @@ TEST_CASE("the About box tells of the program, and its links open")
 
     REQUIRE_FALSE(showabout(0, 100, "", "Another")); // it is there already
     CHECK(drivetext(box, 1012) == "Tester");
-    for (int link : {1000, 1016, 1018}) {
-        driveplace place = driveicon(box, link);
-        driveclick(place.x, place.y);
-    }
+    for (int link : {1000, 1016, 1018})
+        driveiconclick(box, link);
     CHECK(asked == "open http://web.test/;open mailto:a@home.test;open http://home.test/;");
+    driveiconclick(box, 1);
+    CHECK_FALSE(wdatafind(box));
+}
+
+TEST_CASE("the About box goes by keys and its frame's box too")
+{
+    constexpr int CLOSEBOX = -1;
+    helpdesk desk;
     int32_t blocks = blockcount();
-
-    SUBCASE("until OK")
-    {
-        driveiconclick(box, 1);
+    for (int key : {VK_ESCAPE, VK_RETURN, CLOSEBOX}) {
+        CAPTURE(key);
+        REQUIRE_FALSE(showabout(0, 3, "", "Another"));
+        window box = drivefind("About the test", "Task");
+        REQUIRE(box);
+        drivepump(50);
+        CHECK(drivetext(box, 1012) == "Another");
+        CHECK(drivetext(box, 1013) == "0.03 ");
+        if (key == CLOSEBOX) {
+            PostMessageA(reinterpret_cast<HWND>(box), WM_CLOSE, 0, 0);
+            drivepump();
+        } else {
+            drivekey(key);
+        }
+        CHECK_FALSE(wdatafind(box));
+        CHECK(blockcount() == blocks);
     }
-    SUBCASE("until Escape")
-    {
-        drivekey(VK_ESCAPE);
-    }
-    SUBCASE("until Return")
-    {
-        drivekey(VK_RETURN);
-    }
-    SUBCASE("until its frame's box")
-    {
-        PostMessageA(reinterpret_cast<HWND>(box), WM_CLOSE, 0, 0);
-        drivepump();
-    }
-    CHECK_FALSE(wdatafind(box));
-    CHECK(blockcount() == blocks - 4);
-
-    REQUIRE_FALSE(showabout(0, 3, "", "Another"));
-    box = drivefind("About the test", "Task");
-    REQUIRE(box);
-    CHECK(drivetext(box, 1012) == "Another");
-    CHECK(drivetext(box, 1013) == "0.03 ");
-    drivepump(50);
-    drivekey(VK_ESCAPE);
-    CHECK_FALSE(wdatafind(box));
 }
