@@ -4,11 +4,10 @@
 #include "base/errors.h"
 #include "desktop/blocks.h"
 #include "desktop/menupath.h"
-#include "desktop/stages.h"
+#include "tests/desktop/win32/taskwindows.h"
 #include "tests/support/driver.h"
 
 #include <doctest/doctest.h>
-#include <windows.h>
 
 #include <string>
 
@@ -71,11 +70,8 @@ struct menuwindow {
         seen.clear();
         ticked = shaded = 0;
         REQUIRE(blockstart() == nullptr);
-        REQUIRE(inittemp() == nullptr);
-        h = CreateWindowA("Task", "Menus of the test", WS_OVERLAPPEDWINDOW, 50, 50, 400, 300,
-                          nullptr, nullptr, nullptr, nullptr);
-        w = reinterpret_cast<window>(h);
-
+        w = taskwindow(WS_OVERLAPPEDWINDOW);
+        h = taskhandle(w);
         REQUIRE(addmenus(table, &link) == nullptr);
         table[1].hidden = 0;
         table[2].hidden = 0b10; // its separator
@@ -130,6 +126,13 @@ void clickentry(HWND owner, int32_t tag, int at)
     driveclick(place.x, place.y);
 }
 
+std::string taken()
+{
+    std::string text;
+    text.swap(seen);
+    return text;
+}
+
 // Opens it and stays there until count of them are shown.
 void openentry(HWND owner, int32_t tag, int at, int count)
 {
@@ -155,19 +158,14 @@ UINT stateof(int32_t tag, UINT id)
 
 } // namespace
 
-TEST_CASE("a choice from the menu bar by mouse")
+TEST_CASE("a choice by mouse, and where a menu that hangs twice was opened")
 {
     menuwindow m;
     byhand([&] {
         openentry(m.h, BAR, 0, 1);
         clickentry(nullptr, FILEMENU, 1);
     });
-    CHECK(seen == "prepare 2 0;select 0,11,-1;");
-}
-
-TEST_CASE("a menu that hangs twice tells where it was opened")
-{
-    menuwindow m;
+    CHECK(taken() == "prepare 2 0;select 0,11,-1;");
     byhand([&] {
         openentry(m.h, BAR, 1, 1);
         openentry(nullptr, WORDS, 0, 2); // and go on to the other
@@ -175,14 +173,7 @@ TEST_CASE("a menu that hangs twice tells where it was opened")
         drivewait([&] { return menufind(LISTS)->position == 1; });
         clickentry(nullptr, LISTS, 1);
     });
-    CHECK(seen == "prepare 3 1;prepare 4 1;prepare 4 1;select 1,1,31,-1;");
-    seen.clear();
-    byhand([&] {
-        openentry(m.h, BAR, 1, 1);
-        openentry(nullptr, WORDS, 0, 2);
-        clickentry(nullptr, LISTS, 0);
-    });
-    CHECK(seen == "prepare 3 1;prepare 4 1;select 1,0,30,-1;");
+    CHECK(taken() == "prepare 3 1;prepare 4 1;prepare 4 1;select 1,1,31,-1;");
 }
 
 TEST_CASE("a choice by keys")
@@ -191,12 +182,11 @@ TEST_CASE("a choice by keys")
     byhand([&] {
         drivekey('W', DRIVEALT);
         drivewait([] { return menusshown() == 1; });
-        drivekey('E');
+        drivekey('L');
         drivewait([] { return menusshown() == 2; });
-        drivekey(VK_DOWN);
         drivekey(VK_RETURN);
     });
-    CHECK(seen == "prepare 3 1;prepare 4 1;select 1,1,31,-1;");
+    CHECK(taken() == "prepare 3 1;prepare 4 1;select 1,0,30,-1;");
 }
 
 TEST_CASE("a popup at the pointer, chosen from, refused and left")
@@ -206,9 +196,7 @@ TEST_CASE("a popup at the pointer, chosen from, refused and left")
     drivemove(at.x, at.y);
     driveaside([&] { CHECK(popupmenu(m.w, POPUP) == nullptr); },
                [&] { clickentry(nullptr, POPUP, 1); });
-    CHECK(seen == "prepare 5 -1;select 41,-1;");
-
-    seen.clear();
+    CHECK(taken() == "prepare 5 -1;select 41,-1;");
     shaded = 40;
     driveaside([&] { popupmenu(m.w, POPUP); },
                [&] {
@@ -216,7 +204,7 @@ TEST_CASE("a popup at the pointer, chosen from, refused and left")
                    drivekey(VK_ESCAPE);
                });
     drivepump(50);
-    CHECK(seen == "prepare 5 -1;");
+    CHECK(taken() == "prepare 5 -1;");
     CHECK(menusshown() == 0);
 }
 
@@ -239,9 +227,7 @@ TEST_CASE("ticks and greys, put before the menu opens")
     CHECK((stateof(FILEMENU, 11) & MF_GRAYED) == 0);
 
     CHECK((stateof(LISTS, 31) & MF_CHECKED) != 0);
-    CHECK((stateof(LISTS, 32) & MF_GRAYED) != 0);
     CHECK(tickmenu(PART, 1, 1) == nullptr); // a tag with no menu
-    CHECK(tickmenu(77, 1, 1) == nullptr);
     CHECK(tickmenu(FILEMENU, 999, 1) == nullptr);
 }
 
@@ -250,15 +236,13 @@ TEST_CASE("commands of other windows and of controls are not a menu's")
     menuwindow m;
     popupmenu(0, POPUP); // fails, and yet is the one that counts
     menustate.owner = m.w;
-    HWND other =
-        CreateWindowA("Task", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    HWND other = taskhandle(taskwindow(WS_POPUP));
     CHECK(SendMessageA(other, WM_COMMAND, 41, 0) == 0);
-    CHECK_FALSE(selected());
     SendMessageA(m.h, WM_COMMAND, 41, reinterpret_cast<LPARAM>(other));
     SendMessageA(m.h, WM_COMMAND, MAKEWPARAM(41, 1), 0);
     CHECK_FALSE(selected());
     SendMessageA(m.h, WM_COMMAND, 41, 0);
-    CHECK(seen == "select 41,-1;");
+    CHECK(taken() == "select 41,-1;");
     CHECK(drivebox(IDOK, [&] { SendMessageA(m.h, WM_COMMAND, 99, 0); }) == "refused");
     SendMessageA(m.h, WM_MENUSELECT, MAKEWPARAM(0, 0xFFFF), 0); // closed: nothing changes
     CHECK(menustate.current == POPUP);
