@@ -8,7 +8,6 @@
 #include "desktop/filters.h"
 #include "desktop/handlers.h"
 #include "desktop/poll.h"
-#include "desktop/subclass.h"
 #include "desktop/timed.h"
 #include "tests/support/runner.h"
 
@@ -44,16 +43,6 @@ errorblock *fire(intptr_t)
     return nullptr;
 }
 
-errorblock *closebox(intptr_t)
-{
-    fired++;
-    if (HWND box = FindWindowA("#32770", "A box of the test"))
-        PostMessageA(box, WM_COMMAND, IDCANCEL, 0);
-    else
-        addtimedcall(closebox, 0, 5);
-    return nullptr;
-}
-
 errorblock *quit(intptr_t *, int *)
 {
     quits++;
@@ -63,24 +52,6 @@ errorblock *quit(intptr_t *, int *)
 errorblock *idle(intptr_t)
 {
     return nullptr;
-}
-
-// What a control is sent, with 1 typed as 2.
-errorblock *keysdoubled(const systemmessage *message, intptr_t, int *stop, intptr_t *result)
-{
-    if (message->message != WM_CHAR || message->wparam != '1') return nullptr;
-    auto control = reinterpret_cast<HWND>(message->window);
-    CallWindowProcA(reinterpret_cast<WNDPROC>(blockat(0).subtype), control, WM_CHAR, '2', 0);
-    *stop = 1;
-    *result = 17;
-    return nullptr;
-}
-
-std::string textof(HWND w)
-{
-    char text[64];
-    GetWindowTextA(w, text, sizeof text);
-    return text;
 }
 
 void start()
@@ -150,18 +121,8 @@ TEST_CASE("timed calls wake the wait, once each")
     CHECK_FALSE(PeekMessageA(&m, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE));
 }
 
-TEST_CASE("timed calls go on in a box of the system")
+TEST_CASE("a control's way up to its window, and down to it")
 {
-    start();
-    addtimedcall(closebox, 0, 10);
-    int answer = boxshow(0, "Closed by a timed call", "A box of the test", BOXOKCANCEL);
-    CHECK(answer == IDCANCEL);
-    CHECK(fired > 0);
-}
-
-TEST_CASE("a subclassed control, and a control's way up to its window")
-{
-    start();
     HWND frame =
         CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 100, 50, nullptr, nullptr, nullptr, nullptr);
     HWND edit = CreateWindowA("EDIT", "", WS_CHILD, 0, 0, 90, 20, frame, reinterpret_cast<HMENU>(7),
@@ -170,32 +131,7 @@ TEST_CASE("a subclassed control, and a control's way up to its window")
     CHECK(sourcecontrol(w, 7) == control);
     CHECK(sourceparent(control) == w);
     CHECK(sourceparent(w) == 0);
-    LONG_PTR own = GetWindowLongPtrA(edit, GWLP_WNDPROC);
-
-    addsubclasshandler(w, 7, 0, keysdoubled);
-    CHECK(GetWindowLongPtrA(edit, GWLP_WNDPROC) != own);
-    CHECK(SendMessageA(edit, WM_CHAR, '1', 0) == 17);
-    SendMessageA(edit, WM_CHAR, '3', 0);
-    CHECK(textof(edit) == "23");
-    remsubclasshandler(w, 7, 0, keysdoubled);
-    CHECK(GetWindowLongPtrA(edit, GWLP_WNDPROC) == own);
-    SendMessageA(edit, WM_CHAR, '1', 0);
-    CHECK(textof(edit) == "231");
     DestroyWindow(frame);
-}
-
-TEST_CASE("a poll moves the caret of a control by its characters")
-{
-    start();
-    addnullhandler(idle, 0);
-    HWND edit =
-        CreateWindowA("EDIT", "", WS_POPUP, 0, 0, 90, 20, nullptr, nullptr, nullptr, nullptr);
-    PostMessageA(edit, WM_KEYDOWN, 'A', 0x1E0001); // translated into a character
-    PostMessageA(edit, WM_CHAR, 'z', 0);
-    for (int i = 0; i < 20; i++)
-        pollonce();
-    CHECK(textof(edit) == "za"); // what was made from the press came last
-    DestroyWindow(edit);
 }
 
 TEST_CASE("the mouse hook can be had and given back")
@@ -203,7 +139,6 @@ TEST_CASE("the mouse hook can be had and given back")
     CHECK(sourcehook(true) == nullptr);
     CHECK(sourcehook(false) == nullptr);
     CHECK(sourcehook(false) != nullptr); // there is none now
-    CHECK(sourceprocess() == GetCurrentProcessId());
 }
 
 TEST_CASE("a trace straight on the screen, black on white")
