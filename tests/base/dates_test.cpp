@@ -171,12 +171,11 @@ TEST_CASE("records compare by their times, undated ones first")
     late.loadaddress = 0x12300; // the type stays
     timetofileinfo(&late, &time);
     CHECK(late.loadaddress == 0xFFF12301);
-    const struct {
-        const fileinfo *a, *b;
-        int32_t order;
-    } rows[] = {{&undated, &undated, 0}, {&undated, &early, -1}, {&early, &undated, 1},
-                {&early, &late, -1},     {&late, &early, 1},     {&early, &early, -1}};
-    for (const auto &row : rows)
-        CHECK(timecompareinfo(row.a, row.b) == row.order);
+    CHECK(timecompareinfo(&undated, &undated) == 0);
+    CHECK(timecompareinfo(&undated, &early) == -1);
+    CHECK(timecompareinfo(&early, &undated) == 1);
+    CHECK(timecompareinfo(&early, &late) == -1);
+    CHECK(timecompareinfo(&late, &early) == 1);
+    CHECK(timecompareinfo(&early, &early) == -1);
     CHECK(timefromfileinfo(&undated, &time) == 0);
 }

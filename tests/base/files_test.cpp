@@ -123,21 +123,17 @@ TEST_CASE("of two paths the second is picked first")
     place.write("a", "");
     place.write("b", "");
     std::string a = place.path("a"), b = place.path("b"), none = place.path("none");
-    const struct {
-        const char *first, *second;
-        int32_t type;
-        const char *chosen;
-    } rows[] = {{a.c_str(), b.c_str(), OBJECTFILE, b.c_str()},
-                {a.c_str(), none.c_str(), OBJECTFILE, a.c_str()},
-                {nullptr, b.c_str(), OBJECTFILE, b.c_str()},
-                {a.c_str(), b.c_str(), OBJECTDIRECTORY, nullptr},
-                {nullptr, nullptr, OBJECTFILE, nullptr}};
-    for (const auto &row : rows) {
+    auto picked = [](const char *first, const char *second, int32_t type) {
         const char *chosen = "unset";
         fileinfo info;
-        CHECK(filepick(row.first, row.second, row.type, &chosen, &info) == nullptr);
-        CHECK(chosen == row.chosen);
-    }
+        CHECK(filepick(first, second, type, &chosen, &info) == nullptr);
+        return chosen;
+    };
+    CHECK(picked(a.c_str(), b.c_str(), OBJECTFILE) == b.c_str());
+    CHECK(picked(a.c_str(), none.c_str(), OBJECTFILE) == a.c_str());
+    CHECK(picked(nullptr, b.c_str(), OBJECTFILE) == b.c_str());
+    CHECK(picked(a.c_str(), b.c_str(), OBJECTDIRECTORY) == nullptr);
+    CHECK(picked(nullptr, nullptr, OBJECTFILE) == nullptr);
 }
 
 TEST_CASE("modes of opening")

@@ -139,23 +139,20 @@ TEST_CASE("arithmetic")
 
 TEST_CASE("bar escapes")
 {
-    const std::pair<const char *, std::string> rows[] = {{"|M", "\r"},
-                                                         {"a|Jb", "a\nb"},
-                                                         {"|m", "m"},
-                                                         {"|?", "\x7F"},
-                                                         {"|!A", "\xC1"},
-                                                         {"|!|M", "\x8D"},
-                                                         {"|!|?", "\xFF"},
-                                                         {"|!|@x", "\x80x"},
-                                                         {"|!|!A", "A"},
-                                                         {"|||\"|<|1", "|\"<1"},
-                                                         {"|_|^|[", "\x1F\x1E\x1B"},
-                                                         {"a|@b", "a"},
-                                                         {"a|", "a"},
-                                                         {"a|!", "a"},
-                                                         {"a|!|", "a"},
-                                                         {"|!\x80z", ""},
-                                                         {"", ""}};
+    const std::pair<const char *, std::string> rows[] = {
+        {"a|Jb|M", "a\nb\r"},
+        {"|m|?", "m\x7F"},
+        {"|!A|!|M|!|?|!|!B", "\xC1\x8D\xFF\x42"},
+        {"|!|@x", "\x80x"},
+        {"|||\"|<|1", "|\"<1"},
+        {"|_|^|[", "\x1F\x1E\x1B"},
+        {"a|@b", "a"}, // a zero ends the text
+        {"a|", "a"},
+        {"a|!", "a"},
+        {"a|!|", "a"},
+        {"|!\x80z", ""},
+        {"", ""},
+    };
     for (const auto &[in, out] : rows) {
         CAPTURE(in);
         CHECK(decoded(in) == out);

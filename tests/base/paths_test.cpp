@@ -56,7 +56,7 @@ struct testkey {
     {
         CHECK(regdelete((std::string(KEY) + "\\").c_str()) == nullptr);
     }
-    static std::string value(const char *name)
+    static std::string value(const std::string &name)
     {
         return std::string(KEY) + "\\" + name;
     }
@@ -188,8 +188,8 @@ TEST_CASE("registry values are written, read and deleted")
 TEST_CASE("the entries of a key are read one after the other")
 {
     testkey key;
-    std::string below = testkey::value("below") + "\\deep\\";
-    CHECK(regwrite((below + "v").c_str(), "1") == nullptr);
+    std::string below = testkey::value("below\\"), deep = below + "deep\\";
+    CHECK(regwrite((deep + "v").c_str(), "1") == nullptr);
     keyhandle handle = 1;
     CHECK(regopen("nothing", &handle, "r") == nullptr);
     CHECK(handle == 0);
@@ -214,9 +214,9 @@ TEST_CASE("the entries of a key are read one after the other")
     CHECK(regclose(&handle, nullptr) == nullptr);
     CHECK(handle == 0);
 
-    CHECK(regdelete((testkey::value("below") + "\\").c_str()) != nullptr); // holds a key
+    CHECK(regdelete(below.c_str()) != nullptr); // holds a key
+    CHECK(regdelete(deep.c_str()) == nullptr);
     CHECK(regdelete(below.c_str()) == nullptr);
-    CHECK(regdelete((testkey::value("below") + "\\").c_str()) == nullptr);
 }
 
 TEST_CASE("a path and a leaf are joined by one backslash")

@@ -83,13 +83,15 @@ TEST_CASE("whatever step fails, the old file is whole and nothing else is left")
 
 TEST_CASE("the caller's error comes first, and undoes the save")
 {
-    oldfile place;
-    safesave to;
-    REQUIRE(safeopen(place.path().c_str(), 256, &to) == nullptr);
-    CHECK(bputc(&to.file, 'x') == nullptr);
-    platformfault.writes = 0;
-    CHECK(code(safeclose(&to, makeerror(ERRORMEMORY))) == ERRORMEMORY);
-    CHECK(place.stands());
+    for (int32_t writes : {-1, 0}) { // alone, or with a write that fails too
+        oldfile place;
+        safesave to;
+        REQUIRE(safeopen(place.path().c_str(), 256, &to) == nullptr);
+        CHECK(bputc(&to.file, 'x') == nullptr);
+        platformfault.writes = writes;
+        CHECK(code(safeclose(&to, makeerror(ERRORMEMORY))) == ERRORMEMORY);
+        CHECK(place.stands());
+    }
 }
 
 TEST_CASE("a write error that nobody passed on still counts")
