@@ -298,7 +298,7 @@ TEST_CASE("the question comes whichever way the check ends, and can be put off")
         CHECK(saved("one").size() == 5);
         CHECK(dictcount(&dictionary("one")) == 6);
         REQUIRE_FALSE(dictedit(static_cast<uint32_t>(dictnamefind("two"))));
-        drivepump();
+        drivefront(editor.self);
         driveiconclick(editor.self, 1012);
         CHECK(saved("one").size() == 6);
     }

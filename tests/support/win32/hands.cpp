@@ -21,12 +21,27 @@ window wordof(HWND h)
     return reinterpret_cast<window>(h);
 }
 
+// Where the pointer was put last.
+POINT pointer;
+
+// An absolute place, in parts of the screen.
+void pointeradd(INPUT *input)
+{
+    int width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
+    input->mi.dwFlags |= MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    input->mi.dx = static_cast<LONG>((pointer.x * 65536 + width - 1) / width);
+    input->mi.dy = static_cast<LONG>((pointer.y * 65536 + height - 1) / height);
+}
+
+// Under Wine the display's own pointer stays where it is, and a window that comes
+// up under it takes ours there: each press says again where it is.
 void sendmouse(DWORD flags, DWORD data = 0)
 {
     INPUT input = {};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
     input.mi.mouseData = data;
+    pointeradd(&input);
     SendInput(1, &input, sizeof input);
 }
 
@@ -51,13 +66,8 @@ void hold(int held, bool down)
 
 void placepointer(int x, int y)
 {
-    INPUT input = {};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    int width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
-    input.mi.dx = (x * 65536 + width - 1) / width;
-    input.mi.dy = (y * 65536 + height - 1) / height;
-    SendInput(1, &input, sizeof input);
+    pointer = {x, y};
+    sendmouse(0);
 }
 
 DWORD downflag(drivebutton button)
