@@ -232,6 +232,8 @@ TEST_CASE("words that the user works on outlast their dictionary's use")
     CHECK(state() == "a* b* c");
     CHECK(setread(setbytes({""})) == 0);
     CHECK(state() == "a* b* c");
+    use({0}); // is not read again
+    REQUIRE_FALSE(dictunuse(0));
     CHECK(dictcount(&dicts[0].dict) == 2);
     dictsavechanges();
     headless.editing = 0;
