@@ -1,14 +1,8 @@
 #include "find/solutions.h"
 
-#include "base/errors.h"
 #include "find/solve.h"
-#include "grid/grid.h"
 #include "tests/find/testdicts.h"
-#include "tools/headless.h"
-
-#include <doctest/doctest.h>
-
-#include <cstring>
+#include "tests/grid/gridlooks.h"
 
 namespace
 {
@@ -20,31 +14,40 @@ int32_t blocksize()
     return size;
 }
 
+// The words of the list, with a "*" behind those that are selected.
 std::string texts()
 {
     std::string all;
     for (int32_t i = 0; i < solutions.count; i++)
-        all += (i ? " " : "") + std::string(solword(i)->text);
+        all += (i ? " " : "") + std::string(solword(i)->text) + (solword(i)->selected ? "*" : "");
     return all;
 }
 
-// The marked cells of the grid, and the cells that words are counted in.
+// The marked cells of the grid, and how often cells are counted, all in all.
 int cellsmarked()
 {
     int n = 0;
-    for (int32_t x = 0; x < GRIDSTRIDE; x++)
-        for (int32_t y = 0; y < GRIDSTRIDE; y++)
-            n += grid.flags[x][y] == CELLMARKED;
+    for (const auto &column : grid.flags)
+        for (uint8_t flags : column)
+            n += flags == CELLMARKED;
     return n;
 }
 
 int cellscounted()
 {
     int n = 0;
-    for (int32_t x = 0; x < GRIDSTRIDE; x++)
-        for (int32_t y = 0; y < GRIDSTRIDE; y++)
-            n += grid.counts[x][y];
+    for (const auto &column : grid.counts)
+        for (uint8_t count : column)
+            n += count;
     return n;
+}
+
+std::string place(const wsentry *word)
+{
+    std::string text;
+    for (int32_t number : {word->x, word->y, word->dx, word->dy})
+        text += std::to_string(number) + " ";
+    return text;
 }
 
 // otter across from 1,1; toad down from 2,1, through its second letter; newt
@@ -91,12 +94,10 @@ TEST_CASE("references make an entry from the last slot down")
             CHECK(solutions.count == static_cast<int32_t>(n) + 1);
         }
     CHECK(blocksize() % 2048 == 0);
-    bool same = true;
     for (uint32_t n = 0; n < 1000; n++)
         for (uint32_t slot = 0; slot < 3; slot++)
-            same = same && solref(static_cast<int32_t>(n), static_cast<int32_t>(slot)) ==
-                               makewordref(slot, n);
-    CHECK(same);
+            REQUIRE(solref(static_cast<int32_t>(n), static_cast<int32_t>(slot)) ==
+                    makewordref(slot, n));
     CHECK(solref(-1, 0) == NOWORD);
     CHECK(solref(1 << 20, 0) == NOWORD);
 
@@ -111,8 +112,7 @@ TEST_CASE("short memory leaves the count, and references overwrite the last entr
     solutions.slotcount = 2;
     flexfailafter(0);
     errorblock *err = soladdref(7, 1);
-    REQUIRE(err != nullptr);
-    CHECK(err->code == ERRORMEMORY);
+    CHECK(code(err) == ERRORMEMORY);
     CHECK(soladdref(7, 0) == nullptr); // nothing there to overwrite
     CHECK(solutions.count == 0);
 
@@ -141,7 +141,6 @@ TEST_CASE("short memory leaves the count, and references overwrite the last entr
     flexfailafter(-1);
     CHECK(solutions.count > 130);
     CHECK(solutions.count < 200);
-    solreset();
 }
 
 TEST_CASE("words are kept to 35 characters, removed, unplaced and sorted")
@@ -149,21 +148,15 @@ TEST_CASE("words are kept to 35 characters, removed, unplaced and sorted")
     REQUIRE(soladdword(3, 4, -1, 1, std::string(50, 'x').c_str()) == nullptr);
     const wsentry *first = solword(0);
     CHECK(first->text == std::string(35, 'x'));
-    CHECK(first->x == 3);
-    CHECK(first->y == 4);
-    CHECK(first->dx == -1);
-    CHECK(first->dy == 1);
+    CHECK(place(first) == "3 4 -1 1 ");
     CHECK(first->selected == 0);
     solclearplaces();
-    CHECK(first->x == -1);
-    CHECK(first->y == -1);
-    CHECK(first->dx == -1);
-    CHECK(first->dy == -1);
+    CHECK(place(first) == "-1 -1 -1 -1 ");
 
-    solremove(1);
-    solremove(-1);
-    CHECK(solutions.count == 1);
-    solremove(0);
+    for (int32_t row : {1, -1, 0}) { // the last of which there is
+        CHECK(solutions.count == 1);
+        solremove(row);
+    }
     CHECK(solutions.count == 0);
     solsort(); // of nothing
 
@@ -174,7 +167,6 @@ TEST_CASE("words are kept to 35 characters, removed, unplaced and sorted")
     solremove(2);
     solremove(5);
     CHECK(texts() == "apple fi fig tree pear \xC9tat");
-    solreset();
 }
 
 TEST_CASE("a cell is marked while any selected word runs through it")
@@ -187,8 +179,7 @@ TEST_CASE("a cell is marked while any selected word runs through it")
     CHECK(grid.counts[2][1] == 2);
     solunmark(solword(0));
     CHECK(cellsmarked() == 4);
-    CHECK(grid.flags[1][1] == CELLOPEN);
-    CHECK(grid.flags[2][1] == CELLMARKED);
+    CHECK((grid.flags[1][1] == CELLOPEN && grid.flags[2][1] == CELLMARKED));
     solmark(solword(2)); // unplaced
     CHECK(cellsmarked() == 4);
     solunmark(solword(1));
@@ -201,52 +192,40 @@ TEST_CASE("a cell is marked while any selected word runs through it")
     CHECK(cellscounted() == 3);
     solmark(solword(4));
     CHECK(cellscounted() == 5);
-    solreset();
 }
 
 TEST_CASE("clicks select one word, toggle one, or change nothing")
 {
+    const struct {
+        int32_t row;
+        bool toggle, changes;
+        const char *after;
+        int marked, counted;
+    } clicks[] = {
+        {0, false, true, "otter* toad newt", 5, 5},
+        {0, false, false, "otter* toad newt", 5, 5}, // alone already
+        {3, false, false, "otter* toad newt", 5, 5}, // below the last row
+        {-1, true, false, "otter* toad newt", 5, 5},
+        {1, true, true, "otter* toad* newt", 8, 9},
+        {0, false, true, "otter* toad newt", 5, 5},
+        {1, true, true, "otter* toad* newt", 8, 9},
+        {1, true, true, "otter* toad newt", 5, 5},
+        {0, true, true, "otter toad newt", 0, 0},
+        {2, false, true, "otter toad newt*", 0, 0}, // unplaced
+    };
     threewords();
-    CHECK(solselect(0, false));
-    CHECK(solselected() == 1);
-    CHECK(cellsmarked() == 5);
-    CHECK(grid.markleft == 1);
-    CHECK(grid.markright == 5);
-    CHECK(grid.marktop == 1);
-    CHECK(grid.markbottom == 1);
+    for (auto [row, toggle, changes, after, marked, counted] : clicks) {
+        CHECK(solselect(row, toggle) == changes);
+        CHECK(texts() == after);
+        CHECK((cellsmarked() == marked && cellscounted() == counted));
+        CHECK((marked == 0 ? nomark() : markis(1, 1, 5, marked == 8 ? 4 : 1)));
+    }
 
-    CHECK_FALSE(solselect(0, false)); // alone already
-    CHECK(solselected() == 1);
-    CHECK_FALSE(solselect(3, false)); // below the last row
-    CHECK_FALSE(solselect(-1, true));
-    CHECK(cellsmarked() == 5);
-
-    CHECK(solselect(1, true));
-    CHECK(solselected() == 2);
-    CHECK(grid.markbottom == 4);
-    CHECK(solselect(0, false)); // one of two becomes the only one
-    CHECK(solselected() == 1);
-    CHECK(solword(0)->selected == 1);
-    CHECK(cellsmarked() == 5);
-    CHECK(cellscounted() == 5);
-
+    solselect(0, false);
     dirtyreset();
-    CHECK(solselect(1, false)); // both words' cells are drawn anew
+    solselect(1, false); // both words' cells are drawn anew
     dirtyredraw();
-    CHECK(headless.cells[0] == 1);
-    CHECK(headless.cells[1] == 1);
-    CHECK(headless.cells[2] == 5);
-    CHECK(headless.cells[3] == 4);
-
-    CHECK(solselect(1, true)); // off again
-    CHECK(solselected() == 0);
-    CHECK(cellscounted() == 0);
-    CHECK(grid.markleft == -1);
-
-    CHECK(solselect(2, false)); // unplaced: selected, and no cell changes
-    CHECK(solword(2)->selected == 1);
-    CHECK(cellsmarked() == 0);
-    solreset();
+    CHECK(drawn(1, 1, 5, 4));
 }
 
 TEST_CASE("Delete removes the selected words and their marks")
@@ -254,27 +233,21 @@ TEST_CASE("Delete removes the selected words and their marks")
     threewords();
     soldeleteselected();
     CHECK(texts() == "otter toad newt");
-    CHECK(headless.refreshes == 0);
-    CHECK(headless.cellredraws == 0);
+    CHECK((headless.refreshes == 0 && headless.cellredraws == 0));
 
     solselect(0, false);
     solselect(1, true);
-    headless.cellredraws = 0;
     soldeleteselected();
     CHECK(texts() == "newt");
-    CHECK(cellsmarked() == 0);
-    CHECK(grid.markleft == -1);
-    CHECK(cellscounted() == 0);
-    CHECK(headless.refreshes == 1);
-    CHECK(headless.cellredraws == 1);
-    CHECK(headless.cells[3] == 4);
+    CHECK((cellsmarked() == 0 && cellscounted() == 0 && nomark()));
+    CHECK((headless.refreshes == 1 && headless.cellredraws == 1));
+    CHECK(drawn(1, 1, 5, 4));
 
     solselect(0, true);
     soldeleteselected();
     CHECK(solutions.count == 0);
     soldeleteselected();
     CHECK(headless.refreshes == 2);
-    solreset();
 }
 
 TEST_CASE("a typed word goes below the others")
@@ -283,9 +256,7 @@ TEST_CASE("a typed word goes below the others")
     solutions.lineheight = 24;
     solutions.slotcount = 5;
     CHECK(soladdtyped("heron") == nullptr);
-    CHECK(solutions.slotcount == 1);
-    CHECK(solutions.listwidth == 170);
-    CHECK(solutions.rowheight == 24);
+    CHECK((solutions.slotcount == 1 && solutions.listwidth == 170 && solutions.rowheight == 24));
     CHECK(std::string(lastword) == "heron");
     CHECK(headless.refreshes == 1);
     CHECK(soladdtyped("") == nullptr); // the text is not checked
@@ -297,29 +268,24 @@ TEST_CASE("a typed word goes below the others")
     solutions.lineheight = 30;
     grid.kind = GRIDWORDSQUARE;
     solrelayout(); // another font
-    CHECK(solutions.listwidth == 119);
-    CHECK(solutions.rowheight == 30);
-    CHECK(solutions.slotcount == 1);
+    CHECK((solutions.slotcount == 1 && solutions.listwidth == 119 && solutions.rowheight == 30));
     solreset();
     flexfailafter(0);
-    errorblock *err = soladdtyped("crane");
-    REQUIRE(err != nullptr);
-    CHECK(err->code == ERRORMEMORY);
+    CHECK(code(soladdtyped("crane")) == ERRORMEMORY);
     CHECK(solutions.count == 0);
 }
 
 TEST_CASE("a row's words are written into the grid")
 {
     testdict("d", {"cat", "tap"});
-    grid.flags[0][0] = grid.flags[1][0] = grid.flags[2][0] = CELLMARKED;
-    grid.flags[2][1] = grid.flags[2][2] = CELLMARKED;
-    grid.letters[0][0] = 'c';
+    gridset("c..\n##.\n##.\n");
+    for (auto [x, y] : {std::pair{0, 0}, {1, 0}, {2, 0}, {2, 1}, {2, 2}})
+        grid.flags[x][y] = CELLMARKED;
     grid.casemode = CASEUPPER;
     solutions.charwidth = 3;
     solutions.textheight = 20;
     solutions.lineheight = 25;
-    REQUIRE(solvestart() == nullptr);
-    REQUIRE(headlessrun() == nullptr);
+    searchrun(solvestart());
     CHECK(solutions.listwidth == 9);
     CHECK(solutions.rowheight == 80); // a line of the picture each, and one between
     REQUIRE(solutions.count == 1);
@@ -335,20 +301,12 @@ TEST_CASE("a row's words are written into the grid")
     solutions.charwidth = 5;
     solutions.textheight = 10;
     solrelayout(); // of the slots that the list was found for
-    CHECK(solutions.listwidth == 15);
-    CHECK(solutions.rowheight == 40);
-    CHECK(solutions.slotcount == 2);
+    CHECK((solutions.slotcount == 2 && solutions.listwidth == 15 && solutions.rowheight == 40));
 
     markrescan();
     solapply(0);
     CHECK(grid.changed == 2); // one for each slot
     CHECK(headless.titles == 1);
-    CHECK(grid.letters[0][0] == 'C');
-    CHECK(grid.letters[2][0] == 'T');
-    CHECK(grid.letters[2][2] == 'P');
-    CHECK(headless.cells[0] == 0);
-    CHECK(headless.cells[1] == 0);
-    CHECK(headless.cells[2] == 2);
-    CHECK(headless.cells[3] == 2);
-    testdictsfree();
+    CHECK(gridtext() == "CAT\n##A\n##P\n");
+    CHECK(drawn(0, 0, 2, 2));
 }

@@ -43,19 +43,6 @@ std::vector<slot> slotsof()
     return slots;
 }
 
-std::string lower(std::string text)
-{
-    for (char &ch : text)
-        if (ch >= 'A' && ch <= 'Z') ch = static_cast<char>(ch + 32);
-    return text;
-}
-
-std::string withoutspaces(std::string text)
-{
-    text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
-    return text;
-}
-
 // The place where a letter that the pattern knows is not the word's. Both are
 // lower case.
 size_t differs(const std::string &pattern, const std::string &word)
@@ -96,13 +83,13 @@ struct teller {
 
     void write(size_t k, const std::string &text)
     {
-        std::string letters_ = withoutspaces(text);
+        std::string letters_ = closedup(text);
         if (text.empty() || text.back() == ' ') letters_ += '\0';
         for (size_t i = 0; i < letters_.size() && i < slots[k].size(); i++) {
             char ch = letters_[i];
             if (grid.casemode == CASEUPPER && ch >= 'a' && ch <= 'z')
                 ch = static_cast<char>(ch - 32);
-            if (grid.casemode == CASELOWER) ch = lower(std::string(1, ch))[0];
+            if (grid.casemode == CASELOWER) ch = lower(ch);
             at(slots[k][i]) = static_cast<uint8_t>(ch);
         }
     }
@@ -164,7 +151,7 @@ struct teller {
             if (dict.closed[n].size() != pattern.size()) continue;
             size_t place = differs(letters_, dict.closed[n]);
             if (place == pattern.size()) {
-                if (!take(k, d, n, withoutspaces(dict.words[n]), pattern)) return false;
+                if (!take(k, d, n, closedup(dict.words[n]), pattern)) return false;
             } else if (place < known.size() && known < dict.lowers[n].substr(0, known.size())) {
                 return true;
             }
@@ -213,7 +200,7 @@ solvemodelresult solvemodel(int32_t limit)
         tellerdict dict = {.words = testdictwords(dictset.numbers[i]), .lowers = {}, .closed = {}};
         for (const std::string &word : dict.words) {
             dict.lowers.push_back(lower(word));
-            dict.closed.push_back(withoutspaces(lower(word)));
+            dict.closed.push_back(closedup(lower(word)));
         }
         model.dictionaries.push_back(dict);
     }

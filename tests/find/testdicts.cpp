@@ -3,9 +3,11 @@
 #include "base/text.h"
 #include "dict/dictset.h"
 #include "tests/support/runner.h"
+#include "tools/headless.h"
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <fstream>
 
 void testdict(const char *name, const std::vector<std::string> &words)
@@ -36,10 +38,31 @@ std::vector<std::string> testdictwords(uint32_t number)
     return words;
 }
 
-namespace
+char lower(char ch)
 {
+    return ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch + 32) : ch;
+}
 
-std::vector<std::string> syllablewords()
+std::string lower(std::string text)
+{
+    for (char &ch : text)
+        ch = lower(ch);
+    return text;
+}
+
+std::string closedup(std::string text)
+{
+    text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
+    return text;
+}
+
+void searchrun(const errorblock *started)
+{
+    CHECK(started == nullptr);
+    CHECK(headlessrun() == nullptr);
+}
+
+static std::vector<std::string> syllablewords()
 {
     MESSAGE("no data folder: words made of syllables stand in for a real list");
     const char *syllables[] = {"ba", "ter", "ing", "co", "re", "sta", "le", "nt", "o", "ski"};
@@ -50,8 +73,6 @@ std::vector<std::string> syllablewords()
                 words.push_back(std::string(a) + b + c);
     return words;
 }
-
-} // namespace
 
 std::vector<std::string> realwords(size_t step)
 {

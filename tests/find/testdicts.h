@@ -2,6 +2,8 @@
 // file behind them.
 #pragma once
 
+#include "base/errors.h"
+
 #include <cstdint>
 #include <random>
 #include <string>
@@ -19,6 +21,22 @@ std::vector<std::string> testdictwords(uint32_t number);
 // Words of the real list, every step-th one; a list made of syllables, with a
 // message, where there is no real one.
 std::vector<std::string> realwords(size_t step);
+
+// In lower case, A to Z alone.
+char lower(char ch);
+std::string lower(std::string text);
+
+// The text of a word without its spaces.
+std::string closedup(std::string text);
+
+// Runs the search that a start call, whose result is passed, has begun.
+void searchrun(const errorblock *started);
+
+// The code of an error, or 0.
+inline uint32_t code(const errorblock *err)
+{
+    return err ? err->code : 0;
+}
 
 // A number below n, the same on every platform for the same generator state.
 inline uint32_t below(std::mt19937 &random, uint32_t n)

@@ -2,25 +2,14 @@
 
 #include "find/solutions.h"
 #include "find/solve.h"
-#include "grid/grid.h"
 #include "tests/find/testdicts.h"
-#include "tools/headless.h"
-
-#include <doctest/doctest.h>
+#include "tests/grid/gridlooks.h"
 
 #include <algorithm>
 #include <set>
 
 namespace
 {
-
-std::string folded(const std::string &word)
-{
-    std::string text;
-    for (char ch : word)
-        if (ch != ' ') text += ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch + 32) : ch;
-    return text;
-}
 
 std::string line(const std::string &text, int32_t x, int32_t y, int32_t dx, int32_t dy)
 {
@@ -34,7 +23,7 @@ std::multiset<std::string> told()
     std::set<std::string> known;
     for (uint32_t i = 0; i < dictset.count; i++)
         for (const std::string &word : testdictwords(dictset.numbers[i]))
-            known.insert(folded(word));
+            known.insert(closedup(lower(word)));
     std::multiset<std::string> found;
     for (int32_t x = 0; x < grid.width; x++)
         for (int32_t y = 0; y < grid.height; y++)
@@ -45,7 +34,7 @@ std::multiset<std::string> told()
                 for (int32_t cx = x, cy = y;
                      cx >= 0 && cy >= 0 && cx < grid.width && cy < grid.height && text.size() < 31;
                      cx += dx, cy += dy) {
-                    char ch = folded(std::string(1, static_cast<char>(grid.letters[cx][cy])))[0];
+                    char ch = lower(static_cast<char>(grid.letters[cx][cy]));
                     if (ch < 'a' || ch > 'z' || (grid.flags[cx][cy] & 3) != 0) break;
                     text += ch;
                     if (static_cast<int32_t>(text.size()) >= grid.minwordlength &&
@@ -59,8 +48,7 @@ std::multiset<std::string> told()
 
 std::multiset<std::string> solved()
 {
-    CHECK(wssolve() == nullptr);
-    CHECK(headlessrun() == nullptr);
+    searchrun(wssolve());
     std::multiset<std::string> found;
     for (int32_t i = 0; i < solutions.count; i++) {
         const wsentry *word = solword(i);
@@ -94,26 +82,13 @@ std::string randomletters(std::mt19937 &random, const std::vector<std::string> &
     return letters;
 }
 
-void stopatthird()
-{
-    if (headless.polls == 3) search.stopflag = 1;
-}
-
-void clickcow()
-{
-    if (headless.polls == 2) CHECK(solselect(0, false));
-}
-
 } // namespace
 
 TEST_CASE("hidden words agree with looking every line up in a set")
 {
     std::vector<std::string> words = realwords(2);
     testdict("one", words);
-    testdict("two", {"Aa",
-                     "z\xE9"
-                     "bra",
-                     "xyz", "b"});
+    testdict("two", {"Aa", "\xE9lan", "xyz", "b"});
     std::mt19937 random(55);
     size_t total = 0;
     for (int n = 0; n < 60; n++) {
@@ -130,7 +105,6 @@ TEST_CASE("hidden words agree with looking every line up in a set")
         solreset();
     }
     CHECK(total > 100);
-    testdictsfree();
 }
 
 TEST_CASE("worked cases")
@@ -139,15 +113,10 @@ TEST_CASE("worked cases")
     grid.minwordlength = 3;
     fill("carpet", 6);
     CHECK(solved() == std::multiset<std::string>{"carpet 0 0 1 0", "pet 3 0 1 0", "rac 2 0 -1 0"});
-    grid.minwordlength = 5;
-    CHECK(solved() == std::multiset<std::string>{"carpet 0 0 1 0"});
-    fill("ca rpet", 7);
-    CHECK(solved().empty());
     fill("ICECREAM", 1); // a phrase is found by its letters, in either case
     CHECK(solved() == std::multiset<std::string>{"icecream 0 0 0 1"});
     fill(std::string(40, 'q'), 40);
     CHECK(solved().size() == 20); // ten starts each way have 31 letters before them
-    testdictsfree();
 }
 
 TEST_CASE("the list is sorted by text, and Stop keeps what was found")
@@ -155,33 +124,32 @@ TEST_CASE("the list is sorted by text, and Stop keeps what was found")
     testdict("d", {"ant", "bee", "cow"});
     grid.minwordlength = 3;
     fill("cowbeeant", 9);
-    CHECK(wssolve() == nullptr);
-    CHECK(headlessrun() == nullptr);
+    searchrun(wssolve());
     REQUIRE(solutions.count == 3);
     CHECK(std::string(solword(0)->text) == "ant");
     CHECK(std::string(solword(2)->text) == "cow");
     CHECK(headless.polls == 9); // once for each cell
 
     headless.polls = 0;
-    headless.onpoll = stopatthird;
-    CHECK(wssolve() == nullptr);
-    CHECK(headlessrun() == nullptr);
+    headless.onpoll = [] {
+        if (headless.polls == 3) search.stopflag = 1;
+    };
+    searchrun(wssolve());
     CHECK(headless.polls == 3);
     CHECK(solutions.count == 2); // the fourth cell is searched, and then it ends
     CHECK(headless.busy == 0);
 
     // A word clicked meanwhile can be unmarked behind the search.
     headless.polls = 0;
-    headless.onpoll = clickcow;
-    CHECK(wssolve() == nullptr);
-    CHECK(headlessrun() == nullptr);
+    headless.onpoll = [] {
+        if (headless.polls == 2) CHECK(solselect(0, false));
+    };
+    searchrun(wssolve());
     REQUIRE(solutions.count == 3);
     CHECK(solword(2)->selected == 1);
     CHECK(grid.flags[1][0] == CELLMARKED);
     CHECK(solselect(2, true));
     CHECK(grid.flags[1][0] == CELLOPEN);
-    testdictsfree();
-    solreset();
 }
 
 TEST_CASE("without a dictionary nothing happens")
@@ -191,5 +159,4 @@ TEST_CASE("without a dictionary nothing happens")
     CHECK(wssolve() == nullptr);
     CHECK((headless.worker == nullptr));
     CHECK(solutions.count == 1);
-    solreset();
 }
