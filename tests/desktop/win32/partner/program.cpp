@@ -240,7 +240,9 @@ std::string obey(std::string line)
     if (verb == "copy") return copy(line), "ok";
     if (verb == "show") { // a window at a place of the screen, in front of all
         int left = static_cast<int>(number(word(&line))), top = static_cast<int>(number(line));
-        SetWindowPos(partner.self, HWND_TOPMOST, left, top, 100, 80, SWP_SHOWWINDOW);
+        // One that takes the focus is the window manager's to place.
+        SetWindowPos(partner.self, HWND_TOPMOST, left, top, 100, 80,
+                     SWP_SHOWWINDOW | SWP_NOACTIVATE);
         return "ok";
     }
     if (verb == "serve") {
