@@ -139,7 +139,7 @@ TEST_CASE("a wheel over a window without a bar goes to the one inside that has o
     // What a control doesn't want comes back to a window that was asked already.
     window around = eventopen(EVENTCONTROLS, 300);
     addwheelhandler(tellwheel, around, 0);
-    drivemove(driveicon(around, EVENTDRAWN).x, driveicon(around, EVENTDRAWN).y);
+    moveto(driveicon(around, EVENTDRAWN));
     taken();
     drivewheel(-120);
     CHECK(taken() == "wheel -120 0;");
@@ -340,7 +340,7 @@ errorblock *again(intptr_t data)
 TEST_CASE("timed calls come from a loop of the system's too, in the order of their times")
 {
     eventwindow e(EVENTPLAIN);
-    REQUIRE_FALSE(addtimedcall(again, 1, 8));
+    REQUIRE_FALSE(addtimedcall(again, 1, 40));
     REQUIRE_FALSE(addtimedcall(again, 3, 3));
     REQUIRE_FALSE(addtimedcall(again, 3, 4)); // the same, later
     drivebox(IDOK, [] {
