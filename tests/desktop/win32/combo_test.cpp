@@ -57,8 +57,8 @@ struct rowswindow : eventwindow {
 
     rowswindow() : eventwindow(EVENTICONS)
     {
-        box = reinterpret_cast<HWND>(drivecontrol(w, ICONROWS));
-        rows = reinterpret_cast<HWND>(drivecontrol(w, ICONLIST));
+        box = taskcontrol(w, ICONROWS);
+        rows = taskcontrol(w, ICONLIST);
         REQUIRE_FALSE(addcombo(w, 5, ICONROWS, &combo, tell));
         REQUIRE_FALSE(addlistbox(w, 6, ICONLIST, &list, tell));
         drivemove(0, 0);

@@ -43,7 +43,7 @@ struct presscontrol : drawncontrol {
     }
     void tooutside()
     {
-        drivemove(driveclient(w, 130, 150).x, driveclient(w, 130, 150).y);
+        pointat(w, 130, 150);
     }
     void act(char action);
     std::string acts(const char *actions);

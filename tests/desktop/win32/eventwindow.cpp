@@ -10,7 +10,6 @@
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
 #include "tests/desktop/win32/taskwindows.h"
-#include "tests/support/driver.h"
 
 #include <doctest/doctest.h>
 
@@ -73,10 +72,14 @@ eventlibrary::~eventlibrary()
     blockend();
 }
 
+void moveto(driveplace place)
+{
+    drivemove(place.x, place.y);
+}
+
 void pointat(window w, int x, int y)
 {
-    driveplace place = driveclient(w, x, y);
-    drivemove(place.x, place.y);
+    moveto(driveclient(w, x, y));
 }
 
 window eventopen(int32_t number, int left, window parent)

@@ -2,7 +2,7 @@
 // with the focus, whose handlers write down what they are given.
 #pragma once
 
-#include "desktop/events.h"
+#include "tests/support/driver.h"
 
 #include <string>
 
@@ -39,7 +39,9 @@ struct eventwindow {
     ~eventwindow();
 };
 
-// Puts the pointer at an offset from the top left of its client area.
+// The pointer put at a place of the screen, or at an offset from the top left of a
+// window's client area.
+void moveto(driveplace place);
 void pointat(window w, int x, int y);
 
 // Another one, at the left edge of the screen plus an offset, in pixels.

@@ -21,11 +21,6 @@ namespace
 
 constexpr int32_t MISSING = 77;
 
-HWND controlof(window w, int32_t icon)
-{
-    return reinterpret_cast<HWND>(drivecontrol(w, icon));
-}
-
 bool selected(window w, int32_t icon)
 {
     int on = -1;
@@ -35,12 +30,12 @@ bool selected(window w, int32_t icon)
 
 bool shaded(window w, int32_t icon)
 {
-    return !IsWindowEnabled(controlof(w, icon));
+    return !IsWindowEnabled(taskcontrol(w, icon));
 }
 
 bool waits(window w, int32_t icon)
 {
-    return GetUpdateRect(controlof(w, icon), nullptr, FALSE);
+    return GetUpdateRect(taskcontrol(w, icon), nullptr, FALSE);
 }
 
 std::string caretnow()
@@ -126,10 +121,10 @@ TEST_CASE("a text is set only if it is another, and formatted with its tokens")
     REQUIRE_FALSE(addtranstext(catalogue, sizeof catalogue - 1));
     eventwindow e(EVENTICONS);
     CHECK_FALSE(seticontext(e.w, ICONFIELD, "Words"));
-    SendMessageA(controlof(e.w, ICONFIELD), EM_SETSEL, 2, 3);
+    SendMessageA(taskcontrol(e.w, ICONFIELD), EM_SETSEL, 2, 3);
     CHECK_FALSE(seticontextifchanged(e.w, ICONFIELD, "Words"));
     DWORD start, end;
-    SendMessageA(controlof(e.w, ICONFIELD), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+    SendMessageA(taskcontrol(e.w, ICONFIELD), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
                  reinterpret_cast<LPARAM>(&end));
     CHECK(start == 2); // a set text would have lost it
     CHECK(end == 3);
@@ -234,7 +229,7 @@ TEST_CASE("the caret is put into text that can be edited, and told from any cont
     for (int32_t icon : {ICONTICK, ICONROWS, ICONLIST, ICONDRAWN, ICONBUTTON}) {
         CAPTURE(icon);
         CHECK_FALSE(setcaret(e.w, icon, 0, 0, 0, 3));
-        CHECK(GetFocus() == controlof(e.w, icon));
+        CHECK(GetFocus() == taskcontrol(e.w, icon));
         CHECK(caretnow().find(std::to_string(icon) + " ") == 0);
     }
     CHECK(caretnow() == "39 -1 -1");
@@ -242,7 +237,7 @@ TEST_CASE("the caret is put into text that can be edited, and told from any cont
     CHECK(GetFocus() == taskhandle(e.w));
     CHECK(caretnow() == "-1 -1 -1");
     CHECK_FALSE(focusicon(e.w, ICONFIELD));
-    CHECK(GetFocus() == controlof(e.w, ICONFIELD));
+    CHECK(GetFocus() == taskcontrol(e.w, ICONFIELD));
     CHECK_FALSE(caretatend(e.w, -1));
     CHECK(GetFocus() == taskhandle(e.w));
 
@@ -294,9 +289,9 @@ TEST_CASE("limits and ranges of fields")
     CHECK_FALSE(iconrange(e.w, ICONARROWS, &low, &high));
     CHECK(low == -2);
     CHECK(high == 70000);
-    HWND arrows = controlof(e.w, ICONARROWS);
+    HWND arrows = taskcontrol(e.w, ICONARROWS);
     CHECK(reinterpret_cast<HWND>(SendMessageA(arrows, UDM_GETBUDDY, 0, 0)) ==
-          controlof(e.w, ICONDIGITS));
+          taskcontrol(e.w, ICONDIGITS));
     // From what stands in the field, and no further than the range.
     struct {
         const char *before;

@@ -5,8 +5,8 @@
 #include "desktop/blocks.h"
 #include "desktop/filters.h"
 #include "desktop/hotkeys.h"
+#include "tests/desktop/win32/eventwindow.h"
 #include "tests/desktop/win32/taskwindows.h"
-#include "tests/support/driver.h"
 
 #include <doctest/doctest.h>
 
@@ -15,33 +15,23 @@
 namespace
 {
 
-std::string seen;
-
 errorblock *scrolled(const systemmessage *message, intptr_t letter, int *stop, intptr_t *, int *)
 {
-    seen += static_cast<char>(letter) + std::to_string(message->wparam) + ";";
+    said("%c%d;", static_cast<char>(letter), static_cast<int>(message->wparam));
     *stop = 1;
     return nullptr;
 }
 
 errorblock *pressed(window, int32_t id, int32_t key)
 {
-    seen += std::to_string(id) + " " + keyname(key) + ";";
+    said("%d %s;", id, keyname(key));
     return nullptr;
 }
 
 errorblock *alsopressed(window, int32_t, int32_t)
 {
-    seen += "also;";
+    said("also;");
     return nullptr;
-}
-
-// What was said since the last call.
-std::string taken()
-{
-    std::string text;
-    text.swap(seen);
-    return text;
 }
 
 struct keywindow {

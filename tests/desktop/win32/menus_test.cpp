@@ -4,8 +4,8 @@
 #include "base/errors.h"
 #include "desktop/blocks.h"
 #include "desktop/menupath.h"
+#include "tests/desktop/win32/eventwindow.h"
 #include "tests/desktop/win32/taskwindows.h"
-#include "tests/support/driver.h"
 
 #include <doctest/doctest.h>
 
@@ -16,7 +16,6 @@ namespace
 
 enum { BAR = 1, FILEMENU, WORDS, LISTS, POPUP, PART };
 
-std::string seen;       // what the callbacks were told, in order
 int32_t ticked, shaded; // what the preparation does
 
 std::string told(const int32_t *path)
@@ -30,13 +29,13 @@ std::string told(const int32_t *path)
 errorblock *select(const int32_t *path, window w)
 {
     CHECK(w == menustate.owner);
-    seen += "select " + told(path) + ";";
+    said("select %s;", told(path).c_str());
     return path[0] == 99 ? makeerrortext(7, "refused") : nullptr;
 }
 
 errorblock *prepare(const int32_t *path, int32_t menu, window)
 {
-    seen += "prepare " + std::to_string(menu) + " " + std::to_string(path[0]) + ";";
+    said("prepare %d %d;", menu, path[0]);
     if (ticked) tickmenu(menu, ticked, 1);
     if (shaded) shademenu(menu, shaded, 0);
     return nullptr;
@@ -67,7 +66,7 @@ struct menuwindow {
 
     menuwindow()
     {
-        seen.clear();
+        taken();
         ticked = shaded = 0;
         REQUIRE(blockstart() == nullptr);
         w = taskwindow(WS_OVERLAPPEDWINDOW);
@@ -126,23 +125,11 @@ void clickentry(HWND owner, int32_t tag, int at)
     driveclick(place.x, place.y);
 }
 
-std::string taken()
-{
-    std::string text;
-    text.swap(seen);
-    return text;
-}
-
 // Opens it and stays there until count of them are shown.
 void openentry(HWND owner, int32_t tag, int at, int count)
 {
     clickentry(owner, tag, at);
     drivewait([&] { return menusshown() == count; });
-}
-
-bool selected()
-{
-    return seen.find("select") != std::string::npos;
 }
 
 void byhand(const std::function<void()> &script)
@@ -219,7 +206,7 @@ TEST_CASE("ticks and greys, put before the menu opens")
         drivekey(VK_ESCAPE);
         drivekey(VK_ESCAPE);
     });
-    CHECK_FALSE(selected());
+    CHECK(taken().find("select") == std::string::npos);
     CHECK((stateof(FILEMENU, 11) & MF_GRAYED) != 0);
     tickmenu(BAR, 10, 0); // found below the bar
     shademenu(BAR, 11, 1);
@@ -240,7 +227,7 @@ TEST_CASE("commands of other windows and of controls are not a menu's")
     CHECK(SendMessageA(other, WM_COMMAND, 41, 0) == 0);
     SendMessageA(m.h, WM_COMMAND, 41, reinterpret_cast<LPARAM>(other));
     SendMessageA(m.h, WM_COMMAND, MAKEWPARAM(41, 1), 0);
-    CHECK_FALSE(selected());
+    CHECK(taken().find("select") == std::string::npos);
     SendMessageA(m.h, WM_COMMAND, 41, 0);
     CHECK(taken() == "select 41,-1;");
     CHECK(drivebox(IDOK, [&] { SendMessageA(m.h, WM_COMMAND, 99, 0); }) == "refused");

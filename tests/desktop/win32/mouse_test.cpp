@@ -33,11 +33,6 @@ struct mousewindow : eventwindow {
     }
 };
 
-void moveto(driveplace place)
-{
-    drivemove(place.x, place.y);
-}
-
 } // namespace
 
 TEST_CASE("a press is told at once, and its release not at all")
@@ -189,7 +184,7 @@ struct dragwindow : eventwindow {
         dragarea = {-10000, -10000, 10000, 10000};
         CHECK_FALSE(addclickhandler(dragstarts, w, 0));
         from = driveclient(w, 100, 100);
-        drivemove(from.x, from.y);
+        moveto(from);
     }
 
     // Up to where the drag runs.

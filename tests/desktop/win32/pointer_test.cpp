@@ -128,7 +128,7 @@ TEST_CASE("the pointer's record tells the library's window, and the innermost co
         CAPTURE(row.x);
         CAPTURE(row.y);
         driveplace at = driveclient(e.w, row.x, row.y);
-        drivemove(at.x, at.y);
+        moveto(at);
         mouserecord mouse = pointernow();
         CHECK(mouse.window == row.w);
         CHECK(mouse.icon == row.icon);

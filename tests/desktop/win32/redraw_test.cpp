@@ -32,19 +32,13 @@ int paints;
 // Fills the clip.
 errorblock *paint(window self, intptr_t)
 {
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more) {
+    return taskpaint(self, [](const redrawrecord &r) {
         CHECK(currentsurface == r.drawing);
         paints++;
         last = r;
         setcolour(paintcolour);
         fillbox(r.cx0, r.cy0, r.cx1 - r.cx0, r.cy1 - r.cy0);
-        err = redrawnext(&r, &more);
-    }
-    return err;
+    });
 }
 
 // A window of 160 by 120 pixels at 100, 100, with a view that has moved.

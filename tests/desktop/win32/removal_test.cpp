@@ -5,7 +5,6 @@
 #include "desktop/handlers.h"
 #include "desktop/icons.h"
 #include "desktop/mouse.h"
-#include "desktop/redraw.h"
 #include "desktop/timed.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
@@ -51,13 +50,7 @@ errorblock *onredraw(window self, intptr_t)
 {
     once(EVENTREDRAW);
     if (!wdatafind(self)) return nullptr;
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more)
-        err = redrawnext(&r, &more);
-    return err;
+    return taskpaint(self, [](const redrawrecord &) {});
 }
 
 errorblock *ondrop(const char *, int32_t, mouserecord *, intptr_t, int *accept)

@@ -15,7 +15,7 @@ namespace
 
 HWND field(const eventwindow &e)
 {
-    return reinterpret_cast<HWND>(drivecontrol(e.w, EVENTFIELD));
+    return taskcontrol(e.w, EVENTFIELD);
 }
 
 LRESULT test(HWND control)
@@ -58,7 +58,7 @@ TEST_CASE("handlers of a control are asked in their order, until one stops the m
     stops = 2;
     CHECK(test(field(e)) == 102);
     CHECK(taken() == "1;2;");
-    test(reinterpret_cast<HWND>(drivecontrol(e.w, EVENTFIELD2)));
+    test(taskcontrol(e.w, EVENTFIELD2));
     CHECK(taken() == ""); // of another
     CHECK_FALSE(seticontext(e.w, EVENTFIELD, "as ever"));
     CHECK(drivetext(e.w, EVENTFIELD) == "as ever");

@@ -59,6 +59,24 @@ SIZE tasksize(window w)
     return {client.right - client.left, client.bottom - client.top};
 }
 
+HWND taskcontrol(window w, int32_t icon)
+{
+    return GetDlgItem(taskhandle(w), icon);
+}
+
+errorblock *taskpaint(window w, const std::function<void(const redrawrecord &)> &part)
+{
+    redrawrecord r = {};
+    r.self = w;
+    int more;
+    errorblock *err = redrawin(&r, &more);
+    while (!err && more) {
+        part(r);
+        err = redrawnext(&r, &more);
+    }
+    return err;
+}
+
 static void screen(int32_t dpi)
 {
     modefacts facts = {};

@@ -2,11 +2,13 @@
 // tests of windows that need no template.
 #pragma once
 
+#include "desktop/redraw.h"
 #include "desktop/windows.h"
 
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 
 inline HWND taskhandle(window w)
 {
@@ -29,6 +31,12 @@ windowstaterecord taskstate(window w);
 // The client area in pixels of the screen, and its size.
 RECT taskclient(window w);
 SIZE tasksize(window w);
+
+// A control of a window.
+HWND taskcontrol(window w, int32_t icon);
+
+// Paints all that waits to be painted, part by part.
+errorblock *taskpaint(window w, const std::function<void(const redrawrecord &)> &part);
 
 // A test that makes one runs twice, on a screen of 96 and on one of 144 dots to the
 // inch, by which windows are placed and work areas measured. It has no subcases of

@@ -4,7 +4,6 @@
 #include "base/errors.h"
 #include "desktop/blocks.h"
 #include "desktop/handlers.h"
-#include "desktop/redraw.h"
 #include "desktop/wdata.h"
 #include "desktop/windowinternal.h"
 #include "desktop/windows.h"
@@ -264,11 +263,7 @@ RECT painted; // of the last paint, in pixels of the client area
 
 errorblock *paintsquares(window self, intptr_t)
 {
-    redrawrecord r = {};
-    r.self = self;
-    int more;
-    errorblock *err = redrawin(&r, &more);
-    while (!err && more) {
+    return taskpaint(self, [](const redrawrecord &r) {
         paints++;
         const surfacepaint &paint = r.drawing->paint;
         painted = {paint.left, paint.top, paint.right, paint.bottom};
@@ -277,9 +272,7 @@ errorblock *paintsquares(window self, intptr_t)
                 setcolour(squarecolour(column, row));
                 fillbox(column * SQUARE, -(row + 1) * SQUARE, SQUARE, SQUARE);
             }
-        err = redrawnext(&r, &more);
-    }
-    return err;
+    });
 }
 
 // The last square that begins at a pixel of the work area or before it.
