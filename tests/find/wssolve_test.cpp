@@ -140,6 +140,7 @@ TEST_CASE("the list is sorted by text, and Stop keeps what was found")
     CHECK(headless.busy == 0);
 
     // A word clicked meanwhile can be unmarked behind the search.
+    grid.counts[1][0] = 1; // left by a list that is gone
     headless.polls = 0;
     headless.onpoll = [] {
         if (headless.polls == 2) CHECK(solselect(0, false));
