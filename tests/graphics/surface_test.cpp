@@ -1,16 +1,18 @@
 #include "graphics/surface.h"
 
-#include "base/errors.h"
 #include "base/flex.h"
+#include "tests/graphics/codeof.h"
 
 #include <doctest/doctest.h>
 
 #include <climits>
 #include <cstdlib>
-#include <initializer_list>
+#include <utility>
 
 namespace
 {
+
+using at = std::pair<int32_t, int32_t>;
 
 // A surface of the tests, current, at 96 pixels an inch.
 surface *drawn(int32_t originx = 0, int32_t originy = 0)
@@ -26,39 +28,32 @@ surface *drawn(int32_t originx = 0, int32_t originy = 0)
     return &s;
 }
 
-int32_t devicex(int32_t x)
+using conversion = void (*)(int32_t *x, int32_t *y);
+
+at converted(conversion convert, int32_t x, int32_t y)
 {
-    int32_t y = 0;
-    surfacedevice(&x, &y);
-    return x;
+    convert(&x, &y);
+    return {x, y};
 }
 
-int32_t devicey(int32_t y)
+at device(int32_t x, int32_t y)
 {
-    int32_t x = 0;
-    surfacedevice(&x, &y);
-    return y;
+    return converted(surfacedevice, x, y);
 }
 
-int32_t osx(int32_t x)
+at fine(int32_t x, int32_t y)
 {
-    int32_t y = 0;
-    surfaceos(&x, &y);
-    return x;
+    return converted(surfacedevicefine, x, y);
 }
 
-int32_t osy(int32_t y)
+at os(int32_t x, int32_t y)
 {
-    int32_t x = 0;
-    surfaceos(&x, &y);
-    return y;
+    return converted(surfaceos, x, y);
 }
 
-int32_t finex(int32_t x)
+at nearest(int32_t x, int32_t y)
 {
-    int32_t y = 0;
-    surfacedevicefine(&x, &y);
-    return x;
+    return converted(surfacenearest, x, y);
 }
 
 // Every pixel of a stretch that has an OS position is given one that maps to
@@ -67,20 +62,18 @@ void checknearest(bool all)
 {
     for (int32_t pixel = -700; pixel <= 700; pixel++) {
         CAPTURE(pixel);
-        int32_t x = pixel, y = pixel;
-        surfacenearest(&x, &y);
-        surfacedevice(&x, &y);
-        bool reachedx = false, reachedy = false;
-        for (int32_t os = osx(pixel) - 4; os <= osx(pixel) + 4; os++)
-            reachedx |= devicex(os) == pixel;
-        for (int32_t os = osy(pixel) - 4; os <= osy(pixel) + 4; os++)
-            reachedy |= devicey(os) == pixel;
-        CHECK((x == pixel) == reachedx);
-        CHECK((y == pixel) == reachedy);
-        if (all) {
-            CHECK(x == pixel);
-            CHECK(y == pixel);
+        const auto [x, y] = nearest(pixel, pixel);
+        const at seen = device(x, y), about = os(pixel, pixel);
+        bool reachedx = all, reachedy = all;
+        for (int32_t by = -4; by <= 4; by++) {
+            at beside = device(about.first + by, about.second + by);
+            reachedx |= beside.first == pixel;
+            reachedy |= beside.second == pixel;
         }
+        CHECK((seen.first == pixel) == reachedx);
+        CHECK((seen.second == pixel) == reachedy);
+        int32_t step = std::abs(device(x + 1, 0).first - device(x - 1, 0).first);
+        if (!all) CHECK(std::abs(seen.first - pixel) < step);
     }
 }
 
@@ -100,27 +93,19 @@ TEST_CASE("exact products drop their fraction")
     CHECK(muldiv64(5, 5, 0) == 0);
 }
 
-TEST_CASE("OS units to pixels, y turned round")
+TEST_CASE("OS units to pixels and back, y turned round")
 {
     drawn();
-    CHECK(devicex(180) == 96);
-    CHECK(devicey(-180) == 96);
-    CHECK(devicey(180) == -96);
-    CHECK(devicex(100) == 53);
-    CHECK(devicex(-100) == -53);
-    CHECK(devicex(1) == 0);
-    CHECK(devicex(-1) == 0);
-    CHECK(osx(96) == 180);
-    CHECK(osy(96) == -180);
-    CHECK(osx(1) == 1);
-    CHECK(osy(1) == -1);
+    CHECK(device(180, 180) == at{96, -96});
+    CHECK(device(100, 0) == at{53, 0});
+    CHECK(device(-100, 0) == at{-53, 0});
+    CHECK(os(96, 96) == at{180, -180});
+    CHECK(os(1, 1) == at{1, -1});
     // The ends of the range give numbers: these are exact, and what is beyond 32
     // bits goes round.
-    CHECK(devicex(INT_MAX) == 1145324611);
-    CHECK(devicey(INT_MIN) == 1145324612);
-    int32_t x = INT_MIN, y = INT_MAX;
-    surfacenearest(&x, &y);
-    CHECK(osx(INT_MAX) == -268435458); // 4026531838
+    CHECK(device(INT_MAX, INT_MIN) == at{1145324611, 1145324612});
+    CHECK(os(INT_MAX, 0).first == -268435458); // 4026531838
+    nearest(INT_MIN, INT_MAX);
 }
 
 TEST_CASE("an origin falls out at the normal unit, and is what a zoom leaves in place")
@@ -128,76 +113,43 @@ TEST_CASE("an origin falls out at the normal unit, and is what a zoom leaves in 
     surface *s = drawn(100, -50);
     CHECK(s->shiftx == 100);
     CHECK(s->shifty == -50);
-    CHECK(s->deviceshiftx == 53);
-    CHECK(s->deviceshifty == 27);
-    CHECK(devicex(100) == 53);
+    CHECK(device(100, -50) == at{53, 27});
     for (int32_t x = -1000; x <= 1000; x += 7) {
         double exact = x * 96 / 180.0; // two roundings, of the shift and of the rest
-        CHECK(std::abs(devicex(x) - exact) < 1.5);
-        CHECK(std::abs(devicey(x) + exact) < 1.5);
+        CHECK(std::abs(device(x, x).first - exact) < 1.5);
+        CHECK(std::abs(device(x, x).second + exact) < 1.5);
     }
     surfacesetunits(90, 360); // twice as large, half as large
     CHECK(s->shiftx == 50);
     CHECK(s->shifty == -100);
-    CHECK(devicex(50) == 53);
-    CHECK(devicey(-100) == 27);
-    CHECK(devicex(50 + 90) == 53 + 96);
-    CHECK(devicey(-100 - 360) == 27 + 96);
-    surfacesetscale(1, 2, 3, 4);
-    CHECK(s->unitx == 1);
-    CHECK(s->unity == 2);
-    CHECK(s->scalex == 3);
-    CHECK(s->scaley == 4);
-    CHECK(s->shiftx == 1);       // 0.56
-    CHECK(s->deviceshiftx == 2); // 1.67
-    CHECK(s->deviceshifty == 1); // 1.11
+    CHECK(device(50, -100) == at{53, 27});
+    CHECK(device(50 + 90, -100 - 360) == at{53 + 96, 27 + 96});
+    surfacesetscale(18, 36, 9, 36);
+    CHECK(s->shiftx == 10);
+    CHECK(s->shifty == -10);
+    CHECK(device(10, -10) == at{5, 10});
 }
 
-TEST_CASE("the nearest position maps back to its pixel")
+TEST_CASE("the nearest position maps back to its pixel, or next to it where pixels are finer")
 {
-    surface *s = drawn(137, -211);
-    SUBCASE("96 to the inch") {}
-    SUBCASE("120 to the inch")
-    {
-        surfacesetscale(180, 180, 120, 120);
-    }
-    SUBCASE("odd units")
-    {
-        surfacesetunits(197, 333);
-    }
-    SUBCASE("one for one, either way up")
-    {
-        surfaceidentity(s);
-        surfacesetstate(s, [] {
-            static surfacescale state;
-            surfacestate(currentsurface, &state);
-            state.unity = -1;
-            return &state;
-        }());
-    }
-    SUBCASE("turned round")
-    {
-        surfacesetscale(180, -180, -150, 150);
-    }
-    checknearest(true);
-}
-
-TEST_CASE("finer pixels than OS units: the nearest is next to it")
-{
-    drawn(137, -211);
-    SUBCASE("printer")
-    {
-        surfacesetscale(180, 180, 300, 600);
-    }
-    SUBCASE("zoom")
-    {
-        surfacesetunits(45, -60);
-    }
-    checknearest(false);
-    for (int32_t pixel = -300; pixel < 300; pixel++) {
-        int32_t x = pixel, y = pixel;
-        surfacenearest(&x, &y);
-        CHECK(std::abs(devicex(x) - pixel) < std::abs(devicex(x + 1) - devicex(x - 1)));
+    struct {
+        const char *what;
+        int32_t unitx, unity, scalex, scaley;
+        bool all; // pixels have positions
+    } const rows[] = {
+        {"96 to the inch", 180, 180, 96, 96, true},
+        {"120 to the inch", 180, 180, 120, 120, true},
+        {"odd units", 197, 333, 96, 96, true},
+        {"one for one, y as it is", 1, -1, 1, 1, true},
+        {"turned round", 180, -180, -150, 150, true},
+        {"printer", 180, 180, 300, 600, false},
+        {"zoom", 45, -60, 96, 96, false},
+    };
+    for (const auto &row : rows) {
+        CAPTURE(row.what);
+        drawn(137, -211);
+        surfacesetscale(row.unitx, row.unity, row.scalex, row.scaley);
+        checknearest(row.all);
     }
 }
 
@@ -205,69 +157,49 @@ TEST_CASE("a surface without a scale stands still")
 {
     surface *s = drawn();
     s->scalex = s->scaley = 0;
-    int32_t x = 17, y = -5;
-    surfacenearest(&x, &y);
-    CHECK(x == 0);
-    CHECK(y == 0);
+    CHECK(nearest(17, -5) == at{0, 0});
     s->unitx = s->unity = 0;
-    CHECK(devicex(12) == 0);
-    CHECK(finex(12) == 0);
+    CHECK(device(12, 12) == at{0, 0});
+    CHECK(fine(12, 12) == at{0, 0});
 }
 
 TEST_CASE("fine coordinates are 256ths")
 {
     drawn(100, 30);
     for (int32_t x = -500; x <= 500; x++)
-        CHECK(finex(x * 256) == devicex(x));
+        CHECK(fine(x * 256, x * 256) == device(x, x));
     drawn();
-    CHECK(finex(479) == 0); // just below one pixel
-    CHECK(finex(480) == 1); // 1.875 OS units
-    CHECK(finex(-480) == -1);
-    int32_t x = 0, y = -480;
-    surfacedevicefine(&x, &y);
-    CHECK(y == 1);
+    CHECK(fine(479, -479) == at{0, 0}); // just below one pixel
+    CHECK(fine(480, -480) == at{1, 1}); // 1.875 OS units
+    CHECK(fine(-480, 480) == at{-1, -1});
 }
 
 TEST_CASE("a surface one for one with its pixels")
 {
     surface *s = drawn(100, 100);
     surfaceidentity(s);
-    CHECK(devicex(17) == 17);
-    CHECK(devicey(17) == -17);
+    CHECK(device(17, 17) == at{17, -17});
     surfaceidentityup(s);
-    CHECK(devicex(-17) == -17);
-    CHECK(devicey(17) == 17);
-    CHECK(osy(17) == 17);
+    CHECK(device(-17, 17) == at{-17, 17});
+    CHECK(os(-17, 17) == at{-17, 17});
 }
 
-TEST_CASE("the scale is kept and put back")
+TEST_CASE("the scale is kept and put back, with the shifts of the origin")
 {
     surface *s = drawn(90, -45);
+    surfacesetscale(90, 360, 48, 192);
+    const at before = device(12345, 6789);
     surfacescale kept;
     surfacestate(s, &kept);
     surfaceidentity(s);
     surfacesetstate(s, &kept);
-    CHECK(s->unitx == 180);
-    CHECK(s->unity == 180);
-    CHECK(s->scalex == 96);
-    CHECK(s->scaley == 96);
-    CHECK(s->shiftx == 90);
-    CHECK(s->deviceshifty == 24);
+    CHECK(device(12345, 6789) == before);
 
-    // The shifts that come back are those of the origin, whatever was kept.
-    kept.shiftx = 12345;
+    kept.shiftx = 12345; // whatever was kept of them
     s->originx = 180;
     surfacesetstate(s, &kept);
-    CHECK(s->shiftx == 180);
-    CHECK(s->deviceshiftx == 96);
-}
-
-TEST_CASE("a metafile's scale leaves y alone")
-{
-    drawn();
-    surfacesetscale(180, -180, 180, 180);
-    CHECK(devicey(77) == 77);
-    CHECK(devicex(77) == 77);
+    CHECK(s->shiftx == 90);
+    CHECK(s->deviceshiftx == 48);
 }
 
 TEST_CASE("initialised, a surface has nothing and the screen's scale")
@@ -275,14 +207,13 @@ TEST_CASE("initialised, a surface has nothing and the screen's scale")
     surface s;
     s = {};
     s.pen = s.savedpen = s.brush = s.savedbrush = s.font = s.savedfont = 1;
-    s.originx = s.originy = 5;
+    s.originx = s.originy = s.viewx = s.viewy = 5;
     s.flags = SURFACECLIPPED;
     modeinfo.xdpi = 72;
     modeinfo.ydpi = 144;
     surfaceinit(&s);
     CHECK((s.pen | s.savedpen | s.brush | s.savedbrush | s.font | s.savedfont) == 0);
-    CHECK(s.originx == 0);
-    CHECK(s.originy == 0);
+    CHECK((s.originx | s.originy | s.viewx | s.viewy) == 0);
     CHECK(s.unitx == 180);
     CHECK(s.scalex == 72);
     CHECK(s.scaley == 144);
@@ -295,27 +226,20 @@ TEST_CASE("a view moves by whole pixels, at any scale and whatever is set later"
     for (int32_t unit : {180, 90, 37}) {
         surfaceview(s, 0, 0);
         surfacesetunits(unit, unit);
-        int32_t x = devicex(1003), y = devicey(-777);
+        const auto [x, y] = device(1003, -777);
         surfaceview(s, 13, 29);
-        CHECK(devicex(1003) == x - 13);
-        CHECK(devicey(-777) == y - 29);
+        CHECK(device(1003, -777) == at{x - 13, y - 29});
         surfacescale kept;
         surfacestate(s, &kept);
         surfacesetscale(1, 1, 3, 3);
         surfacesetstate(s, &kept);
-        CHECK(devicex(1003) == x - 13);
-        CHECK(devicey(-777) == y - 29);
+        CHECK(device(1003, -777) == at{x - 13, y - 29});
     }
-    surfaceinit(s);
-    surfaceshifts(s);
-    CHECK(devicex(180) == 96);
-    clearcurrentsurface();
 }
 
 TEST_CASE("the chain of surfaces")
 {
-    REQUIRE_FALSE(surfaces);
-    surface *a = nullptr, *b = nullptr, *c = nullptr;
+    surface *a, *b, *c;
     REQUIRE_FALSE(surfacenew(&a));
     REQUIRE_FALSE(surfacenew(&b));
     REQUIRE_FALSE(surfacenew(&c));
@@ -335,9 +259,7 @@ TEST_CASE("the chain of surfaces")
 
     flexfailafter(0);
     surface *none = nullptr;
-    errorblock *err = surfacenew(&none);
-    REQUIRE(err);
-    CHECK(err->code == ERRORMEMORY);
+    CHECK(codeof(surfacenew(&none)) == ERRORMEMORY);
     CHECK_FALSE(none);
     CHECK(surfaces == a);
     surfacefree(a);
