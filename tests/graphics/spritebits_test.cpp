@@ -1,16 +1,16 @@
 // From sprites to bitmaps: bytes, colours, and which pixel goes where.
-#include "base/errors.h"
 #include "graphics/colours.h"
 #include "graphics/palette.h"
 #include "graphics/spritebits.h"
 #include "graphics/spriterow.h"
 #include "graphics/surface.h"
+#include "tests/graphics/codeof.h"
 #include "tests/graphics/spritemade.h"
 
 #include <doctest/doctest.h>
 
+#include <array>
 #include <cstdio>
-#include <initializer_list>
 
 namespace
 {
@@ -30,23 +30,25 @@ struct laid {
     laid &operator=(const laid &) = delete;
 };
 
-// The table of a made sprite, and how many colours it has.
-uint32_t colours[SPRITETABLESIZE];
-int32_t coloursof(const spritemade &made, const uint32_t *pixtrans = nullptr, bool greyed = false)
+using words = std::vector<uint32_t>;
+
+// The colours of a made sprite, 0xRRGGBB.
+words coloursof(const spritemade &made, const uint32_t *pixtrans = nullptr, bool greyed = false)
 {
     laid s(made);
-    return spritecolours(&s.layout, pixtrans, greyed, colours);
+    words colours(SPRITETABLESIZE);
+    colours.resize(static_cast<size_t>(spritecolours(&s.layout, pixtrans, greyed, colours.data())));
+    return colours;
 }
 
-std::string hex(const uint8_t *bytes, size_t count)
+// Those of palette words, made out of sixteen.
+words expanded(const uint32_t *base)
 {
-    std::string out;
-    for (size_t n = 0; n < count; n++) {
-        char text[4];
-        std::snprintf(text, sizeof text, "%02x", bytes[n]);
-        out += text;
-    }
-    return out;
+    words colours(256);
+    paletteexpand(base, colours.data());
+    for (uint32_t &word : colours)
+        word = (word >> 8 & 255) << 16 | (word >> 16 & 255) << 8 | word >> 24;
+    return colours;
 }
 
 // The first bytes of the only row of a sprite, as a bitmap has them.
@@ -55,9 +57,15 @@ std::string converted(int32_t bpp, const std::vector<uint32_t> &pixels, size_t c
     spritemade made = spritestriped(bpp, static_cast<int32_t>(pixels.size()), 1, false);
     made.pixels = pixels;
     laid s(made);
-    uint8_t out[64] = {};
-    spriterowconvert(&s.layout, 0, out);
-    return hex(out, count);
+    uint8_t row[64] = {};
+    spriterowconvert(&s.layout, 0, row);
+    std::string hex;
+    for (size_t n = 0; n < count; n++) {
+        char text[4];
+        std::snprintf(text, sizeof text, "%02x", row[n]);
+        hex += text;
+    }
+    return hex;
 }
 
 uint32_t bitsat(const void *rows, int32_t rowbytes, int32_t height, int32_t bpp, int32_t x,
@@ -112,15 +120,7 @@ bool inbox(const spritebox &box, int32_t x, int32_t y)
 // Plots into a bitmap, and looks at all pixels inside the clip.
 void checkplot(const laid &s, const spritefactors &factors, const spritebox &clip, bool greyed)
 {
-    int32_t width = s.made.width * factors.xmul / factors.xdiv;
-    int32_t height = s.made.height * factors.ymul / factors.ydiv;
-    spriteshown shown = {width < 0 ? 10 + width : 10,
-                         height < 0 ? 20 : 20 - height,
-                         width < 0 ? -width : width,
-                         height < 0 ? -height : height,
-                         width < 0,
-                         height < 0,
-                         greyed};
+    const spriteshown shown = spriteshownat(s.made, 10, 20, factors, greyed);
     spriteplace place = spriteplaceat(&s.layout, 10, 20, &factors);
     spritebitmap bitmap;
     REQUIRE_FALSE(spritebitsplace(&s.layout, {nullptr, greyed}, &place, clip, &bitmap));
@@ -133,6 +133,14 @@ void checkplot(const laid &s, const spritefactors &factors, const spritebox &cli
                 FAIL_CHECK("another colour at a pixel");
             }
     spritebitsfree(&bitmap);
+}
+
+using four = std::array<int32_t, 4>;
+
+// Left, top, right and bottom.
+four edges(const spritebox &box)
+{
+    return {box.left, box.top, box.right, box.bottom};
 }
 
 spritebitmap warped(const laid &s, const spritewarp &warp, const spritebox &clip)
@@ -164,24 +172,6 @@ TEST_CASE("rows change the order of their pixels")
     CHECK(converted(32, {0xFF0000FF, 0x99123456}, 6) == "0000ff123456");
 }
 
-TEST_CASE("every byte of a row by itself")
-{
-    for (int32_t bpp : {1, 2, 4}) {
-        std::vector<uint32_t> pixels;
-        for (uint32_t byte = 0; byte < 256; byte++)
-            for (int32_t n = 0; n < 8 / bpp; n++)
-                pixels.push_back(byte >> n * bpp & ((1u << bpp) - 1));
-        spritemade made = spritestriped(bpp, static_cast<int32_t>(pixels.size()), 1, false);
-        made.pixels = pixels;
-        laid s(made);
-        std::vector<uint8_t> out(512);
-        spriterowconvert(&s.layout, 0, out.data());
-        int32_t depth = bpp == 2 ? 4 : bpp;
-        for (size_t n = 0; n < pixels.size(); n++)
-            REQUIRE(bitsat(out.data(), 0, 1, depth, static_cast<int32_t>(n), 0) == pixels[n]);
-    }
-}
-
 TEST_CASE("sprites at every depth, size, turn and clip")
 {
     const spritefactors sizes[] = {{1, 1, 1, 1},  {2, 3, 1, 1},  {1, 1, 2, 3},   {5, 3, 3, 5},
@@ -192,6 +182,7 @@ TEST_CASE("sprites at every depth, size, turn and clip")
             for (int firstbit : {0, 4}) {
                 spritemade made = spritestriped(bpp, 9, 7, masked);
                 made.firstbit = bpp < 8 ? firstbit : 0;
+                if (bpp == 16) made.pixels[1] = 0x7FFF; // beside 0, the furthest greys
                 laid s(made);
                 for (const spritefactors &size : sizes)
                     for (const spritebox &clip : clips)
@@ -204,42 +195,31 @@ TEST_CASE("sprites at every depth, size, turn and clip")
             }
 }
 
-TEST_CASE("the deepest greys keep their shades")
-{
-    spritemade made = spritestriped(16, 2, 1, false);
-    made.pixels = {0, 0x7FFF};
-    laid s(made);
-    checkplot(s, {1, 1, 1, 1}, EVERYWHERE, true);
-}
-
 TEST_CASE("a bitmap is as deep as its sprite, unless a mask leaves no number free")
 {
     struct {
-        int32_t bpp;
-        bool masked;
-        int32_t wanted;
-    } const rows[] = {{1, false, 1},   {2, false, 4},   {4, false, 4},   {8, false, 8},
-                      {16, false, 16}, {24, false, 24}, {32, false, 24}, {1, true, 4},
-                      {2, true, 4},    {4, true, 8},    {8, true, 24},   {16, true, 16}};
-    for (const auto &row : rows) {
-        CAPTURE(row.bpp);
-        spritemade made = spritestriped(row.bpp, 5, 5, row.masked);
-        for (uint32_t &word : made.palette)
-            word |= 0x01000000; // none of them is black
+        int32_t bpp, plain, masked, black; // black, where a colour hides
+    } const rows[] = {{1, 1, 4, 1},    {2, 4, 4, 4},    {4, 4, 8, 4},   {8, 8, 24, 8},
+                      {16, 16, 16, 0}, {24, 24, 24, 0}, {32, 24, 24, 0}};
+    auto depthof = [](const spritemade &made) {
         laid s(made);
         spriteplace place = spriteplaceat(&s.layout, 0, 5, nullptr);
         spritebitmap bitmap;
         REQUIRE_FALSE(spritebitsplace(&s.layout, {}, &place, EVERYWHERE, &bitmap));
-        CHECK(bitmap.bpp == row.wanted);
         spritebitsfree(&bitmap);
-        if (row.bpp <= 8) { // black hides, at any depth
+        return bitmap.bpp;
+    };
+    for (const auto &row : rows)
+        for (bool masked : {false, true}) {
+            CAPTURE(row.bpp);
+            spritemade made = spritestriped(row.bpp, 5, 5, masked);
+            for (uint32_t &word : made.palette)
+                word |= 0x01000000; // none of them is black
+            CHECK(depthof(made) == (masked ? row.masked : row.plain));
+            if (!row.black) continue;
             made.palette.back() = 0;
-            laid black(made);
-            REQUIRE_FALSE(spritebitsplace(&black.layout, {}, &place, EVERYWHERE, &bitmap));
-            CHECK(bitmap.bpp == (row.bpp == 2 ? 4 : row.bpp));
-            spritebitsfree(&bitmap);
+            CHECK(depthof(made) == row.black);
         }
-    }
 }
 
 TEST_CASE("colours: a palette, its expansion, the default, the caller's")
@@ -247,59 +227,38 @@ TEST_CASE("colours: a palette, its expansion, the default, the caller's")
     coloursinstall();
     spritemade made = spritestriped(1, 1, 1, false);
     made.palette = {0x11223300, 0xAABBCC00};
-    CHECK(coloursof(made) == 2);
-    CHECK(colours[0] == 0x332211);
-    CHECK(colours[1] == 0xCCBBAA);
+    CHECK(coloursof(made) == words{0x332211, 0xCCBBAA});
     const uint32_t pixtrans[] = {0xFF000000, 0x00FF0000};
-    coloursof(made, pixtrans);
-    CHECK(colours[0] == 0x0000FF);
-    CHECK(colours[1] == 0x00FF00);
-    coloursof(made, pixtrans, true);
-    CHECK(colours[0] == 0x8D8D8D); // 29 * 128 / 255 + 127
-
+    CHECK(coloursof(made, pixtrans) == words{0x0000FF, 0x00FF00});
+    // 29 * 128 / 255 + 127, and 149 likewise
+    CHECK(coloursof(made, pixtrans, true) == words{0x8D8D8D, 0xC9C9C9});
     made.palette.clear();
-    coloursof(made);
-    CHECK(colours[0] == 0xFFFFFF);
-    CHECK(colours[1] == 0);
+    CHECK(coloursof(made) == words{0xFFFFFF, 0});
+
     made = spritestriped(2, 1, 1, false);
-    made.palette = {0x00000100};
-    CHECK(coloursof(made) == 4);
-    CHECK(colours[0] == 0x010000); // its own
-    CHECK(colours[1] == 0xDDDDDD); // and the default's
-    CHECK(colours[2] == 0x999999);
-    CHECK(colours[3] == 0);
+    made.palette = {0x00000100}; // and the default's behind it
+    CHECK(coloursof(made) == words{0x010000, 0xDDDDDD, 0x999999, 0});
+
     made = spritestriped(4, 1, 1, false);
     made.palette.clear();
-    CHECK(coloursof(made) == 16);
-    CHECK(colours[8] == 0x004499);
-    CHECK(colours[15] == 0x00BBFF);
+    words sixteen = coloursof(made);
+    REQUIRE(sixteen.size() == 16);
+    CHECK(sixteen[8] == 0x004499);
+    CHECK(sixteen[15] == 0x00BBFF);
 }
 
 TEST_CASE("eight bits with few colours are expanded")
 {
-    uint32_t wanted[256];
     spritemade made = spritestriped(8, 1, 1, false);
     made.palette.clear();
-    CHECK(coloursof(made) == 256);
-    CHECK(colours[0] == 0);
-    CHECK(colours[0x10] == 0x880000); // bit 4 is red's
-    CHECK(colours[0x20] == 0x004400);
-    CHECK(colours[0x40] == 0x008800);
-    CHECK(colours[0x80] == 0x000088);
-    CHECK(colours[0xFF] == 0xFFFFFF);
+    CHECK(coloursof(made) == expanded(palettebase));
+    CHECK(coloursof(made)[0x10] == 0x880000); // bit 4 is red's
 
     for (uint32_t n = 0; n < 64; n++)
         made.palette.push_back(n * 0x04030200);
-    paletteexpand(&made.palette[48], wanted);
-    coloursof(made);
-    for (uint32_t n = 0; n < 256; n++)
-        REQUIRE(colours[n] ==
-                ((wanted[n] >> 8 & 255) << 16 | (wanted[n] >> 16 & 255) << 8 | wanted[n] >> 24));
+    CHECK(coloursof(made) == expanded(&made.palette[48]));
     made.palette.resize(16);
-    paletteexpand(&made.palette[0], wanted);
-    coloursof(made);
-    CHECK(colours[200] ==
-          ((wanted[200] >> 8 & 255) << 16 | (wanted[200] >> 16 & 255) << 8 | wanted[200] >> 24));
+    CHECK(coloursof(made) == expanded(&made.palette[0]));
 }
 
 TEST_CASE("places: nothing for a size of nothing, or out of all bounds")
@@ -320,10 +279,8 @@ TEST_CASE("places: nothing for a size of nothing, or out of all bounds")
     CHECK(bitmap.height == 30);
     CHECK(shownat(bitmap, 5, 5, false) == spritecolourat(s.made, 5, 5, false));
     spritebitsfree(&bitmap);
-    errorblock *err =
-        spritebitsplace(&s.layout, {}, &place, {-100000000, 0, 1000000, 1000000}, &bitmap);
-    REQUIRE(err);
-    CHECK(err->code == ERRORMEMORY);
+    const spritebox vast = {-100000000, 0, 1000000, 1000000};
+    CHECK(codeof(spritebitsplace(&s.layout, {}, &place, vast, &bitmap)) == ERRORMEMORY);
     CHECK(!bitmap.rows);
 }
 
@@ -337,10 +294,7 @@ TEST_CASE("a warp onto an upright rectangle is a place")
     const spritepoint upright[] = {{256, 2560}, {5120, 2560}, {5120, 300}, {256, 300}};
     spritewarpcorners(upright, part, &scale, &warp);
     REQUIRE(spritewarpupright(&warp, &place));
-    CHECK(place.box.left == 1);
-    CHECK(place.box.right == 20);
-    CHECK(place.box.top == 90);
-    CHECK(place.box.bottom == 99);
+    CHECK(edges(place.box) == four{1, 90, 20, 99});
     CHECK_FALSE(place.flipx);
     CHECK_FALSE(place.flipy);
     CHECK(spriteplacex(&place, 1) == 1);
@@ -412,10 +366,8 @@ TEST_CASE("a matrix sets the size by the mode's pixels and the surface's scale")
     REQUIRE_FALSE(
         spritewarpmatrix(spritein(s.bytes), &s.layout, {1, 1, 5, 3}, &twice, &scale, &warp));
     REQUIRE(spritewarpupright(&warp, &place));
-    CHECK(place.box.left == 2 + 2); // two pixels of the device to one of the sprite
-    CHECK(place.box.right == 2 + 10);
-    CHECK(place.box.bottom == -3 - 4); // and twice as high
-    CHECK(place.box.top == -3 - 12);
+    // Two pixels of the device to one of the sprite, and twice as high.
+    CHECK(edges(place.box) == four{2 + 2, -3 - 12, 2 + 10, -3 - 4});
 }
 
 TEST_CASE("a warp shows every part of the sprite, the same whatever the clip")
@@ -441,8 +393,6 @@ TEST_CASE("a warp shows every part of the sprite, the same whatever the clip")
     // The area of the part of the parallelogram between the rows.
     CHECK(inside > 1800);
     CHECK(inside < 3000);
-    spritepoint from;
-    CHECK_FALSE(spritewarpfind(&warp, 3, 99, &from));
 }
 
 TEST_CASE("warps without area or out of all bounds are nothing")

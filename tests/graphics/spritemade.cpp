@@ -1,5 +1,7 @@
 #include "tests/graphics/spritemade.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <functional>
 
 namespace
@@ -162,4 +164,38 @@ int32_t spritecolourplotted(const spritemade &made, const spriteshown &shown, in
     if (shown.flipy) down = 1 - down;
     return spritecolourat(made, static_cast<int32_t>(across * made.width),
                           static_cast<int32_t>(down * made.height), shown.greyed);
+}
+
+spriteshown spriteshownat(const spritemade &made, int32_t x, int32_t y,
+                          const spritefactors &factors, bool greyed)
+{
+    int32_t width = made.width * factors.xmul / factors.xdiv;
+    int32_t height = made.height * factors.ymul / factors.ydiv;
+    return {std::min(x, x + width),
+            std::min(y, y - height),
+            std::abs(width),
+            std::abs(height),
+            width < 0,
+            height < 0,
+            greyed};
+}
+
+areamade::areamade()
+{
+    spriteinit(&block);
+}
+
+areamade::~areamade()
+{
+    flex_free(&block);
+}
+
+const spritearea &areamade::head() const
+{
+    return *static_cast<spritearea *>(block);
+}
+
+std::string areamade::used() const
+{
+    return {static_cast<char *>(block) + 4, static_cast<size_t>(head().free) - 4};
 }

@@ -2,6 +2,7 @@
 // telling of what they look like.
 #pragma once
 
+#include "graphics/spriteplace.h"
 #include "graphics/sprites.h"
 
 #include <cstdint>
@@ -34,13 +35,28 @@ const sprite *spritein(const std::string &bytes);
 // for one that is hidden or outside.
 int32_t spritecolourat(const spritemade &made, int32_t x, int32_t y, bool greyed);
 
-// What a device shows of the sprite plotted over a box, mirrored by a negative
-// size: found(x, y) for each pixel, -1 for what is left alone.
+// What a device shows of the sprite plotted over a box: the colour of each pixel,
+// -1 for what is left alone.
 struct spriteshown {
     int32_t left, top, width, height; // the box, of positive size
     bool flipx, flipy, greyed;
 };
 int32_t spritecolourplotted(const spritemade &made, const spriteshown &shown, int32_t x, int32_t y);
+
+// What plotting it with its lower left corner at a device pixel's edge shows.
+spriteshown spriteshownat(const spritemade &made, int32_t x, int32_t y,
+                          const spritefactors &factors, bool greyed);
+
+// An area, freed at the end.
+struct areamade {
+    flexptr block = nullptr;
+    areamade();
+    ~areamade();
+    const spritearea &head() const;
+    std::string used() const; // as the bytes of a file
+    areamade(const areamade &) = delete;
+    areamade &operator=(const areamade &) = delete;
+};
 
 // Of the native tests, whose spriteresource has these bytes as the resource
 // "made" of module 7.
