@@ -5,6 +5,7 @@
 #include "graphics/fonts.h"
 #include "graphics/plot.h"
 #include "graphics/textmeasure.h"
+#include "graphics/win32/surfacecontext.h"
 #include "tests/graphics/win32/canvas.h"
 #include "tests/graphics/win32/fonttools.h"
 
@@ -12,6 +13,7 @@
 #include <windows.h>
 
 #include <cstdlib>
+#include <functional>
 #include <string>
 
 namespace
@@ -19,24 +21,19 @@ namespace
 
 using extent = canvas::extent;
 
-HDC context()
-{
-    return reinterpret_cast<HDC>(currentsurface->dc);
-}
-
 // Where a character's ink lies whose origin is at x, y in pixels: drawn there by
 // the system alone, in the same font.
 extent inkat(char character, int32_t x, int32_t y)
 {
     constexpr int32_t size = 400, middle = 200;
-    HGDIOBJ font = GetCurrentObject(context(), OBJ_FONT);
+    HGDIOBJ font = GetCurrentObject(surfacecontext(), OBJ_FONT);
     surface *drawing = currentsurface;
     canvas c(size, size);
-    HGDIOBJ before = SelectObject(context(), font);
-    SetTextAlign(context(), TA_BASELINE);
-    SetBkMode(context(), TRANSPARENT);
-    TextOutA(context(), middle, middle, &character, 1);
-    SelectObject(context(), before);
+    HGDIOBJ before = SelectObject(surfacecontext(), font);
+    SetTextAlign(surfacecontext(), TA_BASELINE);
+    SetBkMode(surfacecontext(), TRANSPARENT);
+    TextOutA(surfacecontext(), middle, middle, &character, 1);
+    SelectObject(surfacecontext(), before);
     extent ink = c.drawn();
     setcurrentsurface(drawing);
     return {ink.left - middle + x, ink.top - middle + y, ink.right - middle + x,
@@ -49,13 +46,6 @@ extent drawnby(canvas &c, uint32_t align, const char *text, int32_t x, int32_t y
     fontalign(align);
     plottext(text, 2064, x, -y);
     return c.drawn();
-}
-
-int32_t widthof(const char *text)
-{
-    glyphextent box;
-    textbox(text, &box);
-    return box.right;
 }
 
 bool within(const extent &a, const extent &b, int32_t by)
@@ -93,14 +83,12 @@ TEST_CASE("text at 96 to the inch")
     canvas c(200, 60, 96);
     fontshown shown(192);
     fontalign(33);
-    plottext("H", 2064, 90, -60); // half and a third of an inch
-    CHECK(c.drawn() == inkat('H', 48, 32));
-    c.clear();
-    plottext("H", 2064, 91, -61); // the fraction is dropped
-    CHECK(c.drawn() == inkat('H', 48, 32));
+    const extent wanted = inkat('H', 48, 32); // half and a third of an inch
+    plottext("H", 2064, 91, -61);             // the fraction is dropped
+    CHECK(c.drawn() == wanted);
     c.clear();
     plottext("H", 0, 91 * 400, -61 * 400);
-    CHECK(c.drawn() == inkat('H', 48, 32));
+    CHECK(c.drawn() == wanted);
 }
 
 TEST_CASE("all plotters draw the same text alike")
@@ -108,67 +96,39 @@ TEST_CASE("all plotters draw the same text alike")
     canvas c(120, 40);
     fontshown shown(160);
     fontalign(33);
-    plottext("W\xE9g\x80", 2064, 10, -25);
-    const std::string plain = c.picture();
-    const char *longer = "W\xE9g\x80 and more";
-    char16_t wide[] = u"W\u00E9g\u20AC and more", ended[] = u"W\u00E9g\u20AC";
     constexpr plotmatrix same = {ONE, 0, 0, ONE, 0, 0};
-    c.clear();
-    SUBCASE("n")
-    {
-        plottextn(longer, 4, 2064, 10, -25);
+    constexpr uint32_t glyphs = 2064 | TEXTGLYPHS;
+    const char *text = "W\xE9g\x80", *longer = "W\xE9g\x80 and more";
+    char16_t wide[] = u"W\u00E9g\u20AC and more", ended[] = u"W\u00E9g\u20AC";
+    char16_t asglyphs[] = u"W\u00E9g\u20AC and more", asglyphsm[] = u"W\u00E9g\u20AC";
+    struct {
+        const char *name;
+        std::function<void()> plot;
+    } const plotters[] = {
+        {"n", [&] { plottextn(longer, 4, 2064, 10, -25); }},
+        {"w", [&] { plottextw(ended, 2064, 10, -25); }},
+        {"m", [&] { plottextm(text, 2064, 10, -25, &same); }},
+        {"x", [&] { plottextx(longer, 4, 2064, 10, -25, nullptr, nullptr); }},
+        {"xs", [&] { plottextxs(longer, 4, 2064, 10, -25, nullptr, nullptr, ONE, ONE); }},
+        {"xm", [&] { plottextxm(longer, 4, 2064, 10, -25, nullptr, nullptr, &same); }},
+        {"xw", [&] { plottextxw(wide, 4, 2064, 10, -25, nullptr, nullptr); }},
+        {"xsw", [&] { plottextxsw(wide, 4, 2064, 10, -25, nullptr, nullptr, ONE, ONE); }},
+        {"xmw", [&] { plottextxmw(wide, 4, 2064, 10, -25, nullptr, nullptr, &same); }},
+        {"tab", [&] { plottexttab(text, 2064, 10, -25, 0, nullptr); }},
+        {"millipoints", [&] { plottextn(longer, 4, 2048, 4000, -10000); }},
+        {"glyphs", [&] { plottextxw(asglyphs, 4, glyphs, 10, -25, nullptr, nullptr); }},
+        {"glyphs, m", [&] { plottextxmw(asglyphsm, 4, glyphs, 10, -25, nullptr, nullptr, &same); }},
+    };
+    plottext(text, 2064, 10, -25);
+    const std::string plain = c.picture();
+    for (const auto &plotter : plotters) {
+        CAPTURE(plotter.name);
+        c.clear();
+        plotter.plot();
+        CHECK(c.picture() == plain);
     }
-    SUBCASE("w")
-    {
-        plottextw(ended, 2064, 10, -25);
-    }
-    SUBCASE("m")
-    {
-        plottextm("W\xE9g\x80", 2064, 10, -25, &same);
-    }
-    SUBCASE("x")
-    {
-        plottextx(longer, 4, 2064, 10, -25, nullptr, nullptr);
-    }
-    SUBCASE("xs")
-    {
-        plottextxs(longer, 4, 2064, 10, -25, nullptr, nullptr, ONE, ONE);
-    }
-    SUBCASE("xm")
-    {
-        plottextxm(longer, 4, 2064, 10, -25, nullptr, nullptr, &same);
-    }
-    SUBCASE("xw")
-    {
-        plottextxw(wide, 4, 2064, 10, -25, nullptr, nullptr);
-    }
-    SUBCASE("xsw")
-    {
-        plottextxsw(wide, 4, 2064, 10, -25, nullptr, nullptr, ONE, ONE);
-    }
-    SUBCASE("xmw")
-    {
-        plottextxmw(wide, 4, 2064, 10, -25, nullptr, nullptr, &same);
-    }
-    SUBCASE("tab")
-    {
-        plottexttab("W\xE9g\x80", 2064, 10, -25, 0, nullptr);
-    }
-    SUBCASE("millipoints")
-    {
-        plottextn(longer, 4, 2048, 4000, -10000);
-    }
-    SUBCASE("glyphs")
-    {
-        plottextxw(wide, 4, 2064 | TEXTGLYPHS, 10, -25, nullptr, nullptr);
-        CHECK(wide[0] != u'W'); // the caller's own text became the glyphs
-        CHECK(wide[4] == u' ');
-    }
-    SUBCASE("glyphs through a matrix")
-    {
-        plottextxmw(wide, 4, 2064 | TEXTGLYPHS, 10, -25, nullptr, nullptr, &same);
-    }
-    CHECK(c.picture() == plain);
+    CHECK(asglyphs[0] != u'W'); // the caller's own text became the glyphs
+    CHECK(asglyphs[4] == u' ');
 }
 
 TEST_CASE("text on an opaque background fills its line")
@@ -191,12 +151,13 @@ TEST_CASE("spacing tells each character's advance")
     fontshown shown(160);
     fontalign(33);
     constexpr int32_t spacing[] = {0, 50, 30};
+    const int32_t right = inkat('H', 60, 40).right;
     plottextx("IIH", 3, 2064, 10, -40, nullptr, spacing);
-    CHECK(c.drawn().right == inkat('H', 60, 40).right);
+    CHECK(c.drawn().right == right);
     c.clear();
     char16_t wide[] = u"IIH";
     plottextxw(wide, 3, 2064, 10, -40, nullptr, spacing);
-    CHECK(c.drawn().right == inkat('H', 60, 40).right);
+    CHECK(c.drawn().right == right);
 }
 
 TEST_CASE("a clip box cuts text off, however it is plotted")
@@ -207,39 +168,41 @@ TEST_CASE("a clip box cuts text off, however it is plotted")
     // As the box is told, upper right corner first; in pixels, 20..59 by 25..44.
     constexpr textclip box = {60, -25, 20, -45};
     constexpr plotmatrix slant = {ONE, ONE / 8, 0, ONE, 0, 0};
-    auto plotwith = [&](int how, const textclip *clip) {
+    char16_t wide[] = u"HHHHHHHH";
+    const char *text = "HHHHHHHH";
+    struct {
+        const char *name;
+        std::function<void(const textclip *clip)> plot;
+    } const plotters[] = {
+        {"x", [&](auto clip) { plottextx(text, 8, 2064, 5, -50, clip, nullptr); }},
+        {"xs", [&](auto clip) { plottextxs(text, 8, 2064, 5, -50, clip, nullptr, 2 * ONE, ONE); }},
+        {"xm", [&](auto clip) { plottextxm(text, 8, 2064, 5, -50, clip, nullptr, &slant); }},
+        {"xw", [&](auto clip) { plottextxw(wide, 8, 2064, 5, -50, clip, nullptr); }},
+        {"xsw",
+         [&](auto clip) { plottextxsw(wide, 8, 2064, 5, -50, clip, nullptr, ONE, 2 * ONE); }},
+        {"xmw", [&](auto clip) { plottextxmw(wide, 8, 2064, 5, -50, clip, nullptr, &slant); }},
+    };
+    auto pictureof = [&](const auto &plotter, const textclip *clip) {
         c.clear();
-        char16_t wide[] = u"HHHHHHHH";
-        if (how == 0) plottextx("HHHHHHHH", 8, 2064, 5, -50, clip, nullptr);
-        if (how == 1) plottextxs("HHHHHHHH", 8, 2064, 5, -50, clip, nullptr, 2 * ONE, ONE);
-        if (how == 2) plottextxm("HHHHHHHH", 8, 2064, 5, -50, clip, nullptr, &slant);
-        if (how == 3) plottextxw(wide, 8, 2064, 5, -50, clip, nullptr);
-        if (how == 4) plottextxsw(wide, 8, 2064, 5, -50, clip, nullptr, ONE, 2 * ONE);
-        if (how == 5) plottextxmw(wide, 8, 2064, 5, -50, clip, nullptr, &slant);
+        plotter.plot(clip);
         return c.picture();
     };
-    for (int how = 0; how < 6; how++) {
-        CAPTURE(how);
-        std::string whole = plotwith(how, nullptr), clipped = plotwith(how, &box);
-        int kept = 0, wrong = 0;
-        for (size_t y = 0; y < 60; y++) {
-            for (size_t x = 0; x < 120; x++) {
-                bool inside = x >= 20 && x < 60 && y >= 25 && y < 45;
-                size_t at = y * 121 + x;
-                wrong += clipped[at] != (inside ? whole[at] : '.');
-                kept += clipped[at] != '.';
-            }
-        }
-        CHECK(wrong == 0);
-        CHECK(kept > 50);
-        plotwith(how, nullptr); // the clip is gone again
-        CHECK(c.picture() == whole);
+    for (const auto &plotter : plotters) {
+        CAPTURE(plotter.name);
+        std::string whole = pictureof(plotter, nullptr), wanted = whole;
+        for (size_t y = 0; y < 60; y++)
+            for (size_t x = 0; x < 120; x++)
+                if (x < 20 || x >= 60 || y < 25 || y >= 45) wanted[y * 121 + x] = '.';
+        CHECK(pictureof(plotter, &box) == wanted);
+        CHECK(c.count() > 50);
+        CHECK(pictureof(plotter, nullptr) == whole); // the clip is gone again
     }
     // Its unit is that of the position.
     c.clear();
     constexpr textclip small = {24000, -10000, 8000, -18000};
     plottextx("HHHHHHHH", 8, 0, 2000, -20000, &small, nullptr);
-    CHECK(c.picture() == plotwith(0, &box));
+    const std::string seen = c.picture();
+    CHECK(seen == pictureof(plotters[0], &box));
 }
 
 TEST_CASE("scaled text, and the plain map after it")
@@ -287,7 +250,7 @@ TEST_CASE("text through a matrix, and the plain page after it")
     CHECK(leant.right > inkat('L', 60, 80).right);
     CHECK(leant.top == inkat('L', 60, 80).top);
 
-    CHECK(GetGraphicsMode(context()) == GM_COMPATIBLE);
+    CHECK(GetGraphicsMode(surfacecontext()) == GM_COMPATIBLE);
     CHECK(drawnby(c, 33, "L", 60, 60) == inkat('L', 60, 60));
 }
 
