@@ -14,80 +14,52 @@ TEST_CASE("a line covers both its ends")
     lineto(5, -1);
     lineto(5, -3);
     CHECK(c.picture() == rows("........ .#####.. .....#.. .....#.. ........"));
-    c.clear();
-    SUBCASE("backwards")
-    {
-        moveto(5, -3);
-        lineto(2, -3);
-        CHECK(c.picture() == rows("........ ........ ........ ..####.. ........"));
-    }
-    SUBCASE("aslant")
-    {
-        moveto(0, 0);
-        lineto(4, -4);
-        CHECK(c.picture() == rows("#....... .#...... ..#..... ...#.... ....#..."));
-    }
-    SUBCASE("onto its own beginning")
-    {
-        moveto(3, -2);
-        lineto(3, -2);
-        CHECK(c.picture() == rows("........ ........ ...#.... ........ ........"));
-    }
+    auto line = [&](int32_t x0, int32_t y0, int32_t x1, int32_t y1) {
+        c.clear();
+        moveto(x0, y0);
+        lineto(x1, y1);
+        return c.picture();
+    };
+    // Backwards, aslant, and onto its own beginning.
+    CHECK(line(5, -3, 2, -3) == rows("........ ........ ........ ..####.. ........"));
+    CHECK(line(0, 0, 4, -4) == rows("#....... .#...... ..#..... ...#.... ....#..."));
+    CHECK(line(3, -2, 3, -2) == rows("........ ........ ...#.... ........ ........"));
 }
 
 TEST_CASE("fillbox leaves the right and the bottom edge out")
 {
     canvas c(7, 6);
     setcolour(0x00000000);
-    const std::string box = rows("....... .####.. .####.. .####.. ....... .......");
-    SUBCASE("from its lower left corner")
-    {
-        fillbox(1, -4, 4, 3);
-        CHECK(c.picture() == box);
-    }
-    SUBCASE("a negative size is the same box")
-    {
-        fillbox(5, -1, -4, -3);
-        CHECK(c.picture() == box);
+    auto filled = [&](int32_t x, int32_t y, int32_t width, int32_t height) {
         c.clear();
-        fillbox(5, -4, -4, 3);
-        CHECK(c.picture() == box);
-    }
-    SUBCASE("nothing is as wide as nothing")
-    {
-        fillbox(2, -2, 0, 3);
-        fillbox(2, -2, 3, 0);
-        CHECK(c.blank());
-    }
-    SUBCASE("a whole area")
-    {
-        fillbox(0, -6, 7, 6);
-        CHECK(c.count() == 42);
-    }
-    SUBCASE("far ends stay on their side")
-    {
-        fillbox(INT32_MAX, -4, INT32_MAX, 3);
-        CHECK(c.blank());
-        fillbox(INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX);
-        CHECK(c.blank());
-        fillbox(3, -4, INT32_MAX, INT32_MAX);
-        CHECK(c.drawn() == canvas::extent{3, 0, 6, 3});
-    }
-    SUBCASE("a single pixel, which takes part in the mode")
-    {
-        setcolourmode(0x00ffff00, COLOURXOR);
-        fillbox(2, -4, 1, 1);
-        CHECK(c.at(2, 3) == 0xff0000);
-        CHECK(c.count() == 1);
-        fillbox(2, -4, 1, 1);
-        CHECK(c.blank());
-    }
-    SUBCASE("a column and a row")
-    {
-        fillbox(2, -4, 1, 3);
-        fillbox(4, -3, 3, 1);
-        CHECK(c.picture() == rows("....... ..#.... ..#.### ..#.... ....... ......."));
-    }
+        fillbox(x, y, width, height);
+        return c.picture();
+    };
+    // From any of its corners; a negative size is the same box.
+    const std::string box = rows("....... .####.. .####.. .####.. ....... .......");
+    CHECK(filled(1, -4, 4, 3) == box);
+    CHECK(filled(5, -1, -4, -3) == box);
+    CHECK(filled(5, -4, -4, 3) == box);
+    // A column and a row, all of it, and nothing.
+    CHECK(filled(2, -4, 1, 3) == rows("....... ..#.... ..#.... ..#.... ....... ......."));
+    CHECK(filled(4, -3, 3, 1) == rows("....... ....... ....### ....... ....... ......."));
+    CHECK(filled(0, -6, 7, 6) == rows("####### ####### ####### ####### ####### #######"));
+    const std::string blank = rows("....... ....... ....... ....... ....... .......");
+    CHECK(filled(2, -2, 0, 3) == blank);
+    CHECK(filled(2, -2, 3, 0) == blank);
+    // Far ends stay on their side.
+    CHECK(filled(INT32_MAX, -4, INT32_MAX, 3) == blank);
+    CHECK(filled(INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX) == blank);
+    CHECK(filled(3, -4, INT32_MAX, INT32_MAX) ==
+          rows("...#### ...#### ...#### ...#### ....... ......."));
+
+    // A single pixel takes part in the mode too.
+    setcolourmode(0x00ffff00, COLOURXOR);
+    filled(2, -4, 1, 1);
+    CHECK(c.at(2, 3) == 0xff0000);
+    CHECK(c.count() == 1);
+    fillbox(2, -4, 1, 1);
+    CHECK(c.blank());
 }
 
 TEST_CASE("drawbox covers its end pixels")
@@ -138,7 +110,6 @@ TEST_CASE("boxes that touch in OS units touch in pixels at any scale")
     for (int32_t scale : {72, 96, 120, 144, 180, 300}) {
         CAPTURE(scale);
         canvas c(90, 90, scale);
-        setcolour(0x00000000);
         int32_t pixels = 0;
         for (int32_t column = 0; column < 5; column++) {
             setcolour(column & 1 ? 0xff000000 : 0x0000ff00);

@@ -2,6 +2,7 @@
 
 #include "graphics/palette.h"
 #include "graphics/plot.h"
+#include "graphics/win32/surfacecontext.h"
 #include "tests/graphics/win32/canvas.h"
 
 #include <doctest/doctest.h>
@@ -9,11 +10,6 @@
 
 namespace
 {
-
-HDC dcof(const canvas &c)
-{
-    return reinterpret_cast<HDC>(c.drawing->dc);
-}
 
 // The colour that a fill and an outline leave now, over what is there.
 uint32_t filled(const canvas &c)
@@ -63,36 +59,29 @@ TEST_CASE("modes")
     setcolourmode(0xFFFFFF00, COLOURXOR);
     setcolour(0x01020300);
     CHECK(filled(c) == 0x010203);
-
-    c.clear(0x123456);
-    setcolourmode(0xABCDEF00, COLOURXOR);
-    filled(c);
-    filled(c);
-    for (int x = 0; x < 4; x++)
-        CHECK(c.at(x, x) == 0x123456);
 }
 
 TEST_CASE("the number road")
 {
     canvas c(4, 4);
     setgcol(11);
-    CHECK(filled(c) == 0x0000dd >> 0);
+    CHECK(filled(c) == 0x0000dd);
     setgcol(0x38); // exclusive-or
-    CHECK(GetROP2(dcof(c)) == R2_XORPEN);
+    CHECK(GetROP2(surfacecontext()) == R2_XORPEN);
     CHECK(filled(c) == (0x0000dd ^ 0x994400));
     setgcol(0x48);
-    CHECK(GetROP2(dcof(c)) == R2_COPYPEN);
+    CHECK(GetROP2(surfacecontext()) == R2_COPYPEN);
     CHECK(filled(c) == 0x994400);
 
     setgcol(0x83);
-    CHECK(GetBkMode(dcof(c)) == OPAQUE);
-    CHECK(GetBkColor(dcof(c)) == 0x999999);
+    CHECK(GetBkMode(surfacecontext()) == OPAQUE);
+    CHECK(GetBkColor(surfacecontext()) == 0x999999);
     setgcol(0xF0);
-    CHECK(GetBkMode(dcof(c)) == TRANSPARENT);
-    CHECK(GetBkColor(dcof(c)) == 0x999999);
+    CHECK(GetBkMode(surfacecontext()) == TRANSPARENT);
+    CHECK(GetBkColor(surfacecontext()) == 0x999999);
     setgcol(0xBF); // bits 4 to 6 are 3: for a background no more than any other
-    CHECK(GetBkMode(dcof(c)) == OPAQUE);
-    CHECK(GetBkColor(dcof(c)) == 0xffbb00);
+    CHECK(GetBkMode(surfacecontext()) == OPAQUE);
+    CHECK(GetBkColor(surfacecontext()) == 0xffbb00);
     CHECK(filled(c) == 0x994400); // pen and brush are left alone
 }
 
@@ -117,21 +106,17 @@ TEST_CASE("one pen and one brush a surface, and the context gets its own back")
     int before = gdiobjects();
     {
         canvas c(4, 4);
-        HGDIOBJ pen = GetCurrentObject(dcof(c), OBJ_PEN);
-        HGDIOBJ brush = GetCurrentObject(dcof(c), OBJ_BRUSH);
+        HGDIOBJ pen = GetCurrentObject(surfacecontext(), OBJ_PEN);
+        HGDIOBJ brush = GetCurrentObject(surfacecontext(), OBJ_BRUSH);
         setcolour(0);
         int one = gdiobjects();
         for (uint32_t i = 0; i < 200; i++)
             setcolour(i << 12);
         CHECK(gdiobjects() == one);
-        CHECK(reinterpret_cast<HGDIOBJ>(c.drawing->savedpen) == pen);
-        CHECK(reinterpret_cast<HGDIOBJ>(c.drawing->savedbrush) == brush);
         surfacerelease(c.drawing);
-        CHECK(GetCurrentObject(dcof(c), OBJ_PEN) == pen);
-        CHECK(GetCurrentObject(dcof(c), OBJ_BRUSH) == brush);
+        CHECK(GetCurrentObject(surfacecontext(), OBJ_PEN) == pen);
+        CHECK(GetCurrentObject(surfacecontext(), OBJ_BRUSH) == brush);
         CHECK(gdiobjects() == one - 2);
-        CHECK_FALSE(c.drawing->pen);
-        CHECK_FALSE(c.drawing->savedbrush);
     }
     CHECK(gdiobjects() == before);
 }

