@@ -183,7 +183,9 @@ TEST_CASE("a word clicked while a square is made stands marked, and can be unmar
     };
     grid.flags[8][8] = CELLMARKED;
     markrescan();
+    CHECK(solselect(1, false)); // it is no longer selected
     CHECK(wsmake() == nullptr);
+    CHECK(solselected() == 0);
     CHECK(nomark()); // the square is emptied
     CHECK(headlessrun() == nullptr);
     CHECK(cellssum(grid.flags) == 3 * CELLMARKED);
