@@ -19,8 +19,9 @@ import zlib
 ROOT, MADE = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
 FOLDERS = ["app", "base", "desktop", "dict", "find", "graphics", "grid", "output"]
 
-# Errors that are made and that nobody sees: what was cancelled needs no message.
-UNSEEN = {"ESCAN", "ELCAN"}
+# Errors that are made and that nobody sees: what was cancelled needs no message, and
+# neither does a field that was left empty.
+UNSEEN = {"ESCAN", "ELCAN", "EREP"}
 # A question that a program of several documents would ask.
 NEVERASKED = {"FS09"}
 # Buttons of the box for questions that no question of this program has, and the
