@@ -22,9 +22,9 @@ const char *const explained[] = {
 // Calls of the system that fail for the sake of a file or a name that the user
 // gave. Any other that fails is the program's own mistake.
 const char *const calls[] = {
-    "CreateFile",  "ReadFile",         "WriteFile",     "DeleteFile",   "MoveFile",
-    "MoveFileEx",  "Create Directory", "FindFirstFile", "SetEndOfFile", "GetFileAttributesEx",
-    "SetFileTime", "FlushFileBuffers",
+    "CreateFile",  "ReadFile",         "WriteFile",         "DeleteFile",   "MoveFile",
+    "MoveFileEx",  "Create Directory", "FindFirstFile",     "SetEndOfFile", "GetFileAttributesEx",
+    "SetFileTime", "FlushFileBuffers", "CreateEnhMetaFile",
 };
 
 // A star stands for anything.
