@@ -3,7 +3,7 @@
 #include "base/flex.h"
 
 #define DOCTEST_CONFIG_IMPLEMENT
-#include <doctest/doctest.h>
+#include "tests/support/listener.h"
 
 #include <cstring>
 #include <filesystem>
@@ -18,11 +18,8 @@ std::string datafolder;
 bool shaking;
 
 // Leaks are found where they happen: a test ends with what it began with.
-struct blockwatch : doctest::IReporter {
+struct blockwatch : listener {
     explicit blockwatch(const doctest::ContextOptions &) {}
-    void report_query(const doctest::QueryData &) override {}
-    void test_run_start() override {}
-    void test_run_end(const doctest::TestRunStats &) override {}
     void test_case_start(const doctest::TestCaseData &) override
     {
         modulesreset();
@@ -36,12 +33,6 @@ struct blockwatch : doctest::IReporter {
         modulesreset();
         CHECK_MESSAGE(flexblocks() == blocksatrest, "blocks left behind: ", flexblocks());
     }
-    void test_case_exception(const doctest::TestCaseException &) override {}
-    void subcase_start(const doctest::SubcaseSignature &) override {}
-    void subcase_end() override {}
-    void log_assert(const doctest::AssertData &) override {}
-    void log_message(const doctest::MessageData &) override {}
-    void test_case_skipped(const doctest::TestCaseData &) override {}
 };
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "tests/app/screen/boxhands.h"
 
-#include "app/mainwindow.h"
 #include "tests/support/driver.h"
 
 #include <windows.h>

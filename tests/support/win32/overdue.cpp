@@ -2,8 +2,8 @@
 // name, the windows that are up, and a picture of the screen. Killed from outside
 // it would say nothing.
 #include "tests/support/driver.h"
+#include "tests/support/listener.h"
 
-#include <doctest/doctest.h>
 #include <windows.h>
 
 #include <atomic>
@@ -57,30 +57,21 @@ void watch()
     }
 }
 
-struct overduewatch : doctest::IReporter {
+struct overduewatch : listener {
     explicit overduewatch(const doctest::ContextOptions &) {}
-    void report_query(const doctest::QueryData &) override {}
     void test_run_start() override
     {
         std::thread(watch).detach();
     }
-    void test_run_end(const doctest::TestRunStats &) override {}
     void test_case_start(const doctest::TestCaseData &test) override
     {
         since = GetTickCount();
         running = test.m_name;
     }
-    void test_case_reenter(const doctest::TestCaseData &) override {}
     void test_case_end(const doctest::CurrentTestCaseStats &) override
     {
         running = nullptr;
     }
-    void test_case_exception(const doctest::TestCaseException &) override {}
-    void subcase_start(const doctest::SubcaseSignature &) override {}
-    void subcase_end() override {}
-    void log_assert(const doctest::AssertData &) override {}
-    void log_message(const doctest::MessageData &) override {}
-    void test_case_skipped(const doctest::TestCaseData &) override {}
 };
 
 } // namespace
