@@ -130,6 +130,12 @@ bool gridinside(int32_t x, int32_t y)
     return x >= 0 && x < grid.width && y >= 0 && y < grid.height;
 }
 
+uint8_t gridletter(int32_t x, int32_t y)
+{
+    uint8_t letter = grid.letters[x][y];
+    return letter ? letter : ' ';
+}
+
 // Font height and scale come from files too: the bounds keep the product from
 // overflowing, squares from vanishing, and the extent of 127 of them in range.
 void gridsquaresize()

@@ -101,6 +101,11 @@ void gridfillrandom();  // the grid: blanks become random lower-case letters
 uint8_t gridcase(uint8_t ch);
 
 bool gridinside(int32_t x, int32_t y);
+
+// What a cell of the grid shows. A search may leave cells that hold nothing: they
+// are blanks.
+uint8_t gridletter(int32_t x, int32_t y);
+
 void gridsquaresize(); // cellwidth and cellheight from font and scale
 
 // The mark. markclear unmarks the rectangle's cells and forgets it; markrescan

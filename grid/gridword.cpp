@@ -26,13 +26,11 @@ bool wordstarts(int32_t x, int32_t y, const way &way)
     return gridinside(x, y) && !(grid.flags[x][y] & (way.visited | way.bar));
 }
 
-// A search may leave cells that hold nothing: blanks too.
 void wordtake(int32_t x, int32_t y, const way &way, char *buffer)
 {
     do {
         grid.flags[x][y] |= way.visited;
-        uint8_t letter = grid.letters[x][y];
-        *buffer++ = static_cast<char>(letter ? letter : ' ');
+        *buffer++ = static_cast<char>(gridletter(x, y));
         x += way.dx;
         y += way.dy;
     } while (gridinside(x, y) && (grid.flags[x][y] & CELLKIND) != CELLBLOCK &&

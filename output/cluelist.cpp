@@ -17,14 +17,11 @@ struct cluepass {
 constexpr cluepass acrosspass = {"Clues across.\r\n", &numberedcell::across, 1, 0};
 constexpr cluepass downpass = {"Clues down.\n\n", &numberedcell::down, 0, 1};
 
-// A search may leave cells that hold nothing; on screen they are blank too.
 void wordwrite(bfile *file, const numberedcell &cell, const cluepass &pass)
 {
     bprintf(file, "%d. ", static_cast<int>(cell.number));
-    for (int32_t i = 0; i < cell.*pass.length; i++) {
-        uint8_t letter = grid.letters[cell.x + i * pass.dx][cell.y + i * pass.dy];
-        bputc(file, letter ? letter : ' ');
-    }
+    for (int32_t i = 0; i < cell.*pass.length; i++)
+        bputc(file, gridletter(cell.x + i * pass.dx, cell.y + i * pass.dy));
     bputc(file, '\n');
 }
 

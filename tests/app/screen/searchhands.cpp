@@ -53,7 +53,6 @@ std::string row(int32_t at)
 
 void crosswordbegin(const std::string &picture)
 {
-    screenstart();
     dictionariesbegin({{"words", WORDS}});
     REQUIRE_FALSE(dictuse(0));
     documentbegin(picture);
