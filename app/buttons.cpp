@@ -17,13 +17,13 @@
 #include "find/wssolve.h"
 #include "grid/grid.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 
 window buttonwindow;
 
 namespace
 {
 
-constexpr int32_t TEMPLATECROSSWORD = 264, TEMPLATESTOP = 267, TEMPLATEWORDSQUARE = 268;
 constexpr int32_t FIELDSIZE = 33; // 32 characters
 
 bool solvingbar; // the bar with Stop is up, or else
@@ -44,7 +44,7 @@ errorblock *stoppressed()
 errorblock *anagrampressed()
 {
     char typed[FIELDSIZE];
-    errorblock *err = copyicontext(buttonwindow, FIELDANAGRAM, typed, sizeof typed);
+    errorblock *err = copyicontext(buttonwindow, BARLETTERS, typed, sizeof typed);
     return err ? err : anagramstart(typed);
 }
 
@@ -58,9 +58,9 @@ errorblock *deletepressed()
 errorblock *wordadd()
 {
     char typed[sizeof wsentry::text];
-    errorblock *err = copyicontext(buttonwindow, FIELDWORD, typed, sizeof typed);
+    errorblock *err = copyicontext(buttonwindow, BARWORD, typed, sizeof typed);
     if (!err) err = soladdtyped(typed);
-    errorblock *emptied = seticontext(buttonwindow, FIELDWORD, "");
+    errorblock *emptied = seticontext(buttonwindow, BARWORD, "");
     return err ? err : emptied;
 }
 
@@ -70,15 +70,15 @@ struct actionrow {
 };
 
 const actionrow presses[] = {
-    {BUTTONSOLVE, solvestart}, {BUTTONANAGRAM, anagrampressed},
-    {BUTTONNEW, wsnew},        {BUTTONDELETE, deletepressed},
-    {BUTTONMAKE, wsmake},      {BUTTONSQUARESOLVE, wssolve},
-    {BUTTONSTOP, stoppressed},
+    {BARSOLVE, solvestart}, {BARANAGRAM, anagrampressed},
+    {BARNEW, wsnew},        {BARDELETE, deletepressed},
+    {BARMAKE, wsmake},      {BARSQUARESOLVE, wssolve},
+    {BARSTOP, stoppressed},
 };
 
 const actionrow returns[] = {
-    {FIELDANAGRAM, anagrampressed},
-    {FIELDWORD, wordadd},
+    {BARLETTERS, anagrampressed},
+    {BARWORD, wordadd},
 };
 
 errorblock *barclick(window, intptr_t, mouserecord *mouse)
@@ -110,13 +110,13 @@ void barremember(bool caretwanted)
     caretrecord caret;
     if (!buttonwindow || solvingbar) return;
     if (barkind == GRIDCROSSWORD)
-        copyicontext(buttonwindow, FIELDANAGRAM, savedtext, sizeof savedtext);
+        copyicontext(buttonwindow, BARLETTERS, savedtext, sizeof savedtext);
     if (caretwanted && !getcaret(&caret) && caret.self == buttonwindow) savedcaret = caret.icon;
 }
 
 void barrecall()
 {
-    if (barkind == GRIDCROSSWORD) seticontext(buttonwindow, FIELDANAGRAM, savedtext);
+    if (barkind == GRIDCROSSWORD) seticontext(buttonwindow, BARLETTERS, savedtext);
     if (savedcaret != -1) caretatend(buttonwindow, savedcaret);
     savedcaret = -1;
 }
@@ -131,8 +131,8 @@ errorblock *barremove()
 
 errorblock *barcreate()
 {
-    int32_t number = barkind == GRIDWORDSQUARE ? TEMPLATEWORDSQUARE : TEMPLATECROSSWORD;
-    if (solvingbar) number = TEMPLATESTOP;
+    int32_t number = barkind == GRIDWORDSQUARE ? TEMPLATEBARSQUARE : TEMPLATEBAR;
+    if (solvingbar) number = TEMPLATEBARSTOP;
     errorblock *err = createchild(number, &buttonwindow, mainwindow);
     if (!err) err = addclickhandler(barclick, buttonwindow, 0);
     if (!err) err = addkeyhandler(barkey, buttonwindow, 0);
@@ -194,12 +194,12 @@ void marklengthfield(int32_t length)
 {
     if (!buttonwindow || solvingbar || barkind != GRIDCROSSWORD) return;
     if (length < 0)
-        seticontext(buttonwindow, FIELDMARKLENGTH, "");
+        seticontext(buttonwindow, BARMARKLENGTH, "");
     else
-        seticontextf(buttonwindow, FIELDMARKLENGTH, "%d", length);
+        seticontextf(buttonwindow, BARMARKLENGTH, "%d", length);
 }
 
 void progressshow(int32_t n)
 {
-    if (solvingbar) seticontextf(buttonwindow, FIELDPROGRESS, "%d", n);
+    if (solvingbar) seticontextf(buttonwindow, BARPROGRESS, "%d", n);
 }

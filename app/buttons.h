@@ -10,13 +10,6 @@
 // The bar, 0 before there is one; changed by swapbuttons alone.
 extern window buttonwindow;
 
-// Controls of the bars.
-constexpr int32_t BUTTONSOLVE = 1001, BUTTONANAGRAM = 1002, FIELDANAGRAM = 1007,
-                  FIELDMARKLENGTH = 1008;
-constexpr int32_t FIELDWORD = 1027, BUTTONDELETE = 1004, BUTTONMAKE = 1025,
-                  BUTTONSQUARESOLVE = 1026, BUTTONNEW = 1003;
-constexpr int32_t BUTTONSTOP = 1021, FIELDPROGRESS = 1020;
-
 // Puts up the bar with Stop, or the one of the document's kind, and clears the
 // stop flag. Nothing without a main window.
 errorblock *swapbuttons(int solving);

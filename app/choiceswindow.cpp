@@ -15,15 +15,15 @@
 #include "find/solutions.h"
 #include "grid/grid.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 
 #include <iterator>
 
 namespace
 {
 
-constexpr int32_t TEMPLATECHOICES = 266;
-constexpr int32_t BUTTONOK = 1, BUTTONCANCEL = 2, BUTTONSAVE = 3;
-constexpr numberfield LIMIT = {1022, 1023, MAXSOLUTIONSMIN, MAXSOLUTIONSMIN, MAXSOLUTIONSMAX};
+constexpr numberfield LIMIT = {CHOICESMAX, CHOICESMAXARROWS, MAXSOLUTIONSMIN, MAXSOLUTIONSMIN,
+                               MAXSOLUTIONSMAX};
 constexpr uint32_t BLACK = 0, WHITE = 0xFFFFFF00;
 
 struct {
@@ -32,10 +32,10 @@ struct {
 } dialog;
 
 const samplerow rows[] = {
-    {1016, 1033, &dialog.scratch.cursorcolour, nullptr},
-    {1019, 1012, &dialog.scratch.selectedcolour, nullptr},
-    {1017, 1011, nullptr, &dialog.scratch.dictfont},
-    {1018, 1013, nullptr, &dialog.scratch.solfont},
+    {CHOICESCURSORSAMPLE, CHOICESCURSORPICKER, &dialog.scratch.cursorcolour, nullptr},
+    {CHOICESSELECTEDSAMPLE, CHOICESSELECTEDPICKER, &dialog.scratch.selectedcolour, nullptr},
+    {CHOICESDICTSAMPLE, CHOICESDICTPICKER, nullptr, &dialog.scratch.dictfont},
+    {CHOICESSOLSAMPLE, CHOICESSOLPICKER, nullptr, &dialog.scratch.solfont},
 };
 const sampleset samples = {rows, std::size(rows), &BLACK, &WHITE};
 
@@ -89,11 +89,11 @@ errorblock *clicked(window self, intptr_t, mouserecord *mouse)
 {
     if (mouse->buttons != BUTTONLEFT) return nullptr;
     switch (mouse->icon) {
-    case BUTTONOK:
+    case DIALOGOK:
         return choicestake(false);
-    case BUTTONSAVE:
+    case CHOICESSAVE:
         return choicestake(true);
-    case BUTTONCANCEL:
+    case DIALOGCANCEL:
         return dialogend();
     }
     return sampleschoose(self, samples, static_cast<int32_t>(mouse->icon));

@@ -26,6 +26,7 @@
 #include "grid/gridshape.h"
 #include "grid/gridsizewindow.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 
 namespace
 {
@@ -166,29 +167,29 @@ struct commandrow {
 };
 
 const commandrow commands[] = {
-    {40001, newgrid, true, nullptr, nullptr},
-    {40002, newwords, true, nullptr, nullptr},
-    {40022, fileopen, true, nullptr, nullptr},
-    {40028, gridsavecommand, false, named, nullptr},
-    {40004, filesaveas, false, nullptr, nullptr},
-    {40005, filesaveclues, false, nullptr, nullptr},
-    {40006, gridsavedefault, false, nullptr, nullptr},
-    {40007, programexit, false, nullptr, nullptr},
-    {40017, checkspelling, true, spellable, nullptr},
-    {40020, newdictionary, true, dictdirectoryexists, nullptr},
-    {40030, crosswordbegin, true, nullptr, crossword},
-    {40031, wordsquarebegin, true, nullptr, wordsquare},
-    {40008, sizeask, true, nullptr, nullptr},
-    {40009, reflectvertical, true, crossword, nullptr},
-    {40010, reflecthorizontal, true, crossword, nullptr},
-    {40023, reflectrising, true, crossword, nullptr},
-    {40011, reflectfalling, true, crossword, nullptr},
-    {40013, upperswitch, true, nullptr, upper},
-    {40014, lowerswitch, true, nullptr, lower},
-    {40026, customiseopen, true, nullptr, nullptr},
-    {40027, choicesopen, true, nullptr, nullptr},
-    {40015, manual, false, nullptr, nullptr},
-    {40016, about, false, nullptr, nullptr},
+    {COMMANDNEWGRID, newgrid, true, nullptr, nullptr},
+    {COMMANDNEWWORDS, newwords, true, nullptr, nullptr},
+    {COMMANDOPEN, fileopen, true, nullptr, nullptr},
+    {COMMANDSAVE, gridsavecommand, false, named, nullptr},
+    {COMMANDSAVEAS, filesaveas, false, nullptr, nullptr},
+    {COMMANDSAVECLUES, filesaveclues, false, nullptr, nullptr},
+    {COMMANDSAVEDEFAULT, gridsavedefault, false, nullptr, nullptr},
+    {COMMANDEXIT, programexit, false, nullptr, nullptr},
+    {COMMANDSPELLCHECK, checkspelling, true, spellable, nullptr},
+    {COMMANDNEWDICT, newdictionary, true, dictdirectoryexists, nullptr},
+    {COMMANDCROSSWORD, crosswordbegin, true, nullptr, crossword},
+    {COMMANDWORDSQUARE, wordsquarebegin, true, nullptr, wordsquare},
+    {COMMANDSIZE, sizeask, true, nullptr, nullptr},
+    {COMMANDREFLECTVERTICAL, reflectvertical, true, crossword, nullptr},
+    {COMMANDREFLECTHORIZONTAL, reflecthorizontal, true, crossword, nullptr},
+    {COMMANDREFLECTRISING, reflectrising, true, crossword, nullptr},
+    {COMMANDREFLECTFALLING, reflectfalling, true, crossword, nullptr},
+    {COMMANDUPPERCASE, upperswitch, true, nullptr, upper},
+    {COMMANDLOWERCASE, lowerswitch, true, nullptr, lower},
+    {COMMANDCUSTOMISE, customiseopen, true, nullptr, nullptr},
+    {COMMANDCHOICES, choicesopen, true, nullptr, nullptr},
+    {COMMANDHELP, manual, false, nullptr, nullptr},
+    {COMMANDABOUT, about, false, nullptr, nullptr},
 };
 
 errorblock *commandnow(intptr_t row)

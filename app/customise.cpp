@@ -11,17 +11,14 @@
 #include "desktop/windows.h"
 #include "grid/grid.h"
 #include "grid/gridsettings.h"
+#include "resources/identifiers.h"
 
 namespace
 {
 
-constexpr int32_t TEMPLATECROSSWORD = 265, TEMPLATEWORDSQUARE = 269;
-constexpr int32_t BUTTONOK = 1, BUTTONCANCEL = 2;
-constexpr int32_t BOXSOLUTIONS = 1032;
-
 // The arrows go further down than what is taken.
-constexpr numberfield SCALE = {1007, 1015, 90, SQUARESCALEMIN, SQUARESCALEMAX};
-constexpr numberfield LENGTH = {1008, 1016, 1, 1, MINWORDMAX};
+constexpr numberfield SCALE = {CUSTOMSCALE, CUSTOMSCALEARROWS, 90, SQUARESCALEMIN, SQUARESCALEMAX};
+constexpr numberfield LENGTH = {CUSTOMLENGTH, CUSTOMLENGTHARROWS, 1, 1, MINWORDMAX};
 
 struct {
     window self;          // 0 while it isn't open
@@ -31,12 +28,12 @@ struct {
 
 // A Wordsquare has the first rows only: no blocks and no numbers.
 const samplerow rows[] = {
-    {1009, 1010, &dialog.scratch.gridcolour, nullptr},
-    {1014, 1019, &dialog.scratch.textcolour, nullptr},
-    {1012, 1020, &dialog.scratch.backcolour, nullptr},
-    {1013, 1018, nullptr, &dialog.scratch.gridfont},
-    {1011, 1017, &dialog.scratch.fillcolour, nullptr},
-    {1016, 1021, nullptr, &dialog.scratch.cluefont},
+    {CUSTOMGRIDSAMPLE, CUSTOMGRIDPICKER, &dialog.scratch.gridcolour, nullptr},
+    {CUSTOMTEXTSAMPLE, CUSTOMTEXTPICKER, &dialog.scratch.textcolour, nullptr},
+    {CUSTOMBACKSAMPLE, CUSTOMBACKPICKER, &dialog.scratch.backcolour, nullptr},
+    {CUSTOMFONTSAMPLE, CUSTOMFONTPICKER, nullptr, &dialog.scratch.gridfont},
+    {CUSTOMFILLSAMPLE, CUSTOMFILLPICKER, &dialog.scratch.fillcolour, nullptr},
+    {CUSTOMCLUESAMPLE, CUSTOMCLUEPICKER, nullptr, &dialog.scratch.cluefont},
 };
 constexpr int32_t ROWSCROSSWORD = 6, ROWSWORDSQUARE = 4;
 
@@ -52,14 +49,8 @@ struct directionrow {
     uint32_t bit;
 };
 const directionrow directions[] = {
-    {1030, 1},  // Left
-    {1034, 2},  // Down+Left
-    {1033, 4},  // Up+Left
-    {1029, 8},  // Down
-    {1028, 16}, // Up
-    {1031, 32}, // Right
-    {1036, 64}, // Down+Right
-    {1035, 128} // Up+Right
+    {CUSTOMLEFT, 1}, {CUSTOMDOWNLEFT, 2}, {CUSTOMUPLEFT, 4},     {CUSTOMDOWN, 8},
+    {CUSTOMUP, 16},  {CUSTOMRIGHT, 32},   {CUSTOMDOWNRIGHT, 64}, {CUSTOMUPRIGHT, 128},
 };
 
 errorblock *clicked(window, intptr_t, mouserecord *mouse);
@@ -90,7 +81,7 @@ errorblock *makingshow()
 {
     const gridsettings &shown = dialog.scratch;
     errorblock *err = numbershow(dialog.self, LENGTH, shown.minwordlength);
-    if (!err) err = seticonselected(dialog.self, BOXSOLUTIONS, shown.showsolutions != 0);
+    if (!err) err = seticonselected(dialog.self, CUSTOMSOLUTIONS, shown.showsolutions != 0);
     for (const directionrow &row : directions)
         if (!err)
             err = seticonselected(dialog.self, row.box, (shown.filldirections & row.bit) != 0);
@@ -102,7 +93,7 @@ errorblock *makingtake()
     gridsettings &taken = dialog.scratch;
     errorblock *err = numbertake(dialog.self, LENGTH, &taken.minwordlength);
     int on;
-    if (!err) err = iconselected(dialog.self, BOXSOLUTIONS, &on);
+    if (!err) err = iconselected(dialog.self, CUSTOMSOLUTIONS, &on);
     if (!err) taken.showsolutions = on;
     taken.filldirections = 0;
     for (const directionrow &row : directions) {
@@ -125,8 +116,8 @@ errorblock *settingstake()
 errorblock *clicked(window self, intptr_t, mouserecord *mouse)
 {
     if (mouse->buttons != BUTTONLEFT) return nullptr;
-    if (mouse->icon == BUTTONOK) return settingstake();
-    if (mouse->icon == BUTTONCANCEL) return dialogend();
+    if (mouse->icon == DIALOGOK) return settingstake();
+    if (mouse->icon == DIALOGCANCEL) return dialogend();
     return sampleschoose(self, samples(), static_cast<int32_t>(mouse->icon));
 }
 
@@ -141,7 +132,7 @@ errorblock *customiseopen()
 {
     if (dialog.self) return raisewindow(dialog.self, 0, nullptr);
     bool square = grid.kind == GRIDWORDSQUARE;
-    errorblock *err = createwindow(square ? TEMPLATEWORDSQUARE : TEMPLATECROSSWORD, nullptr,
+    errorblock *err = createwindow(square ? TEMPLATECUSTOMSQUARE : TEMPLATECUSTOM, nullptr,
                                    &dialog.self, mainwindow);
     if (err) return err;
     dialog.kind = grid.kind;

@@ -17,6 +17,7 @@
 #include "grid/grid.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 
 #include <initializer_list>
 
@@ -24,8 +25,6 @@ window mainwindow;
 
 namespace
 {
-
-constexpr int32_t TEMPLATEMAIN = 256;
 
 // The size that the file read last remembers, which may be read before there is
 // a window; 0 for none.

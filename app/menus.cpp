@@ -5,15 +5,12 @@
 #include "desktop/menus.h"
 #include "dict/dicteditwindow.h"
 #include "dict/dictmenu.h"
+#include "resources/identifiers.h"
 
 #include <iterator>
 
 namespace
 {
-
-// The positions of the menus in the bar, and of those inside Grid.
-constexpr int32_t BARFILE = 0, BARWORDS = 1, BARGRID = 2, BARHELP = 3;
-constexpr int32_t GRIDTYPES = 0, GRIDREFLECT = 2;
 
 menurow part(int32_t tag, int32_t parent, int32_t position)
 {
@@ -37,15 +34,15 @@ menurow root(int32_t tag, const char *resource, menuselectfunction select,
 
 menurow menutable[] = {
     root(MENUMAIN, "Main", menuselect, menuprepare),
-    part(MENUFILE, MENUMAIN, BARFILE),
-    part(MENUWORDS, MENUMAIN, BARWORDS),
-    part(MENUGRID, MENUMAIN, BARGRID),
-    part(MENUHELP, MENUMAIN, BARHELP),
-    part(MENUREFLECT, MENUGRID, GRIDREFLECT),
+    part(MENUFILE, MENUMAIN, MENUATFILE),
+    part(MENUWORDS, MENUMAIN, MENUATWORDS),
+    part(MENUGRID, MENUMAIN, MENUATGRID),
+    part(MENUHELP, MENUMAIN, MENUATHELP),
+    part(MENUREFLECT, MENUGRID, MENUATREFLECT),
     part(MENUDICTIONARIES, 0, 0),
     root(MENUWORDLIST, "Dict", editmenuselect, nullptr),
     part(MENUWORDLISTITEMS, MENUWORDLIST, 0),
-    part(MENUGRIDTYPE, MENUGRID, GRIDTYPES),
+    part(MENUGRIDTYPE, MENUGRID, MENUATGRIDTYPE),
     part(-1, 0, 0),
 };
 
@@ -53,7 +50,7 @@ menulink link;
 
 bool dictionarychoice(const int32_t *path)
 {
-    return path[0] == BARWORDS && dictmenuat(path[1]);
+    return path[0] == MENUATWORDS && dictmenuat(path[1]);
 }
 
 int32_t lastword(const int32_t *path)

@@ -11,10 +11,6 @@
 
 struct errorblock;
 
-// Tags of the menus, and where each main menu stands in the bar.
-constexpr int32_t MENUMAIN = 1, MENUFILE = 2, MENUGRID = 4, MENUHELP = 5, MENUREFLECT = 6,
-                  MENUGRIDTYPE = 10;
-
 // The selection and the preparation of the bar. path: positions from the bar
 // down, then the command or -1, then -1.
 errorblock *menuselect(const int32_t *path, window w);

@@ -1,24 +1,25 @@
 // The application's windows, by number.
 #include "desktop/templates.h"
 #include "app/stages.h"
+#include "resources/identifiers.h"
 
 static templaterow templates[] = {
     {TEMPLATECONFIRM, 1, nullptr, "Confirm"},
     {TEMPLATEINFO, 1, nullptr, "Info"},
-    {256, 0, nullptr, "main"},
-    {257, 0, nullptr, "solutions"},
-    {258, 0, nullptr, "grid"},
-    {259, 0, nullptr, "gridsize"},
-    {260, 0, nullptr, "newdict"},
-    {261, 0, nullptr, "edit"},
-    {262, 0, nullptr, "check"},
-    {263, 0, nullptr, "pane"},
-    {264, 0, nullptr, "buttons"},
-    {265, 0, nullptr, "custom"},
-    {266, 0, nullptr, "choices"},
-    {267, 0, nullptr, "buttons1"},
-    {268, 0, nullptr, "buttons2"},
-    {269, 0, nullptr, "customw"},
+    {TEMPLATEMAIN, 0, nullptr, "main"},
+    {TEMPLATESOLUTIONS, 0, nullptr, "solutions"},
+    {TEMPLATEGRID, 0, nullptr, "grid"},
+    {TEMPLATEGRIDSIZE, 0, nullptr, "gridsize"},
+    {TEMPLATENEWDICT, 0, nullptr, "newdict"},
+    {TEMPLATEEDIT, 0, nullptr, "edit"},
+    {TEMPLATECHECK, 0, nullptr, "check"},
+    {TEMPLATEPANE, 0, nullptr, "pane"},
+    {TEMPLATEBAR, 0, nullptr, "buttons"},
+    {TEMPLATECUSTOM, 0, nullptr, "custom"},
+    {TEMPLATECHOICES, 0, nullptr, "choices"},
+    {TEMPLATEBARSTOP, 0, nullptr, "buttons1"},
+    {TEMPLATEBARSQUARE, 0, nullptr, "buttons2"},
+    {TEMPLATECUSTOMSQUARE, 0, nullptr, "customw"},
     {0, 0, nullptr, nullptr},
 };
 

@@ -43,6 +43,3 @@ int32_t templatenumber(const char *name); // ignoring case; 0 if none
 errorblock *createwindow(int32_t number, const char *title, window *w, window parent);
 errorblock *createtop(int32_t number, window *w);
 errorblock *createchild(int32_t number, window *w, window parent);
-
-// The library's own, linked by tasktemplates of stages.h.
-constexpr int32_t TEMPLATECONFIRM = 1, TEMPLATEINFO = 3;

@@ -10,6 +10,7 @@
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "dict/wordimport.h"
+#include "resources/identifiers.h"
 
 #include <iterator>
 
@@ -17,7 +18,6 @@ namespace
 {
 
 constexpr const char *FILTERWORDS = "Text file of words (*.txt)";
-constexpr int32_t ENTRYIMPORT = 40024, ENTRYEXPORT = 40025;
 
 char importpath[PATHSIZE]; // of the import that waits for a search's end
 
@@ -96,8 +96,8 @@ errorblock *editmenuselect(const int32_t *path, window)
 {
     if (!editor.self) return nullptr;
     for (; *path != -1; path++) {
-        if (*path == ENTRYIMPORT) return editimportbox();
-        if (*path == ENTRYEXPORT) return editexportbox();
+        if (*path == COMMANDIMPORT) return editimportbox();
+        if (*path == COMMANDEXPORT) return editexportbox();
     }
     return nullptr;
 }

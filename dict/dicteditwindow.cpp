@@ -11,6 +11,7 @@
 #include "desktop/windows.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
+#include "resources/identifiers.h"
 
 #include <cstring>
 
@@ -18,11 +19,6 @@ editrecord editor;
 
 namespace
 {
-
-constexpr int32_t TEMPLATEEDIT = 261;
-
-constexpr int32_t FIELDWORD = 1017, FIELDCOUNT = 1015, PLACELIST = 1018;
-constexpr int32_t BUTTONADD = 1005, BUTTONDELETE = 1013, BUTTONOK = 1012, BUTTONCANCEL = 2;
 
 // The editor may have closed while a search came to its end.
 errorblock *addpressed(intptr_t)
@@ -64,10 +60,10 @@ struct pressrow {
 };
 
 const pressrow presses[] = {
-    {BUTTONADD, addpressed},
-    {BUTTONDELETE, deletepressed},
-    {BUTTONOK, okpressed},
-    {BUTTONCANCEL, cancelpressed},
+    {EDITADD, addpressed},
+    {EDITDELETE, deletepressed},
+    {EDITOK, okpressed},
+    {DIALOGCANCEL, cancelpressed},
 };
 
 errorblock *editclick(window, intptr_t, mouserecord *mouse)
@@ -81,7 +77,7 @@ errorblock *editclick(window, intptr_t, mouserecord *mouse)
 // With a button in focus Return presses that.
 errorblock *editkey(window, intptr_t, int32_t icon, int32_t *code)
 {
-    if ((*code & ~KEYPRESS) != KEYRETURN || (icon != FIELDWORD && icon != -1)) return nullptr;
+    if ((*code & ~KEYPRESS) != KEYRETURN || (icon != EDITWORD && icon != -1)) return nullptr;
     *code = KEYCLAIMED;
     return dictwhenidle(addpressed, 0);
 }
@@ -130,7 +126,7 @@ errorblock *editclose()
 
 errorblock *countshow(wordview *view)
 {
-    return seticontextf(editor.self, FIELDCOUNT, "%d",
+    return seticontextf(editor.self, EDITCOUNT, "%d",
                         static_cast<int32_t>(dictcount(view->wordrows)));
 }
 
@@ -139,12 +135,12 @@ errorblock *editcreate(window parent, const Dictionary *dict)
     char title[sizeof "{EDIT} ()" + sizeof editor.name];
     errorblock *err = xzsnprintf(sizeof title, nullptr, title, "{EDIT} (%s)", editor.name);
     if (!err) err = createwindow(TEMPLATEEDIT, title, &editor.self, parent);
-    if (!err) err = wordviewopen(&editor.view, editor.self, FIELDWORD, PLACELIST, dict);
+    if (!err) err = wordviewopen(&editor.view, editor.self, EDITWORD, EDITLIST, dict);
     if (!err) err = handlersadd();
     if (!err) err = countshow(&editor.view);
     if (!err) err = opencentred(editor.self, 0);
     if (!err) err = wordviewplace(&editor.view);
-    if (!err) err = setcaret(editor.self, FIELDWORD, 0, 0, 0, 0);
+    if (!err) err = setcaret(editor.self, EDITWORD, 0, 0, 0, 0);
     return err;
 }
 
@@ -182,7 +178,7 @@ errorblock *editadd(uint32_t number)
     char word[ICONTEXTSIZE];
     dictrec *record = &dicts[number];
     uint32_t before = dictcount(&record->dict);
-    errorblock *err = copyicontext(editor.self, FIELDWORD, word, sizeof word);
+    errorblock *err = copyicontext(editor.self, EDITWORD, word, sizeof word);
     if (!err) err = dictneed(number);
     if (!err) err = dictadd(word, &record->dict);
     if (err) return err;

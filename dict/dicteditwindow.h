@@ -14,8 +14,7 @@
 
 struct errorblock;
 
-// The tags of the list's menu and of its first level, and their selection.
-constexpr int32_t MENUWORDLIST = 8, MENUWORDLISTITEMS = 9;
+// The selection of the list's menu.
 errorblock *editmenuselect(const int32_t *path, window w);
 
 // Changed by dicteditwindow.cpp alone.

@@ -6,11 +6,12 @@
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
+#include "resources/identifiers.h"
 
 namespace
 {
 
-constexpr int32_t positions[] = {DICTMENULOAD, DICTMENUEDIT, DICTMENUDELETE};
+constexpr int32_t positions[] = {MENUATLOAD, MENUATEDIT, MENUATDELETE};
 
 // A single & would underline the letter behind it.
 errorblock *nameappend(uint32_t number)
@@ -68,7 +69,7 @@ void dictmenuprepare(int32_t position)
 {
     for (uint32_t n = 0; n < ndicts; n++)
         tickmenu(MENUDICTIONARIES, DICTMENUFIRST + static_cast<int32_t>(n),
-                 position == DICTMENULOAD && dictinset(n));
+                 position == MENUATLOAD && dictinset(n));
 }
 
 errorblock *dictmenuselect(int32_t position, int32_t id)
@@ -76,11 +77,11 @@ errorblock *dictmenuselect(int32_t position, int32_t id)
     if (id < DICTMENUFIRST || id >= DICTMENUFIRST + static_cast<int32_t>(ndicts)) return nullptr;
     auto number = static_cast<uint32_t>(id - DICTMENUFIRST);
     switch (position) {
-    case DICTMENULOAD:
+    case MENUATLOAD:
         return dicttoggle(number);
-    case DICTMENUEDIT:
+    case MENUATEDIT:
         return dictedit(number);
-    case DICTMENUDELETE:
+    case MENUATDELETE:
         return removechosen(number);
     }
     return nullptr;

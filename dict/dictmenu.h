@@ -9,11 +9,7 @@
 
 struct errorblock;
 
-// The tags of Words and of the menu of names.
-constexpr int32_t MENUWORDS = 3, MENUDICTIONARIES = 7;
-
-// The positions in Words that it hangs at.
-constexpr int32_t DICTMENULOAD = 1, DICTMENUEDIT = 2, DICTMENUDELETE = 4;
+// Whether it hangs at this position of Words.
 bool dictmenuat(int32_t position);
 
 // Entry n, from 0, has this identifier and the number.

@@ -9,12 +9,10 @@
 #include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
+#include "resources/identifiers.h"
 
 namespace
 {
-
-constexpr int32_t TEMPLATENEWDICT = 260;
-constexpr int32_t FIELDNAME = 1030, BUTTONOK = 1, BUTTONCANCEL = 2;
 
 struct newdictrecord {
     window self, parent; // self 0 while closed
@@ -44,9 +42,9 @@ errorblock *boxclose()
 errorblock *boxclick(window, intptr_t, mouserecord *mouse)
 {
     if (mouse->buttons != BUTTONLEFT) return nullptr;
-    if (mouse->icon == BUTTONCANCEL) return boxclose();
-    if (mouse->icon != BUTTONOK) return nullptr;
-    errorblock *err = copyicontext(box.self, FIELDNAME, box.name, sizeof box.name);
+    if (mouse->icon == DIALOGCANCEL) return boxclose();
+    if (mouse->icon != DIALOGOK) return nullptr;
+    errorblock *err = copyicontext(box.self, NEWDICTNAME, box.name, sizeof box.name);
     if (err) return err;
     err = boxclose();
     return err ? err : dictwhenidle(createnow, 0);
@@ -60,11 +58,11 @@ errorblock *boxclosed(window, intptr_t)
 errorblock *boxcreate(window parent)
 {
     errorblock *err = createwindow(TEMPLATENEWDICT, nullptr, &box.self, parent);
-    if (!err) err = seticonlimit(box.self, FIELDNAME, sizeof box.name - 1);
+    if (!err) err = seticonlimit(box.self, NEWDICTNAME, sizeof box.name - 1);
     if (!err) err = addclickhandler(boxclick, box.self, 0);
     if (!err) err = addclosehandler(boxclosed, box.self, 0);
     if (!err) err = opencentred(box.self, 0);
-    if (!err) err = setcaret(box.self, FIELDNAME, 0, 0, 0, 0);
+    if (!err) err = setcaret(box.self, NEWDICTNAME, 0, 0, 0, 0);
     if (!err) err = enablewindow(parent, 0);
     if (!err) box.parent = parent;
     return err;

@@ -6,6 +6,7 @@
 #include "desktop/templates.h"
 #include "desktop/windows.h"
 #include "graphics/modeinfo.h"
+#include "resources/identifiers.h"
 
 #include <algorithm>
 #include <cstring>
@@ -13,7 +14,6 @@
 namespace
 {
 
-constexpr int32_t TEMPLATEPANE = 263;
 constexpr int32_t FRAME = 2; // pixels of the edge that the place draws around itself
 
 wordview *views; // the open ones

@@ -19,6 +19,7 @@
 #include "graphics/textplot.h"
 #include "grid/appearance.h"
 #include "grid/grid.h"
+#include "resources/identifiers.h"
 
 #include <algorithm>
 #include <cstring>
@@ -27,8 +28,6 @@ window solutionswindow;
 
 namespace
 {
-
-constexpr int32_t TEMPLATESOLUTIONS = 257;
 
 // OS units.
 constexpr int32_t TEXTLEFT = 6, TEXTTOP = 2, PICTURETOP = 10, BARRIGHT = 4;

@@ -18,6 +18,7 @@
 #include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
 #include "find/spell.h"
+#include "resources/identifiers.h"
 
 #include <cstring>
 
@@ -26,9 +27,6 @@ checkrecord check;
 namespace
 {
 
-constexpr int32_t TEMPLATECHECK = 262;
-constexpr int32_t FIELD = 1019, BROWSE = 1021, DICTIONARIES = 1022, PLACE = 1023, ADD = 1024,
-                  CONTINUE = 1025, CLOSE = 1026;
 constexpr uint32_t INFORMATION = 2 << 16; // an askbox with OK alone
 
 const Dictionary nowords = {};
@@ -141,7 +139,7 @@ errorblock *wordadd(dictrec *record)
 {
     char word[ICONTEXTSIZE];
     uint32_t before = dictcount(&record->dict);
-    errorblock *err = copyicontext(check.self, FIELD, word, sizeof word);
+    errorblock *err = copyicontext(check.self, CHECKFIELD, word, sizeof word);
     if (!err) err = dictneed(dictset.numbers[check.dictionary]);
     if (!err) err = dictadd(word, &record->dict);
     if (err) return err;
@@ -206,7 +204,7 @@ errorblock *browseclick()
     bool same;
     errorblock *err = namesfollow(&same);
     if (!err) err = check.browsing ? guess() : browse();
-    return err ? err : seticonselected(check.self, BROWSE, check.browsing);
+    return err ? err : seticonselected(check.self, CHECKBROWSE, check.browsing);
 }
 
 // A search walks the dictionaries and writes into the grid: what would disturb
@@ -231,13 +229,13 @@ errorblock *addidle(intptr_t thennext)
 errorblock *clicked(window, intptr_t, mouserecord *mouse)
 {
     switch (mouse->icon) {
-    case BROWSE:
+    case CHECKBROWSE:
         return browseclick();
-    case ADD:
+    case CHECKADD:
         return dictwhenidle(addidle, mouse->buttons & BUTTONRIGHT);
-    case CONTINUE:
+    case CHECKCONTINUE:
         return dictwhenidle(nextidle, 0);
-    case CLOSE:
+    case CHECKCLOSE:
         return dictwhenidle(closeidle, 0);
     }
     return nullptr;
@@ -251,7 +249,7 @@ errorblock *addmessage(const systemmessage *message, intptr_t, int *stop, intptr
     *stop = 1;
     mouserecord mouse = {};
     mouse.buttons = BUTTONRIGHT;
-    mouse.icon = ADD;
+    mouse.icon = CHECKADD;
     reporterror(clicked(check.self, 0, &mouse));
     return nullptr;
 }
@@ -280,7 +278,7 @@ errorblock *chosen(int32_t, window, intptr_t, int32_t index, int32_t)
 errorblock *handlersadd()
 {
     errorblock *err = addclickhandler(clicked, check.self, 0);
-    if (!err) err = addsubclasshandler(check.self, ADD, 0, addmessage);
+    if (!err) err = addsubclasshandler(check.self, CHECKADD, 0, addmessage);
     if (!err) err = addkeyhandler(keyed, check.self, 0);
     if (!err) err = addkeyhandler(keyed, check.view.pane, 0);
     if (!err) err = addclosehandler(closed, check.self, 0);
@@ -296,7 +294,7 @@ errorblock *windowend()
     remclosehandler(closed, check.self, 0);
     if (check.view.pane) remkeyhandler(keyed, check.view.pane, 0);
     remkeyhandler(keyed, check.self, 0);
-    remsubclasshandler(check.self, ADD, 0, addmessage);
+    remsubclasshandler(check.self, CHECKADD, 0, addmessage);
     remclickhandler(clicked, check.self, 0);
     wordviewclose(&check.view);
     return removewindow(&check.self);
@@ -308,13 +306,13 @@ errorblock *windowmake()
     check.view.follow = storefollow;
     errorblock *err = createwindow(TEMPLATECHECK, "{SPCH}", &check.self, check.parent);
     if (!err) err = titleset();
-    if (!err) err = wordviewopen(&check.view, check.self, FIELD, PLACE, rowsnow());
+    if (!err) err = wordviewopen(&check.view, check.self, CHECKFIELD, CHECKLIST, rowsnow());
     if (!err) err = handlersadd();
-    if (!err) err = addcombo(check.self, 0, DICTIONARIES, &check.combo, chosen);
+    if (!err) err = addcombo(check.self, 0, CHECKDICTIONARY, &check.combo, chosen);
     if (!err) err = namesfill();
     if (!err) err = opencentred(check.self, 0);
     if (!err) err = wordviewplace(&check.view);
-    if (!err) err = seticonselected(check.self, BROWSE, check.browsing);
+    if (!err) err = seticonselected(check.self, CHECKBROWSE, check.browsing);
     return err;
 }
 
@@ -332,9 +330,9 @@ errorblock *checkshow()
 {
     bool was = check.self;
     errorblock *err = was ? nullptr : windowopen();
-    if (!err) err = seticontext(check.self, FIELD, spell.checkword);
+    if (!err) err = seticontext(check.self, CHECKFIELD, spell.checkword);
     if (!err && check.browsing) err = wordviewsync(&check.view);
-    if (!err && !(was && check.browsing)) err = caretatend(check.self, FIELD);
+    if (!err && !(was && check.browsing)) err = caretatend(check.self, CHECKFIELD);
     return err || check.browsing || !was ? err : listrenew();
 }
 

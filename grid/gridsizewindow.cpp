@@ -9,13 +9,10 @@
 #include "desktop/windows.h"
 #include "grid/grid.h"
 #include "grid/gridshape.h"
+#include "resources/identifiers.h"
 
 namespace
 {
-
-constexpr int32_t TEMPLATEGRIDSIZE = 259;
-constexpr int32_t FIELDWIDTH = 1008, ARROWSWIDTH = 1007, FIELDHEIGHT = 1010, ARROWSHEIGHT = 1009;
-constexpr int32_t BUTTONOK = 1, BUTTONCANCEL = 2;
 
 // The arrows go one further than a grid can be; that number is then not taken.
 constexpr int32_t ARROWSLOW = 2, ARROWSHIGH = 128;
@@ -54,8 +51,8 @@ errorblock *sizeread(int32_t field, int32_t now, int32_t *size)
 errorblock *sizetake()
 {
     int32_t width, height;
-    errorblock *err = sizeread(FIELDWIDTH, grid.width, &width);
-    if (!err) err = sizeread(FIELDHEIGHT, grid.height, &height);
+    errorblock *err = sizeread(SIZEWIDTH, grid.width, &width);
+    if (!err) err = sizeread(SIZEHEIGHT, grid.height, &height);
     if (err) return err;
     err = dialogend();
     gridsize(width, height);
@@ -65,8 +62,8 @@ errorblock *sizetake()
 errorblock *clicked(window, intptr_t, mouserecord *mouse)
 {
     if (mouse->buttons != BUTTONLEFT) return nullptr;
-    if (mouse->icon == BUTTONOK) return sizetake();
-    return mouse->icon == BUTTONCANCEL ? dialogend() : nullptr;
+    if (mouse->icon == DIALOGOK) return sizetake();
+    return mouse->icon == DIALOGCANCEL ? dialogend() : nullptr;
 }
 
 errorblock *closed(window, intptr_t)
@@ -90,8 +87,8 @@ errorblock *gridsizeopen(window owner)
     if (err) return err;
     dialog.owner = owner;
     err = handlersadd();
-    if (!err) err = sizeshow(FIELDWIDTH, ARROWSWIDTH, grid.width);
-    if (!err) err = sizeshow(FIELDHEIGHT, ARROWSHEIGHT, grid.height);
+    if (!err) err = sizeshow(SIZEWIDTH, SIZEWIDTHARROWS, grid.width);
+    if (!err) err = sizeshow(SIZEHEIGHT, SIZEHEIGHTARROWS, grid.height);
     if (!err) err = opencentred(dialog.self, 0);
     if (!err) err = focusnext(dialog.self, 0, 0);
     if (!err) return enablewindow(owner, 0);

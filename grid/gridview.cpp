@@ -11,6 +11,7 @@
 #include "grid/gridmouse.h"
 #include "grid/gridpaint.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 
 #include <algorithm>
 #include <ctime>
@@ -19,8 +20,6 @@ window gridwindow;
 
 namespace
 {
-
-constexpr int32_t TEMPLATEGRID = 258;
 
 errorblock *handlersadd(window parent)
 {

@@ -10,14 +10,12 @@
 #include "desktop/templates.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
+#include "resources/identifiers.h"
 
 #include <cstring>
 
 namespace
 {
-
-constexpr int32_t NAME = 1012, VERSION = 1013, AUTHOR = 1014, RIGHTS = 1015;
-constexpr int32_t OK = 1;
 
 window box; // 0 while it is closed
 
@@ -28,9 +26,9 @@ struct linkrow {
 };
 
 constexpr linkrow LINKS[] = {
-    {1000, "{WEB}"},
-    {1016, "mailto:{EMAIL}"},
-    {1018, "{HOME}"},
+    {INFOWEB, "{WEB}"},
+    {INFOMAIL, "mailto:{EMAIL}"},
+    {INFOHOME, "{HOME}"},
 };
 
 errorblock *linkopen(window w, const char *address)
@@ -45,7 +43,7 @@ errorblock *boxclose();
 
 errorblock *clicked(window self, intptr_t, mouserecord *mouse)
 {
-    if (mouse->icon == OK) return boxclose();
+    if (mouse->icon == DIALOGOK) return boxclose();
     for (const linkrow &row : LINKS)
         if (row.icon == mouse->icon) return linkopen(self, row.address);
     return nullptr;
@@ -86,11 +84,11 @@ errorblock *boxclose()
 
 errorblock *fill(int32_t version, const char *date, const char *name)
 {
-    errorblock *err = seticontextf(box, VERSION, "%d.%02d %s", static_cast<int>(version / 100),
+    errorblock *err = seticontextf(box, INFOVERSION, "%d.%02d %s", static_cast<int>(version / 100),
                                    static_cast<int>(version % 100), date);
-    if (!err) err = seticontextf(box, NAME, "%s", name ? name : "{NAME}");
-    if (!err) err = seticontextf(box, RIGHTS, "{COPY}");
-    if (!err) err = seticontextf(box, AUTHOR, "{AUTHOR}");
+    if (!err) err = seticontextf(box, INFONAME, "%s", name ? name : "{NAME}");
+    if (!err) err = seticontextf(box, INFORIGHTS, "{COPY}");
+    if (!err) err = seticontextf(box, INFOAUTHOR, "{AUTHOR}");
     return err;
 }
 
@@ -105,7 +103,7 @@ errorblock *showabout(window w, int32_t version, const char *date, const char *n
     err = fill(version, date, name);
     if (!err) err = handlersadd();
     if (!err) err = opencentred(box, 0);
-    if (!err) err = focusicon(box, OK);
+    if (!err) err = focusicon(box, DIALOGOK);
     if (!err) return nullptr;
     kepterror kept = keeperror(err);
     boxclose();

@@ -13,13 +13,13 @@
 #include "desktop/templates.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
+#include "resources/identifiers.h"
 
 #include <cstdarg>
 
 namespace
 {
 
-constexpr int32_t QUESTION = 12;
 constexpr int PENDING = -2, CANCELLED = -1;
 constexpr int32_t TEXTSIZE = 256;
 
@@ -39,16 +39,17 @@ struct buttonrow {
 };
 
 constexpr buttonrow BUTTONS[] = {
-    {CONFIRMYESNO, 0, 'N', 0, 0},
-    {CONFIRMYESNO, 11, 'Y', KEYRETURN, 1},
-    {CONFIRMDISCARDCANCEL, 3, 'D', 0, 1}, // whether to go ahead
-    {CONFIRMDISCARDCANCEL, 4, 'C', 0, CANCELLED},
-    {CONFIRMDISCARDCANCELSAVE, 3, 'D', 0, 0}, // whether to keep
-    {CONFIRMDISCARDCANCELSAVE, 5, 'C', 0, CANCELLED},
-    {CONFIRMDISCARDCANCELSAVE, 6, 'S', KEYRETURN, 1},
+    {CONFIRMYESNO, QUESTIONNO, 'N', 0, 0},
+    {CONFIRMYESNO, QUESTIONYES, 'Y', KEYRETURN, 1},
+    {CONFIRMDISCARDCANCEL, QUESTIONDISCARD, 'D', 0, 1}, // whether to go ahead
+    {CONFIRMDISCARDCANCEL, QUESTIONCANCELOFTWO, 'C', 0, CANCELLED},
+    {CONFIRMDISCARDCANCELSAVE, QUESTIONDISCARD, 'D', 0, 0}, // whether to keep
+    {CONFIRMDISCARDCANCELSAVE, QUESTIONCANCELOFTHREE, 'C', 0, CANCELLED},
+    {CONFIRMDISCARDCANCELSAVE, QUESTIONSAVE, 'S', KEYRETURN, 1},
 };
 
-constexpr int32_t ALLBUTTONS[] = {0, 11, 3, 4, 5, 6};
+constexpr int32_t ALLBUTTONS[] = {QUESTIONNO,          QUESTIONYES,           QUESTIONDISCARD,
+                                  QUESTIONCANCELOFTWO, QUESTIONCANCELOFTHREE, QUESTIONSAVE};
 
 bool iconused(int32_t icon)
 {
@@ -154,7 +155,7 @@ errorblock *boxask(window parent, const char *text)
     errorblock *err = createwindow(TEMPLATECONFIRM, tasktitle(), &question.open, parent);
     if (err) return err;
     window w = question.open;
-    err = seticontext(w, QUESTION, text);
+    err = seticontext(w, QUESTIONTEXT, text);
     if (!err) err = unusedremove();
     if (!err) err = defaultset();
     if (!err) err = asked(w, parent);

@@ -7,6 +7,7 @@
 #include "desktop/templatechain.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
+#include "resources/identifiers.h"
 
 #include <windows.h>
 

@@ -2,13 +2,19 @@
 // seen on the screen and worked with the mouse and the keys.
 //
 // Nothing of it is linked here. What is known of it is what stands in its
-// resources: the identifiers of commands and of controls.
+// resources: the identifiers of commands and of controls (resources/identifiers.h).
 #pragma once
 
 #include "tests/support/driver.h"
 
 #include <cstdint>
 #include <string>
+
+// Rows of the list of types in the boxes for files.
+constexpr int32_t TYPEGRID = 1, TYPEENHANCED = 2;
+
+// Keys that have no letter.
+constexpr int32_t KEYRETURN = 0x0D, KEYESCAPE = 0x1B;
 
 // What a step wanted and did not find ends the program with status 1.
 [[noreturn]] void outsidefault(const std::string &what);

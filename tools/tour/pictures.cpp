@@ -1,6 +1,6 @@
 // pictures GRIDS FOLDER - makes the pictures of Quillmere that the manual shows, by
 // working it as a user does: FOLDER/NAME.png.
-#include "tools/tour/commands.h"
+#include "resources/identifiers.h"
 #include "tools/tour/outside.h"
 
 #include <cstdio>
@@ -29,22 +29,22 @@ void dialogpicture(int32_t command, const std::string &title, const std::string 
     menucommand(command);
     window w = dialog(title);
     picture(w, name);
-    leave(w, CANCEL);
+    leave(w, DIALOGCANCEL);
 }
 
 void empties()
 {
     start("");
     picture(mainwindow, "empty");
-    menucommand(SIZE);
+    menucommand(COMMANDSIZE);
     window size = dialog("Grid Size");
-    fill(size, WIDTH, "11");
-    fill(size, HEIGHT, "11");
+    fill(size, SIZEWIDTH, "11");
+    fill(size, SIZEHEIGHT, "11");
     picture(size, "gridsize");
-    leave(size, CANCEL);
-    dialogpicture(CUSTOMISE, "Customisation", "custom");
-    dialogpicture(CHOICES, "Choices", "choices");
-    menucommand(ABOUT);
+    leave(size, DIALOGCANCEL);
+    dialogpicture(COMMANDCUSTOMISE, "Customisation", "custom");
+    dialogpicture(COMMANDCHOICES, "Choices", "choices");
+    menucommand(COMMANDABOUT);
     picture(dialog("About Quillmere"), "about");
     drivekey(KEYESCAPE);
     outsideend();
@@ -53,16 +53,16 @@ void empties()
 void dictionaries()
 {
     start("");
-    menucommand(CREATE);
+    menucommand(COMMANDNEWDICT);
     window create = dialog("Create New Dictionary");
-    fill(create, NEWNAME, "Village");
+    fill(create, NEWDICTNAME, "Village");
     picture(create, "newdict");
-    leave(create, CANCEL);
-    menudictionary(EDITDICT, "Puzzle-UK");
+    leave(create, DIALOGCANCEL);
+    menudictionary(COMMANDEDITDICT, "Puzzle-UK");
     window edit = dialog("Edit (Puzzle-UK)");
-    fill(edit, EDITFIELD, "quill");
+    fill(edit, EDITWORD, "quill");
     picture(edit, "edit");
-    leave(edit, CANCEL);
+    leave(edit, DIALOGCANCEL);
     outsideend();
 }
 
@@ -71,10 +71,10 @@ void crosswords()
 {
     start("crossword13.qmg");
     cellsmeasure(13, 13);
-    menucommand(UPPERCASE);
-    menudictionary(LOAD, "Puzzle-UK");
+    menucommand(COMMANDUPPERCASE);
+    menudictionary(COMMANDLOADDICT, "Puzzle-UK");
     cellsdrag(0, 10, 6, 10);
-    press(panebar(), SOLVE);
+    press(panebar(), BARSOLVE);
     searchwait();
     listclick(40);
     picture(mainwindow, "crossword");
@@ -82,7 +82,7 @@ void crosswords()
     cellsdrag(0, 4, 3, 4);
     cellsdrag(2, 0, 2, 4, DRIVECTRL);
     driveclick(cell(2, 4).x, cell(2, 4).y, DRIVERIGHT);
-    press(panebar(), SOLVE);
+    press(panebar(), BARSOLVE);
     searchwait();
     listclick(20);
     picture(mainwindow, "solutions");
@@ -98,13 +98,13 @@ void others()
     outsideend();
 
     start("misspelt15.qmg");
-    menudictionary(LOAD, "Puzzle-UK");
-    menucommand(SPELLCHECK);
+    menudictionary(COMMANDLOADDICT, "Puzzle-UK");
+    menucommand(COMMANDSPELLCHECK);
     window check = dialog("Spell Check (Guess)");
     picture(check, "check");
     leave(check, CHECKCLOSE);
-    menucommand(NEWWORDS);
-    menucommand(SAVEGRIDAS);
+    menucommand(COMMANDNEWWORDS);
+    menucommand(COMMANDSAVEAS);
     filebox(folder + "\\empty15.emf", TYPEENHANCED);
     drivesave(metafilelook(folder + "\\empty15.emf", 500), folder + "\\picture.png");
     say("picture");
@@ -115,24 +115,24 @@ void others()
 void squares()
 {
     start("");
-    menucommand(WORDSQUARE);
-    menucommand(SIZE);
+    menucommand(COMMANDWORDSQUARE);
+    menucommand(COMMANDSIZE);
     window size = dialog("Grid Size");
-    fill(size, WIDTH, "12");
-    fill(size, HEIGHT, "12");
-    leave(size, OK);
-    press(panebar(), WORD);
+    fill(size, SIZEWIDTH, "12");
+    fill(size, SIZEHEIGHT, "12");
+    leave(size, DIALOGOK);
+    press(panebar(), BARWORD);
     for (const char *word : {"anchor", "captain", "crew", "dinghy", "ferry", "galley", "harbour",
                              "mast", "pilot", "rudder", "sailor", "tide"}) {
         drivetype(word);
         drivekey(KEYRETURN);
     }
-    press(panebar(), MAKE);
+    press(panebar(), BARMAKE);
     searchwait();
     listclick(6);
     listclick(60, DRIVERIGHT);
     picture(mainwindow, "wordsquare");
-    dialogpicture(CUSTOMISE, "Customisation", "customw");
+    dialogpicture(COMMANDCUSTOMISE, "Customisation", "customw");
     outsideend();
 }
 

@@ -2,7 +2,7 @@
 // its user would, saying what it does; with a grid it opens and pictures that one.
 // FOLDER/program has the program; FOLDER gets what is saved on the way, and a
 // picture of the window at each stop.
-#include "tools/tour/commands.h"
+#include "resources/identifiers.h"
 #include "tools/tour/outside.h"
 
 #include <cstdio>
@@ -40,9 +40,9 @@ void saved(const std::string &leaf)
 
 void solve(int32_t marked)
 {
-    demand(drivetext(panebar(), MARKLENGTH) == std::to_string(marked),
-           "the bar says " + drivetext(panebar(), MARKLENGTH) + " cells marked");
-    press(panebar(), SOLVE);
+    demand(drivetext(panebar(), BARMARKLENGTH) == std::to_string(marked),
+           "the bar says " + drivetext(panebar(), BARMARKLENGTH) + " cells marked");
+    press(panebar(), BARSOLVE);
     searchwait();
     demand(listshows(), "nothing was found");
 }
@@ -66,9 +66,9 @@ void crosswordopen()
     stop("opened");
 
     say("Grid, Upper Case: letters are to be capitals, as they are in the grid already.");
-    menucommand(UPPERCASE);
+    menucommand(COMMANDUPPERCASE);
     say("Words, Load, Puzzle-UK: solve with familiar words.");
-    menudictionary(LOAD, "Puzzle-UK");
+    menudictionary(COMMANDLOADDICT, "Puzzle-UK");
 }
 
 void crosswordsolve()
@@ -102,7 +102,7 @@ void anagrams()
 {
     say("Draw over TSAR, type TSA* into the field, and Return: its anagrams, * being any letter.");
     cellsdrag(9, 8, 12, 8);
-    fill(panebar(), LETTERS, "tsa*");
+    fill(panebar(), BARLETTERS, "tsa*");
     drivekey(KEYRETURN);
     searchwait();
     demand(listshows(), "there are no anagrams");
@@ -112,15 +112,15 @@ void anagrams()
 void crosswordsave()
 {
     say("File, Save Grid As: crossword.qmg, and once more as a picture, crossword.emf.");
-    menucommand(SAVEGRIDAS);
+    menucommand(COMMANDSAVEAS);
     filebox(place("crossword.qmg"), TYPEGRID);
     saved("crossword.qmg");
     demand(drivetext(mainwindow) == "Quillmere - crossword.qmg", "the title has another name");
-    menucommand(SAVEGRIDAS);
+    menucommand(COMMANDSAVEAS);
     filebox(place("crossword.emf"), TYPEENHANCED);
     saved("crossword.emf");
     say("File, Save Clues As: clues.txt.");
-    menucommand(SAVECLUESAS);
+    menucommand(COMMANDSAVECLUES);
     filebox(place("clues.txt"));
     saved("clues.txt");
 }
@@ -129,13 +129,13 @@ void squarebegin()
 {
     say("Grid, Grid Type, Wordsquare; Lower Case, as a square is made of small letters; and");
     say("Size: 12 by 12.");
-    menucommand(WORDSQUARE);
-    menucommand(LOWERCASE);
-    menucommand(SIZE);
+    menucommand(COMMANDWORDSQUARE);
+    menucommand(COMMANDLOWERCASE);
+    menucommand(COMMANDSIZE);
     window size = dialog("Grid Size");
-    fill(size, WIDTH, "12");
-    fill(size, HEIGHT, "12");
-    leave(size, OK);
+    fill(size, SIZEWIDTH, "12");
+    fill(size, SIZEHEIGHT, "12");
+    leave(size, DIALOGOK);
 }
 
 void squaremake()
@@ -143,14 +143,14 @@ void squaremake()
     const char *words[] = {"anchor",  "captain", "crew",  "dinghy", "ferry",  "galley",
                            "harbour", "mast",    "pilot", "rudder", "sailor", "tide"};
     say("Type twelve words into the field, Return after each.");
-    press(panebar(), WORD);
+    press(panebar(), BARWORD);
     for (const char *word : words) {
         drivetype(word);
         drivekey(KEYRETURN);
     }
     demand(listshows(), "the words don't come into the list");
     say("Make: each is hidden among random letters.");
-    press(panebar(), MAKE);
+    press(panebar(), BARMAKE);
     searchwait();
     say("Click on a word, and with the right button on another: that is where they are.");
     listclick(6);
@@ -161,10 +161,10 @@ void squaremake()
 void squaresave()
 {
     say("Save it as square.qmg, and the list of its words as words.txt.");
-    menucommand(SAVEGRIDAS);
+    menucommand(COMMANDSAVEAS);
     filebox(place("square.qmg"), TYPEGRID);
     saved("square.qmg");
-    menucommand(SAVECLUESAS);
+    menucommand(COMMANDSAVECLUES);
     filebox(place("words.txt"));
     saved("words.txt");
     say("File, Exit.");

@@ -2,6 +2,7 @@
 #include "app/buttons.h"
 #include "app/mainwindow.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 #include "tests/app/random/random.h"
 
 #include <windows.h>
@@ -257,7 +258,7 @@ void searchstop()
     note("  the search is to stop");
     HWND main = handle(mainwindow);
     if (IsIconic(main)) PostMessageA(main, WM_SYSCOMMAND, SC_RESTORE, 0);
-    HWND stop = handle(drivecontrol(buttonwindow, BUTTONSTOP));
+    HWND stop = handle(drivecontrol(buttonwindow, BARSTOP));
     SetForegroundWindow(main);
     Sleep(50);
     if (chance(otherdice, 50) || !stop) {
@@ -267,7 +268,7 @@ void searchstop()
         if (WindowFromPoint({at.x, at.y}) == stop)
             driveclick(at.x, at.y);
         else
-            press(handle(buttonwindow), BUTTONSTOP);
+            press(handle(buttonwindow), BARSTOP);
     }
     Sleep(100);
 }

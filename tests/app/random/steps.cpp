@@ -12,6 +12,7 @@
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
 #include "grid/gridview.h"
+#include "resources/identifiers.h"
 #include "tests/app/random/random.h"
 
 #include <windows.h>
@@ -228,12 +229,12 @@ void kindcommand()
 
 void dictionary()
 {
-    static const int32_t positions[] = {DICTMENULOAD, DICTMENULOAD, DICTMENULOAD,
-                                        DICTMENUEDIT, DICTMENUEDIT, DICTMENUDELETE};
+    static const int32_t positions[] = {MENUATLOAD, MENUATLOAD, MENUATLOAD,
+                                        MENUATEDIT, MENUATEDIT, MENUATDELETE};
     if (!reachable() || !ndicts) return;
     int32_t position = pick(firstdice, positions);
     int32_t number = roll(firstdice, static_cast<int>(ndicts));
-    if (position == DICTMENUDELETE && chance(firstdice, 70)) return;
+    if (position == MENUATDELETE && chance(firstdice, 70)) return;
     note("dictionary %d (%s) under %d", static_cast<int>(number), dicts[number].name,
          static_cast<int>(position));
     reporterror(commanddictionary(position, DICTMENUFIRST + number));
@@ -277,7 +278,7 @@ void dictionaryuse()
     int32_t number = dictnamefind(pick(firstdice, names));
     if (number < 0 || dictinset(static_cast<uint32_t>(number))) return;
     note("use %s", dicts[number].name);
-    reporterror(commanddictionary(DICTMENULOAD, DICTMENUFIRST + number));
+    reporterror(commanddictionary(MENUATLOAD, DICTMENUFIRST + number));
 }
 
 void barpress(int icon, const char *text)
@@ -459,12 +460,12 @@ void crosswordsearch()
     if (chance(firstdice, 70)) commandgive(40002);
     for (int n = rollbetween(firstdice, 1, 3); n; n--)
         mark();
-    barpress(chance(firstdice, 75) ? BUTTONSOLVE : BUTTONANAGRAM, "a Crossword's search");
+    barpress(chance(firstdice, 75) ? BARSOLVE : BARANAGRAM, "a Crossword's search");
 }
 
 void squaresearch()
 {
-    static const int buttons[] = {BUTTONMAKE, BUTTONMAKE, BUTTONNEW, BUTTONSQUARESOLVE};
+    static const int buttons[] = {BARMAKE, BARMAKE, BARNEW, BARSQUARESOLVE};
     if (!reachable() || IsIconic(handle(mainwindow))) return;
     dictionaryuse();
     dropon(gridwindow, {scratchfile("square.qmg")});

@@ -7,6 +7,7 @@
 #include "find/solutions.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
+#include "resources/identifiers.h"
 #include "tests/app/screen/companion.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/gridhands.h"
@@ -64,18 +65,18 @@ TEST_CASE("the companion solves the saved Crossword alike, and finds the same an
     REQUIRE_FALSE(dictunuse(static_cast<uint32_t>(dictnamefind("words"))));
     markdrag(0, 0, 4, 0);
     std::string file = saved();
-    searchrun(BUTTONSOLVE);
+    searchrun(BARSOLVE);
     CHECK(solutions.count > 0);
     CHECK(sorted(listrows()) == found("solve " + file + " --mark 0,0,4,0", "MainDict"));
 
     cellclick(0, 1); // which takes the mark away
     markdrag(0, 3, 4, 3);
     for (const char *letters : {"stare", "t*r*s"}) {
-        bartype(FIELDANAGRAM, letters);
-        searchrun(BUTTONANAGRAM);
+        bartype(BARLETTERS, letters);
+        searchrun(BARANAGRAM);
         CHECK(solutions.count > 1);
         CHECK(sorted(listrows()) == found("anagram " + std::string(letters), "MainDict"));
-        seticontext(buttonwindow, FIELDANAGRAM, "");
+        seticontext(buttonwindow, BARLETTERS, "");
     }
 
     // A row that is chosen stands in the file too.
@@ -94,22 +95,22 @@ TEST_CASE("the companion finds the same words, in the same places, of a saved Wo
 
     // None of these is the beginning of another.
     for (const char *word : {"stare", "cat", "incomprehensibly", "ease", "toe"}) {
-        bartype(FIELDWORD, word);
+        bartype(BARWORD, word);
         drivekey(VK_RETURN);
     }
     rowclick(2);
-    barpress(BUTTONDELETE);
-    searchrun(BUTTONMAKE);
+    barpress(BARDELETE);
+    searchrun(BARMAKE);
     list made = placedrows();
     CHECK(made.size() == 4);
     list hidden = found("find " + saved() + " --min 3", "words");
     CHECK(std::includes(hidden.begin(), hidden.end(), made.begin(), made.end()));
 
     REQUIRE_FALSE(dictunuse(static_cast<uint32_t>(dictnamefind("MainDict"))));
-    searchrun(BUTTONNEW);
+    searchrun(BARNEW);
     REQUIRE_FALSE(dictuse(static_cast<uint32_t>(dictnamefind("MainDict"))));
     REQUIRE_FALSE(dictunuse(static_cast<uint32_t>(dictnamefind("words"))));
-    searchrun(BUTTONSQUARESOLVE);
+    searchrun(BARSQUARESOLVE);
     CHECK(solutions.count > 10);
     CHECK(placedrows() == found("find " + saved() + " --min 3", "MainDict"));
 }

@@ -12,6 +12,7 @@
 #include "find/solve.h"
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
+#include "resources/identifiers.h"
 #include "tests/app/screen/boxhands.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/gridhands.h"
@@ -73,7 +74,7 @@ uint32_t mine()
 void edit(const list &words)
 {
     begin(words);
-    REQUIRE_FALSE(commanddictionary(DICTMENUEDIT, DICTMENUFIRST + static_cast<int32_t>(mine())));
+    REQUIRE_FALSE(commanddictionary(MENUATEDIT, DICTMENUFIRST + static_cast<int32_t>(mine())));
     drivepump();
     REQUIRE(editor.self);
     drivefront(editor.self);
@@ -444,7 +445,7 @@ TEST_CASE("the editor follows its dictionary when others come and go")
     drivekey(VK_RETURN);
     CHECK(count() == "3");
     CHECK(dictcount(&dicts[0].dict) == 0);
-    REQUIRE_FALSE(commanddictionary(DICTMENUDELETE, DICTMENUFIRST));
+    REQUIRE_FALSE(commanddictionary(MENUATDELETE, DICTMENUFIRST));
     CHECK(editor.number == 0);
     CHECK(dictword(2, editor.view.wordrows) == std::string("cow"));
 
@@ -452,7 +453,7 @@ TEST_CASE("the editor follows its dictionary when others come and go")
     REQUIRE_FALSE(dictuse(0));
     REQUIRE_FALSE(dictunuse(0));
     CHECK(dictcount(editor.view.wordrows) == 3);
-    REQUIRE_FALSE(commanddictionary(DICTMENUDELETE, DICTMENUFIRST));
+    REQUIRE_FALSE(commanddictionary(MENUATDELETE, DICTMENUFIRST));
     CHECK_FALSE(editor.self);
     CHECK(ndicts == 1);
 }

@@ -14,6 +14,7 @@
 #include "grid/gridfile.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 #include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/screen.h"
 #include "tests/support/driver.h"
@@ -242,11 +243,11 @@ TEST_CASE("keys come from the main window too, but not from the bar")
     REQUIRE_FALSE(focuswindow(mainwindow));
     drivetype("a");
     CHECK(grid.letters[0][0] == 'a');
-    REQUIRE_FALSE(caretatend(buttonwindow, FIELDANAGRAM));
+    REQUIRE_FALSE(caretatend(buttonwindow, BARLETTERS));
     drivetype("b");
     CHECK(documentpicture() == "a..\n");
-    CHECK(field(FIELDANAGRAM) == "b");
-    seticontext(buttonwindow, FIELDANAGRAM, "");
+    CHECK(field(BARLETTERS) == "b");
+    seticontext(buttonwindow, BARLETTERS, "");
     drivekey(KEYESCAPE);
 }
 
@@ -284,13 +285,13 @@ TEST_CASE("a drag marks, its length shows; a press ends the mark, Ctrl keeps it"
     CHECK(grid.flags[3][0] == CELLMARKED);
     CHECK(grid.flags[0][1] == CELLOPEN);
     CHECK(grid.cursorx == -1);
-    CHECK(field(FIELDMARKLENGTH) == "4");
+    CHECK(field(BARMARKLENGTH) == "4");
 
     drivemove(cell(4, 2).x, cell(4, 2).y);
     drivedrag({cell(4, 2), cell(4, 0)}, DRIVELEFT, DRIVECTRL);
     CHECK(grid.markright == 4);
     CHECK(grid.markbottom == 2);
-    CHECK(field(FIELDMARKLENGTH) == "5");
+    CHECK(field(BARMARKLENGTH) == "5");
     click(0, 2, DRIVERIGHT);
     CHECK(grid.flags[0][2] == CELLMARKED);
     CHECK(undrawn() == 0);
@@ -299,7 +300,7 @@ TEST_CASE("a drag marks, its length shows; a press ends the mark, Ctrl keeps it"
     CHECK(grid.markleft == -1);
     CHECK(grid.flags[0][2] == CELLOPEN);
     CHECK(grid.cursorx == 1);
-    CHECK(field(FIELDMARKLENGTH) == "");
+    CHECK(field(BARMARKLENGTH) == "");
     CHECK(undrawn() == 0);
 }
 

@@ -14,6 +14,7 @@
 #include "grid/gridpicture.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 #include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/menuhands.h"
 #include "tests/support/driver.h"
@@ -196,15 +197,15 @@ TEST_CASE("the panes follow the size of the window")
 TEST_CASE("each kind of grid has its bar, and a text typed there stays with it")
 {
     documentbegin("ab.\n...\n");
-    CHECK(drivecontrol(buttonwindow, BUTTONSOLVE));
-    driveiconclick(buttonwindow, FIELDANAGRAM);
+    CHECK(drivecontrol(buttonwindow, BARSOLVE));
+    driveiconclick(buttonwindow, BARLETTERS);
     drivetype("letters");
     choose(WORDSQUARE);
     CHECK(grid.kind == GRIDWORDSQUARE);
     CHECK(documentpicture() == "...\n...\n");
     CHECK(title() == "Quillmere");
-    CHECK_FALSE(drivecontrol(buttonwindow, BUTTONSOLVE));
-    for (int control : {FIELDWORD, BUTTONDELETE, BUTTONMAKE, BUTTONSQUARESOLVE, BUTTONNEW})
+    CHECK_FALSE(drivecontrol(buttonwindow, BARSOLVE));
+    for (int control : {BARWORD, BARDELETE, BARMAKE, BARSQUARESOLVE, BARNEW})
         CHECK(drivecontrol(buttonwindow, control));
     checklayout();
     CHECK(undrawn() == 0);
@@ -212,9 +213,9 @@ TEST_CASE("each kind of grid has its bar, and a text typed there stays with it")
     choose(WORDSQUARE); // the one it is
     CHECK(buttonwindow == bar);
     choose(CROSSWORD);
-    CHECK(drivetext(buttonwindow, FIELDANAGRAM) == "letters");
+    CHECK(drivetext(buttonwindow, BARLETTERS) == "letters");
     CHECK(grid.kind == GRIDCROSSWORD);
-    seticontext(buttonwindow, FIELDANAGRAM, "");
+    seticontext(buttonwindow, BARLETTERS, "");
     checklayout();
 }
 

@@ -13,6 +13,7 @@
 #include "graphics/modeinfo.h"
 #include "grid/grid.h"
 #include "grid/gridview.h"
+#include "resources/identifiers.h"
 #include "tests/app/screen/boxhands.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/gridhands.h"
@@ -46,7 +47,7 @@ TEST_CASE("Solve lists what fits, and a press on a row writes it into the grid")
 {
     crosswordbegin("c.t..\n..###\n..###\n");
     markdrag(0, 0, 2, 0);
-    searchrun(BUTTONSOLVE);
+    searchrun(BARSOLVE);
     CHECK(listrows() == list{"cat", "cot"});
     CHECK(undrawn() == 0);
     rowclick(2); // below the last
@@ -74,7 +75,7 @@ TEST_CASE("words that cross are solved together, and shown as they lie")
 {
     crosswordbegin("....\n.###\n.###\n");
     markdrag(0, 0, 2, 2);
-    searchrun(BUTTONSOLVE);
+    searchrun(BARSOLVE);
     list pairs;
     for (const std::string &across : WORDS)
         for (const std::string &down : WORDS)
@@ -114,7 +115,7 @@ TEST_CASE("words that cross are solved together, and shown as they lie")
     crosswordbegin("c...\n.###\n.###\n");
     REQUIRE_FALSE(dictadd("c at", &dicts[dictset.numbers[0]].dict));
     markdrag(0, 0, 2, 2);
-    searchrun(BUTTONSOLVE);
+    searchrun(BARSOLVE);
     REQUIRE(listrows()[0] == "c at c at");
     drivemove(2, 2);
     p = drivelook(solutionswindow);
@@ -127,52 +128,52 @@ TEST_CASE("words that cross are solved together, and shown as they lie")
 TEST_CASE("what Solve and Anagram can't do is said")
 {
     crosswordbegin("....\n.###\n");
-    CHECK(complaint([] { barpress(BUTTONSOLVE); }) == "Need marked word!");
-    CHECK(complaint([] { barpress(BUTTONANAGRAM); }) == "Need marked word!");
+    CHECK(complaint([] { barpress(BARSOLVE); }) == "Need marked word!");
+    CHECK(complaint([] { barpress(BARANAGRAM); }) == "Need marked word!");
     grid.flags[3][0] |= CELLMARKED;
     markrescan();
-    CHECK(complaint([] { barpress(BUTTONSOLVE); }) == "Nothing to solve!");
+    CHECK(complaint([] { barpress(BARSOLVE); }) == "Nothing to solve!");
     markdrag(0, 0, 3, 1);
-    CHECK(complaint([] { barpress(BUTTONANAGRAM); }) == "An anagram must be a single marked word!");
+    CHECK(complaint([] { barpress(BARANAGRAM); }) == "An anagram must be a single marked word!");
     cellclick(1, 0);
     markdrag(0, 0, 3, 0);
-    CHECK(complaint([] { barpress(BUTTONANAGRAM); }) == "Can't have space in anagram");
-    bartype(FIELDANAGRAM, "tea");
+    CHECK(complaint([] { barpress(BARANAGRAM); }) == "Can't have space in anagram");
+    bartype(BARLETTERS, "tea");
     CHECK(
         complaint([] { drivekey(VK_RETURN); }) ==
         "The marked area of grid must have the same number of characters as in the anagram text.");
     REQUIRE_FALSE(dictunuse(0));
-    CHECK(complaint([] { barpress(BUTTONSOLVE); }) == "No dictionaries loaded!");
+    CHECK(complaint([] { barpress(BARSOLVE); }) == "No dictionaries loaded!");
     CHECK_FALSE(barsolving());
-    seticontext(buttonwindow, FIELDANAGRAM, "");
+    seticontext(buttonwindow, BARLETTERS, "");
 }
 
 TEST_CASE("Anagram takes the typed letters, by button and Return, or those of the grid")
 {
     crosswordbegin("...t\n....\n");
     markdrag(0, 0, 2, 0);
-    bartype(FIELDANAGRAM, "tac");
+    bartype(BARLETTERS, "tac");
     drivekey(VK_RETURN);
     drivepump(250);
     CHECK(listrows() == list{"act", "cat"});
-    CHECK(drivetext(buttonwindow, FIELDANAGRAM) == "tac");
+    CHECK(drivetext(buttonwindow, BARLETTERS) == "tac");
     caretrecord caret;
     REQUIRE_FALSE(getcaret(&caret));
     CHECK(caret.self == buttonwindow);
-    CHECK(caret.icon == FIELDANAGRAM);
-    CHECK(drivetext(buttonwindow, FIELDMARKLENGTH) == "3");
+    CHECK(caret.icon == BARLETTERS);
+    CHECK(drivetext(buttonwindow, BARMARKLENGTH) == "3");
     drivekey(VK_BACK);
     drivetype("*");
-    searchrun(BUTTONANAGRAM);
+    searchrun(BARANAGRAM);
     CHECK(listrows() == list{"act", "art", "bat", "cat", "oat", "rat", "tar", "tea"});
     rowclick(2);
     CHECK(documentpicture() == "batt\n....\n");
     CHECK(undrawn() == 0);
 
-    barpress(FIELDANAGRAM);
+    barpress(BARLETTERS);
     drivekey('A', DRIVECTRL);
     drivekey(VK_DELETE);
-    searchrun(BUTTONANAGRAM); // "bat" itself
+    searchrun(BARANAGRAM); // "bat" itself
     CHECK(listrows() == list{"bat"});
 }
 
@@ -182,7 +183,7 @@ TEST_CASE("a long Solve counts, repaints and stops, and the bar comes back as it
     if (!dictionarylarge()) return;
     solutions.maxsolutions = 1000000;
     markdrag(0, 0, 4, 4);
-    bartype(FIELDANAGRAM, "keep me");
+    bartype(BARLETTERS, "keep me");
     bool stopper = false, counted = false, right = true, painted = false;
     bool escape = false;
     SUBCASE("by the button") {}
@@ -191,10 +192,10 @@ TEST_CASE("a long Solve counts, repaints and stops, and the bar comes back as it
         escape = true;
     }
     DWORD stoppedat = 0;
-    searchrun(BUTTONSOLVE, [&] {
-        stopper = drivewait([] { return drivecontrol(buttonwindow, BUTTONSTOP) != 0; });
+    searchrun(BARSOLVE, [&] {
+        stopper = drivewait([] { return drivecontrol(buttonwindow, BARSTOP) != 0; });
         counted = drivewait([&] {
-            std::string text = drivetext(buttonwindow, FIELDPROGRESS);
+            std::string text = drivetext(buttonwindow, BARPROGRESS);
             right = right && (text.empty() || shownprogress(text));
             return text.size() >= 3;
         });
@@ -212,11 +213,11 @@ TEST_CASE("a long Solve counts, repaints and stops, and the bar comes back as it
     CHECK(GetTickCount() - stoppedat < 3000);
     CHECK(solutions.count >= 100);
     CHECK(solutions.slotcount == 2);
-    CHECK(drivetext(buttonwindow, FIELDANAGRAM) == "keep me");
+    CHECK(drivetext(buttonwindow, BARLETTERS) == "keep me");
     caretrecord caret;
     REQUIRE_FALSE(getcaret(&caret));
     CHECK(caret.self == buttonwindow);
-    CHECK(caret.icon == BUTTONSOLVE); // which was pressed
+    CHECK(caret.icon == BARSOLVE); // which was pressed
 
     int crossed = 0;
     for (int32_t at = 0; at < solutions.count; at++) {
@@ -228,7 +229,7 @@ TEST_CASE("a long Solve counts, repaints and stops, and the bar comes back as it
     rowclick(0);
     drivepump();
     CHECK(undrawn() == 0);
-    seticontext(buttonwindow, FIELDANAGRAM, "");
+    seticontext(buttonwindow, BARLETTERS, "");
 }
 
 TEST_CASE("a command in the middle of a search ends it first")
@@ -238,13 +239,13 @@ TEST_CASE("a command in the middle of a search ends it first")
     markdrag(0, 0, 5, 5);
     bool ticked = false;
     menupath upper = menufindpath(40013);
-    searchrun(BUTTONSOLVE, [&] {
+    searchrun(BARSOLVE, [&] {
         menupress(upper);
         ticked = drivewait([] { return grid.casemode == CASEUPPER; });
     });
     CHECK(ticked);
     CHECK(solutions.count == 0);
     CHECK(grid.markleft == -1);
-    CHECK(drivecontrol(buttonwindow, BUTTONSOLVE));
+    CHECK(drivecontrol(buttonwindow, BARSOLVE));
     CHECK(undrawn() == 0);
 }

@@ -11,6 +11,7 @@
 #include "grid/grid.h"
 #include "grid/gridshape.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/screen.h"
@@ -32,8 +33,8 @@ driveplace stopplace()
 {
     driveplace at = {};
     auto seen = [&] {
-        at = driveicon(buttonwindow, BUTTONSTOP);
-        return WindowFromPoint({at.x, at.y}) == handle(drivecontrol(buttonwindow, BUTTONSTOP));
+        at = driveicon(buttonwindow, BARSTOP);
+        return WindowFromPoint({at.x, at.y}) == handle(drivecontrol(buttonwindow, BARSTOP));
     };
     drivewait(seen);
     return at;

@@ -12,6 +12,7 @@
 #include "grid/gridshape.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 #include "tests/app/screen/dictionaryhands.h"
 #include "tests/app/screen/gridhands.h"
 #include "tests/app/screen/screen.h"
@@ -72,9 +73,9 @@ int cellsmarked()
 TEST_CASE("words are typed into a Wordsquare's list, selected there, and deleted")
 {
     squarebegin(9);
-    bartype(FIELDWORD, "stare");
+    bartype(BARWORD, "stare");
     drivekey(VK_RETURN);
-    CHECK(drivetext(buttonwindow, FIELDWORD) == "");
+    CHECK(drivetext(buttonwindow, BARWORD) == "");
     for (const char *word : {"tea", "Rat", "toolongtofitinhere"}) {
         drivetype(word);
         drivekey(VK_RETURN);
@@ -83,9 +84,9 @@ TEST_CASE("words are typed into a Wordsquare's list, selected there, and deleted
     CHECK(undrawn() == 0);
 
     rowclick(3);
-    barpress(BUTTONDELETE);
+    barpress(BARDELETE);
     CHECK(listrows() == list{"stare", "tea", "Rat"});
-    searchrun(BUTTONMAKE);
+    searchrun(BARMAKE);
     CHECK(squarefilled());
     CHECK(listrows() == list{"stare", "tea", "Rat"});
     for (int32_t i = 0; i < 3; i++)
@@ -113,12 +114,12 @@ TEST_CASE("words are typed into a Wordsquare's list, selected there, and deleted
     rowclick(1, DRIVERIGHT);
     rowclick(5, DRIVERIGHT); // below the last
     CHECK(solselected() == 2);
-    barpress(BUTTONDELETE);
+    barpress(BARDELETE);
     CHECK(listrows() == list{"tea"});
     CHECK(cellsmarked() == 0);
     CHECK(differences(plain, drivelook(gridwindow)) == 0);
     CHECK(undrawn() == 0);
-    barpress(BUTTONDELETE); // nothing is selected
+    barpress(BARDELETE); // nothing is selected
     CHECK(listrows() == list{"tea"});
 }
 
@@ -126,18 +127,18 @@ TEST_CASE("Solve finds the words in a Wordsquare, and New hides some")
 {
     squarebegin(12);
     grid.minwordlength = 3;
-    searchrun(BUTTONNEW);
+    searchrun(BARNEW);
     CHECK(squarefilled());
     CHECK(solutions.count == 0);
     CHECK(drivetext(mainwindow).back() == '*');
-    searchrun(BUTTONSQUARESOLVE);
+    searchrun(BARSQUARESOLVE);
     CHECK(listrows() == hidden(WORDS, 3));
     CHECK(listrows().size() > 4);
     for (int32_t i = 0; i < solutions.count; i++)
         CHECK(wordplaced(*solword(i)));
     CHECK(undrawn() == 0);
     grid.minwordlength = 5;
-    searchrun(BUTTONSQUARESOLVE);
+    searchrun(BARSQUARESOLVE);
     CHECK(listrows() == hidden(WORDS, 5));
     CHECK(undrawn() == 0);
 }
@@ -159,9 +160,9 @@ TEST_CASE("a Make that finds no end is stopped with what it has")
         REQUIRE_FALSE(soladdtyped(word.c_str()));
     std::string said, progress;
     bool painted = false;
-    searchrun(BUTTONMAKE, [&] {
+    searchrun(BARMAKE, [&] {
         Sleep(300);
-        progress = drivetext(buttonwindow, FIELDPROGRESS);
+        progress = drivetext(buttonwindow, BARPROGRESS);
         painted = repaints(solutionswindow);
         said = stopandread(escape);
     });
@@ -187,7 +188,7 @@ TEST_CASE("a New without end is stopped, and its square filled")
     REQUIRE_FALSE(dictuse(0));
     gridsetkind(GRIDWORDSQUARE);
     drivepump();
-    searchrun(BUTTONNEW, [] {
+    searchrun(BARNEW, [] {
         Sleep(100);
         stoppress();
     });
@@ -205,9 +206,9 @@ TEST_CASE("a long Solve of a Wordsquare is stopped with what it has")
     gridfillrandom();
     gridredraw();
     drivepump();
-    searchrun(BUTTONSQUARESOLVE);
+    searchrun(BARSQUARESOLVE);
     list all = listrows();
-    searchrun(BUTTONSQUARESOLVE, [] { stoppress(); });
+    searchrun(BARSQUARESOLVE, [] { stoppress(); });
     list some = listrows();
     CHECK(some.size() < all.size());
     auto blind = [](const std::string &a, const std::string &b) { return a < b; };

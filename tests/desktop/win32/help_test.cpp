@@ -11,6 +11,7 @@
 #include "desktop/templates.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
+#include "resources/identifiers.h"
 #include "tests/support/driver.h"
 
 #include <doctest/doctest.h>

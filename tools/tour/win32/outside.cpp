@@ -1,5 +1,6 @@
 #include "tools/tour/outside.h"
 
+#include "resources/identifiers.h"
 #include "tests/support/hands.h"
 
 #include <windows.h>
@@ -100,8 +101,7 @@ void outsidestart(const std::string &program, const std::string &file)
 
 void outsideend()
 {
-    constexpr int32_t EXIT = 40007;
-    menucommand(EXIT);
+    menucommand(COMMANDEXIT);
     if (drivewaitwindow("", "#32770", 500)) drivekey('Y', DRIVEALT);
     if (WaitForSingleObject(process.hProcess, 10000) != WAIT_OBJECT_0)
         outsidefault("the program doesn't end");
@@ -246,9 +246,8 @@ void leave(window w, int32_t control)
 
 void searchwait()
 {
-    constexpr int32_t STOP = 1021;
     Sleep(300); // it starts a little later than its button is pressed
-    if (!drivewait([] { return !drivecontrol(panebar(), STOP); }, 60000))
+    if (!drivewait([] { return !drivecontrol(panebar(), BARSTOP); }, 60000))
         outsidefault("a search doesn't end");
     Sleep(200);
     drivesettle();
