@@ -2,20 +2,25 @@
 
 #include "app/buttons.h"
 #include "base/boxes.h"
+#include "base/platform.h"
 #include "desktop/handlers.h"
 #include "desktop/hourglass.h"
 #include "desktop/poll.h"
 #include "desktop/timed.h"
 #include "find/findwindow.h"
+#include "find/solve.h"
 #include "grid/gridwindow.h"
 
 namespace
 {
 
-constexpr int32_t SOON = 10; // centiseconds
+constexpr int32_t SOON = 10;      // centiseconds
+constexpr uint32_t PATIENCE = 50; // milliseconds that a user waits for a poll
+constexpr int32_t POLLSDUE = 16;  // messages delivered when he has
 
 errorblock *(*pending)(intptr_t); // the search that waits to begin, 0 for none
 int32_t running;                  // searches under way: one, or none
+uint32_t polled;                  // when the last poll ended, by platformticks
 
 struct waitrecord {
     afterfunction function; // 0 for none
@@ -76,6 +81,7 @@ void searchbegin()
     running++;
     reporterror(swapbuttons(1));
     reporterror(addnullhandler(nothing, 0));
+    polled = platformticks();
 }
 
 void searchend()
@@ -90,9 +96,19 @@ bool searchunderway()
     return running;
 }
 
+// A poll delivers one message. When the user has waited, what he has done since
+// may be several, so that Stop stands behind them.
 void searchpoll()
 {
-    pollonce();
+    int32_t polls = searchpolldue() ? POLLSDUE : 1;
+    for (int32_t i = 0; i < polls && !search.stopflag; i++)
+        pollonce();
+    polled = platformticks();
+}
+
+bool searchpolldue()
+{
+    return platformticks() - polled >= PATIENCE;
 }
 
 void searchbusy(bool on)

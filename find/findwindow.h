@@ -29,5 +29,8 @@ void searchend();
 // Lets the user in: delivers what is waiting. search.stopflag may be set after.
 void searchpoll();
 
+// Whether the user has waited for a twentieth of a second since the last poll.
+bool searchpolldue();
+
 // A counted busy cursor.
 void searchbusy(bool on);

@@ -104,7 +104,13 @@ void listlayout()
 uint8_t *slotcell(const slotrec &slot, int32_t i)
 {
     const slotway &way = ways[slot.direction];
-    return &grid.letters[slot.x + i * way.dx][slot.y + i * way.dy];
+    return &search.letters[slot.x + i * way.dx][slot.y + i * way.dy];
+}
+
+void lettersfetch()
+{
+    memcpy(search.letters, grid.letters, sizeof search.letters);
+    search.lettersfrom = grid.changed;
 }
 
 } // namespace
@@ -114,6 +120,7 @@ void slotsfind()
     if (grid.markleft < 0) return;
     boxset();
     search.kind = grid.kind;
+    lettersfetch();
     solutions.slotcount = 0;
     wallsset();
     const cellbox &box = search.slotbox;
@@ -168,4 +175,22 @@ void slotwrite(int32_t slot, const char *text)
         *slotcell(written, i) = gridcase(static_cast<uint8_t>(*text));
         if (!*text || !*++text) return;
     }
+}
+
+void slotstake()
+{
+    if (search.lettersfrom != grid.changed) lettersfetch();
+}
+
+void slotsgive()
+{
+    for (int32_t slot = 0; slot < solutions.slotcount; slot++) {
+        const slotrec &given = search.slots[slot];
+        const slotway &way = ways[given.direction];
+        for (int32_t i = 0; i < given.length; i++) {
+            int32_t x = given.x + i * way.dx, y = given.y + i * way.dy;
+            grid.letters[x][y] = search.letters[x][y];
+        }
+    }
+    search.lettersfrom = grid.changed;
 }

@@ -23,7 +23,7 @@ struct level {
     int32_t counter;
 };
 
-constexpr uint32_t POLLWORDS = 2049; // words between two polls
+constexpr uint32_t POLLWORDS = 2049; // words between two polls that are counted
 
 // What a poll lets in can lower slotcount under the search.
 bool lastslot(const level &at)
@@ -92,6 +92,13 @@ void stopobeyed(level *at)
     if (search.stopflag || gridgone()) at->counter = -1;
 }
 
+// Counts leave seconds between two polls where much is tried for few words.
+void polldue(level *at)
+{
+    if (searchpolldue()) searchpoll();
+    stopobeyed(at);
+}
+
 void fullcounted(level *at, uint32_t words)
 {
     if (!wordscounted(at, words)) return;
@@ -147,7 +154,7 @@ bool prefixword(level *at, const slotword &row, uint32_t dictn, int32_t known)
 
 // The pattern begins with letters that are known, or has none: words are tried
 // from the first one on that these letters allow, each without its spaces. The
-// counter is this scan's own; there is no poll here.
+// counter is this scan's own; it only polls when a poll is due.
 int32_t solveprefix(level at, uint32_t dictn, int32_t prefix)
 {
     const Dictionary *dict = &dicts[dictn].dict;
@@ -162,11 +169,11 @@ int32_t solveprefix(level at, uint32_t dictn, int32_t prefix)
     uint32_t counted = cursor.wordn;
     while (const slotword *row = slotwalknext(&walk)) {
         if (row->closed != at.length) continue;
-        if (wordscounted(&at, row->wordn - counted)) stopobeyed(&at);
+        if (wordscounted(&at, row->wordn - counted)) polldue(&at);
         counted = row->wordn;
         if (at.counter < 0 || !prefixword(&at, *row, dictn, known)) return at.counter;
     }
-    if (wordscounted(&at, dictcount(dict) - 1 - counted)) stopobeyed(&at);
+    if (wordscounted(&at, dictcount(dict) - 1 - counted)) polldue(&at);
     return at.counter;
 }
 
@@ -228,10 +235,12 @@ int32_t solveslot(int32_t slot)
     level at = {.slot = slot, .pattern = {}, .length = 0, .counter = 0};
     slotread(slot, at.pattern);
     at.length = static_cast<int32_t>(strlen(at.pattern)); // a NUL in the grid cuts it short
-    searchbusy(true);
-    int32_t result = solvedicts(&at);
-    searchbusy(false);
-    return result;
+    if (searchpolldue()) {
+        searchpoll();
+        stopobeyed(&at);
+        if (at.counter < 0) return -1;
+    }
+    return solvedicts(&at);
 }
 
 errorblock *solvestart()
@@ -249,7 +258,9 @@ errorblock *solverun(intptr_t)
     if (search.running) return nullptr;
     searchbegin();
     search.running = 1;
+    searchbusy(true);
     solveslot(0);
+    searchbusy(false);
     search.running = 0;
     slotwordsfree();
     searchend();

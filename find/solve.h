@@ -1,12 +1,14 @@
 // find/solve.h - every combination of words that fills the marked slots.
 //
-// The grid itself is the constraint store: the search writes a candidate into
-// the letter cells, so crossing slots see it as fixed letters. Slots are tried
+// The cells themselves are the constraint store: the search writes a candidate
+// into them, so crossing slots see it as fixed letters. It does so in letters of
+// its own, so that nobody else ever meets what a search left behind. Slots are tried
 // in the order of search.slots, dictionaries in the order of dictset, words in
 // the dictionary's; results stay in the order found.
 #pragma once
 
 #include "dict/dictset.h"
+#include "grid/grid.h"
 
 #include <cstdint>
 
@@ -27,8 +29,12 @@ struct cellbox {
 
 struct searchstate {
     slotrec slots[MAXSLOTS];
-    cellbox slotbox;  // the marked area
-    int32_t kind;     // of the grid that they were found in
+    cellbox slotbox; // the marked area
+    int32_t kind;    // of the grid that they were found in
+    // The grid's letters when the slots were found, and what the search wrote
+    // since; and the grid's count of changes then.
+    uint8_t letters[GRIDSTRIDE][GRIDSTRIDE];
+    int32_t lettersfrom;
     int32_t stopflag; // set by Stop and Escape
     int32_t running;  // 1 while solverun is at work
 };
@@ -36,8 +42,8 @@ struct searchstate {
 // Changed by the searches, and stopflag by whoever hears the user.
 extern searchstate search;
 
-// Builds slots and slotbox from the marked cells, and the layout of the list
-// that their solutions fill; nothing without a mark. Cells that are not marked
+// Builds slots, slotbox and letters from the marked cells, and the layout of the
+// list that their solutions fill; nothing without a mark. Cells that are not marked
 // are walls. A run of more than 31 cells is no slot.
 void slotsfind();
 
@@ -51,9 +57,14 @@ void slotread(int32_t slot, char *buffer);
 // Writes a word into a slot's cells, closed up over its spaces.
 void slotwrite(int32_t slot, const char *text);
 
+// Takes the grid's letters anew, unless nothing has changed since they were
+// taken; and gives the slots' cells to the grid.
+void slotstake();
+void slotsgive();
+
 // The Solve button, and its run. Nothing happens while a run is under way: its
 // slots stay as they are. Errors: 528, 516 without a mark, 517 without a slot.
-// POLLS, about every 2000 words.
+// POLLS, about every 2000 words, and whenever the user has waited long.
 errorblock *solvestart();
 errorblock *solverun(intptr_t);
 

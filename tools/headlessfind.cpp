@@ -37,6 +37,11 @@ errorblock *searchlater(errorblock *(*worker)(intptr_t))
     return nullptr;
 }
 
+bool searchpolldue()
+{
+    return false; // nobody waits
+}
+
 void searchpoll()
 {
     headless.polls++;
