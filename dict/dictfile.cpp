@@ -9,6 +9,7 @@
 #include "base/trace.h"
 #include "dict/storecheck.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -122,7 +123,7 @@ errorblock *dictload(const char *directory, const char *name, Dictionary *dict)
     if (!err) err = bread32(&file, &dict->noindex);
     if (!err) err = blockload(&dict->words, &file);
     if (!err) err = blockload(&dict->index, &file);
-    if (!err) err = storecheck(dict); // readers trust the blocks from here on
+    if (!err) err = storetake(dict); // readers trust the blocks from here on
     err = bclose(&file, err);
     if (err) dict->nwords = dict->noindex = 0;
     return err;
@@ -139,7 +140,8 @@ errorblock *dictsave(const char *directory, const char *name, const Dictionary *
     err = safeopen(path, BFILEBUFFER, &save);
     if (err) return err;
     err = headerwrite(&save.file);
-    if (!err) err = bwrite32(&save.file, dict->nwords);
+    // After inserts that ran out of memory nwords counts words that aren't there.
+    if (!err) err = bwrite32(&save.file, std::min(dict->nwords, storeroom(dict)));
     if (!err) err = bwrite32(&save.file, dict->noindex);
     if (!err) err = blocksave(&dict->words, &save.file);
     if (!err) err = blocksave(&dict->index, &save.file);

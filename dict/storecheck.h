@@ -22,3 +22,12 @@ struct errorblock;
 
 // Error 283 when a rule is broken.
 errorblock *storecheck(const Dictionary *dict);
+
+// The same for a store that was read from a file, which is refused as well when
+// its word block has no room for nwords. An index tells nothing that the records
+// don't: one that is broken or missing is made anew where the records can be read
+// as words in order. Errors: 283, 2.
+errorblock *storetake(Dictionary *dict);
+
+// The words that the word block has room for, of two bytes at least.
+uint32_t storeroom(const Dictionary *dict);

@@ -1,8 +1,28 @@
 #include "dict/wordimport.h"
 
 #include "base/bfile.h"
+#include "base/syserr.h"
 #include "dict/dictset.h"
 #include "dict/wordfeed.h"
+#include "dict/wordpile.h"
+
+namespace
+{
+
+// Every word up to the end, or up to an error.
+errorblock *wordsread(bfile *file, wordpile *pile)
+{
+    wordfeed feed = {};
+    errorblock *err = nullptr;
+    int32_t byte = 0;
+    while (!err && byte != FEEDEND) {
+        err = bgetc(file, &byte); // -1 at the end, as the feed has it
+        if (!err && wordfeedbyte(&feed, byte)) err = pileadd(pile, feed.word);
+    }
+    return err;
+}
+
+} // namespace
 
 errorblock *wordimport(const char *path, uint32_t dictnumber)
 {
@@ -10,14 +30,14 @@ errorblock *wordimport(const char *path, uint32_t dictnumber)
     bfile file;
     errorblock *err = bopen(path, "r", BFILEBUFFER, &file);
     if (err) return err;
-    wordfeed feed = {};
-    int32_t byte = 0;
-    while (!err && byte != FEEDEND) {
-        err = bgetc(&file, &byte); // -1 at the end, as the feed has it
-        if (err || !wordfeedbyte(&feed, byte)) continue;
-        err = dictadd(feed.word, &record->dict);
-        if (!err) record->changed = 1;
-    }
+    wordpile pile;
+    err = pilestart(&pile);
+    if (err) return bclose(&file, err);
+    err = wordsread(&file, &pile);
+    if (pile.count) record->changed = 1;
+    kepterror kept = keeperror(err);
+    err = firsterror(kept, pilemerge(&pile, &record->dict));
+    pilefree(&pile);
     return bclose(&file, err);
 }
 

@@ -170,7 +170,7 @@ TEST_CASE("a file with any byte altered is refused, or does no harm")
         exercisereaders(dict);
         exerciseedits(&dict, &random, 10);
     }
-    CHECK(refused > 20);
+    CHECK(refused > 10); // most of those in the index are mended
     CHECK(loadcode(good.replace(264 + 8 + 12, 1, "\x08")) == ECR);
     dictfree(&dict);
 }

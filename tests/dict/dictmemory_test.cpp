@@ -28,15 +28,16 @@ errorblock *addwithout(const char *word, Dictionary *dict, int32_t allocations)
     return err;
 }
 
-// Such a store saves, and loads as what it is.
+// Such a store saves, and loads as what it is, but that no file counts more words
+// than it has room for, and that records which no entry led to have one then.
 void saveandload(const Dictionary &dict)
 {
     Dictionary again = {};
     REQUIRE_FALSE(dictsave(scratchfolder().c_str(), "short", &dict));
     REQUIRE_FALSE(dictload(scratchfolder().c_str(), "short", &again));
-    CHECK(again.nwords == dict.nwords);
+    CHECK(again.nwords == std::min(dict.nwords, storeroom(&dict)));
     CHECK(blockbytes(again.words) == blockbytes(dict.words));
-    CHECK(blockbytes(again.index) == blockbytes(dict.index));
+    if (dict.noindex) CHECK(blockbytes(again.index) == blockbytes(dict.index));
     dictfree(&again);
 }
 

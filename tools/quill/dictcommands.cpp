@@ -8,6 +8,7 @@
 #include "dict/dictfile.h"
 #include "dict/dictverify.h"
 #include "dict/wordfeed.h"
+#include "dict/wordpile.h"
 #include "tools/quill/console.h"
 #include "tools/quill/edge.h"
 
@@ -58,15 +59,17 @@ void saysize(const Dictionary &dict, const dictplace &place)
 errorblock *importtext(const std::string &text, Dictionary *dict)
 {
     wordfeed feed = {};
-    errorblock *err = nullptr;
+    wordpile pile;
+    errorblock *err = pilestart(&pile);
     for (size_t at = 0; at <= text.size() && !err; at++) {
         int32_t byte = at < text.size() ? static_cast<uint8_t>(text[at]) : FEEDEND;
         if (!wordfeedbyte(&feed, byte)) continue;
-        err = dictadd(feed.word, dict);
-        uint32_t words = dictcount(dict);
-        if (words % 1024 == 0) countshow("words", static_cast<int32_t>(words));
+        err = pileadd(&pile, feed.word);
+        if (pile.count % 1024 == 0) countshow("words", pile.count);
         if (edgestopped()) break;
     }
+    if (!err) err = pilemerge(&pile, dict);
+    pilefree(&pile);
     return err;
 }
 
