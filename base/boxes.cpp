@@ -115,7 +115,10 @@ void reportf(int level, const char *format, ...)
     messageformat(TEXTSIZE, block.text, format, arguments);
     va_end(arguments);
     expandtokens(block.text, TEXTSIZE);
-    errorbox(&block, level == 2);
+    if (level == 3)
+        boxnested(0, block.text, BOXTASKMODAL | BOXINFORMATION);
+    else
+        errorbox(&block, level == 2);
     if (level == 1) leave(1);
 }
 

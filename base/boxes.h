@@ -33,7 +33,8 @@ constexpr uint32_t REPORTWARNING = 17;
 void reporttext(const char *text, uint32_t flags);
 [[noreturn]] void reporttextfatal(const char *text);
 
-// Level 0 a stop box, 2 a warning box, 1 a stop box and the end of the process.
+// Level 0 a stop box, 2 a warning box, 1 a stop box and the end of the process, 3 an
+// information box.
 [[gnu::format(printf, 2, 3)]] void reportf(int level, const char *format, ...);
 
 // Answers of askbox.

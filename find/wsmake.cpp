@@ -50,6 +50,40 @@ void lift(int32_t length, int32_t x, int32_t y, wsstep step)
         if (--grid.counts[x][y] == 0) grid.letters[x][y] = ' ';
 }
 
+// How far a making came, which is no fault of the program's.
+void fittedsay(int32_t entry)
+{
+    reportf(3, "Fitted %d words, up to %s", static_cast<int>(entry), solword(entry)->text);
+}
+
+uint32_t directionmask()
+{
+    return grid.filldirections & 255 ? grid.filldirections : 15;
+}
+
+// Whether an empty grid takes a word of this length in any allowed direction.
+bool lengthfits(int32_t length)
+{
+    for (uint32_t direction = 0; direction < WSDIRECTIONS; direction++) {
+        wsstep step = wssteps[direction];
+        if ((directionmask() >> direction & 1) && (!step.dx || length <= grid.width) &&
+            (!step.dy || length <= grid.height))
+            return true;
+    }
+    return false;
+}
+
+// The first word that no place can take, however the others lie; the end of the
+// list if there is none.
+int32_t firstunfit()
+{
+    int32_t entry = 0;
+    while (entry < solutions.count &&
+           lengthfits(static_cast<int32_t>(strlen(solword(entry)->text))))
+        entry++;
+    return entry;
+}
+
 wsattempt attemptstart()
 {
     wsattempt attempt = {};
@@ -78,7 +112,7 @@ bool attemptcell(wsattempt *attempt)
 // Goes on from where the attempt stands to the next place that takes the word.
 bool attemptfind(wsattempt *attempt, const char *word, int32_t length)
 {
-    uint32_t mask = grid.filldirections & 255 ? grid.filldirections : 15;
+    uint32_t mask = directionmask();
     do {
         for (; attempt->turn < WSDIRECTIONS; attempt->turn++) {
             uint32_t direction =
@@ -101,11 +135,6 @@ int32_t entrytext(int32_t entry, char *text)
 {
     strcopyn(text, solword(entry)->text, sizeof wsentry::text);
     return static_cast<int32_t>(strlen(text));
-}
-
-void stoppedsay(int32_t entry)
-{
-    reportf(0, "Fitted %d words, up to %s", static_cast<int>(entry), solword(entry)->text);
 }
 
 // Every word that lies in the grid learns its place.
@@ -136,7 +165,7 @@ bool stepforward(flexptr *attempts, int32_t first, int32_t entry, errorblock **e
     solprogress(entry);
     wsattempt attempt = attemptstart();
     if (search.stopflag) {
-        stoppedsay(entry);
+        fittedsay(entry);
         return false;
     }
     searchpoll();
@@ -208,7 +237,11 @@ errorblock *wsmakerun(intptr_t)
 {
     searchbegin();
     searchbusy(true);
-    wsplace(0);
+    int32_t unfit = firstunfit();
+    if (unfit < solutions.count)
+        fittedsay(unfit);
+    else
+        wsplace(0);
     searchbusy(false);
     searchend();
     gridfillrandom();

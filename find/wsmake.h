@@ -23,7 +23,8 @@ constexpr wsstep wssteps[WSDIRECTIONS] = {
 // Takes the selection off every entry of the list, and its marks off the grid.
 void wsdeselect();
 
-// The Make button, and its run: places the list in order.
+// The Make button, and its run: places the list in order. A word that fits no side
+// of the grid in any allowed direction is told of before any is placed.
 errorblock *wsmake();
 errorblock *wsmakerun(intptr_t);
 
