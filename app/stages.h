@@ -1,4 +1,5 @@
-// app/stages.h - stages of the application's start that the window side defines.
+// app/stages.h - stages of the application's start that the window side defines,
+// in app/templates.cpp and app/menus.cpp.
 #pragma once
 
 struct errorblock;

@@ -58,6 +58,8 @@ void settaskname(const char *name, const char *title);
 const char *taskname();
 const char *tasktitle();
 
-// Asked of the window side: shows a box with the system's flags and returns
-// the system's answer (1 OK, 2 Cancel, 6 Yes, 7 No).
+// Asked of the window side, which defines it in desktop/win32/boxshow.cpp: shows
+// a box with the system's flags and returns the system's answer (1 OK, 2 Cancel,
+// 6 Yes, 7 No). Without windows: tools/headlessbase.cpp, and for quill
+// tools/quill/searchseam.cpp.
 int boxshow(intptr_t parent, const char *text, const char *title, uint32_t flags);

@@ -29,7 +29,9 @@ void traceerror(const char *label, const errorblock *error);
 errorblock *textfileheader(bfile *file, const char *title);
 
 // Asked of the window side: writes length bytes of a line, its end included,
-// to the diagnostic console; the wide twin; and the text on the screen.
+// to the diagnostic console; the wide twin; and the text on the screen. In
+// desktop/win32/traceconsole.cpp and tracepaint.cpp; without windows where
+// boxshow is (base/boxes.h).
 void tracewrite(const char *text, int length);
 void tracewritew(const wchar_t *text, int length);
 void tracepaint(int y, const char *text, int length);

@@ -1,7 +1,8 @@
 // desktop/eventsource.h - what the event poll asks of the system.
 //
 // Messages come one by one; a quit notice may stand among them. Each call is
-// thin: the poll decides, this fetches and does.
+// thin: the poll decides, this fetches and does. They are defined in
+// desktop/win32/eventsource.cpp and hooks.cpp, and for tests by a scripted system.
 #pragma once
 
 #include "desktop/events.h"

@@ -1,5 +1,6 @@
-// desktop/helpsystem.h - what help asks of the system. A test puts its own in
-// the place of these to see what was asked for.
+// desktop/helpsystem.h - what help asks of the system. It is defined in
+// win32/helpsystem.cpp and helpplace.cpp; a test puts its own in the place of
+// these to see what was asked for.
 //
 // The system's help is a library of its own, which is loaded when it is first
 // wanted: a program runs without it.

@@ -11,6 +11,6 @@
 errorblock *addhotkeyhandler(hotkeyfunction function, window owner, int32_t id, int32_t key);
 errorblock *remhotkeyhandler(hotkeyfunction function, window owner, int32_t id, int32_t key);
 
-// Asked of the window messages, with the id of WM_HOTKEY; leaves the line of it in
-// the trace.
+// For the window messages, with the id of WM_HOTKEY; leaves the line of it in the
+// trace.
 void hotkeydeliver(window w, int32_t id);

@@ -39,6 +39,6 @@ void pollleave();
 // As it is at start-up.
 void pollreset();
 
-// Asked of the window messages: offers a key press to the key handlers of its
-// window. Sets claimed when one has used it.
+// Asked of the window messages (win32/keyevents.cpp): offers a key press to the
+// key handlers of its window. Sets claimed when one has used it.
 void keydeliver(const systemmessage *message, bool *claimed);

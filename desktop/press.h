@@ -48,7 +48,7 @@ void presstick(window control, bool over);
 constexpr uint32_t PRESSTICK = 100; // milliseconds
 constexpr int32_t PRESSDELAY = 5;   // ticks
 
-// Asked of the window side.
+// Asked of the window side (win32/abxpress.cpp).
 void presslook(window control, bool pressed);
 void presscapture(window control, bool on);
 void presstimer(window control, bool on);

@@ -1,8 +1,9 @@
 // desktop/stages.h - stages of the start-up that stand above this folder's
 // logic.
 //
-// Each is called once, by starttask, in this order. They are defined by the
-// window side.
+// Each is called once, by starttask, in this order. The screen's are defined in
+// graphics/win32/modeinfo.cpp, those of sprites in graphics/sprites.cpp, and the
+// others in win32/windowclasses.cpp, win32/hourglass.cpp and win32/templates.cpp.
 #pragma once
 
 struct errorblock;

@@ -55,7 +55,8 @@ void editdropsremove();
 // dictionary as dictcreate does.
 errorblock *newdictopen(window parent);
 
-// Asked of the application: call function(data) when no search walks the words;
-// what was found before refers to words that have moved.
+// Asked of the application, which defines them in app/commands.cpp: call
+// function(data) when no search walks the words; what was found before refers to
+// words that have moved.
 errorblock *dictwhenidle(errorblock *(*function)(intptr_t), intptr_t data);
 void dictrefsgone();

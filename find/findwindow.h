@@ -1,7 +1,8 @@
 // find/findwindow.h - what the searches ask of the window side.
 //
-// The desktop program defines these in its window files; a program without
-// windows links tools/headlessfind.cpp.
+// The desktop program defines the first two in find/solutionsview.cpp,
+// progressshow in app/buttons.cpp and the rest in app/longwork.cpp. quill has
+// its own in tools/quill/searchseam.cpp, the tests link tools/headlessfind.cpp.
 #pragma once
 
 #include <cstdint>

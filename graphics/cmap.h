@@ -22,8 +22,9 @@ constexpr uint32_t CMAPTAG = 'c' | 'm' << 8 | 'a' << 16 | uint32_t{'p'} << 24;
 
 constexpr int32_t CMAPSYMBOL = 0, CMAPUNICODE = 1; // encodings
 
-// Asked of the device side: copies size bytes at offset of a table of the font
-// that is selected in the context. Returns the bytes there were, at most size.
+// Asked of the window side (win32/fonttable.cpp): copies size bytes at offset of a
+// table of the font that is selected in the context. Returns the bytes there were,
+// at most size.
 int32_t fonttable(intptr_t dc, uint32_t tag, uint32_t offset, void *out, int32_t size);
 
 // Reads the subtable into buffer, its 16-bit values in the machine's order.

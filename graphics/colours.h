@@ -48,7 +48,8 @@ uint32_t colourinverse(uint32_t word);
 // the upper bytes, 2 to 17 a desktop colour, 18 to 254 a colour of the system.
 uint32_t colourcodevalue(uint32_t code);
 
-// Asked of the window side: a colour of the system, by its number.
+// Asked of the window side (win32/colours.cpp): a colour of the system, by its
+// number.
 uint32_t systemcolour(int32_t number);
 
 // The index of the device palette's entry nearest to a word.

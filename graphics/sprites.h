@@ -58,8 +58,9 @@ errorblock *addspritesshared(const char *directory, const char *name); // MOVES 
 // that isn't well formed, 3 for one that is too short, 2.
 errorblock *addsprites(const char *directory, const char *name, flexptr *area, intptr_t module);
 
-// Asked of the window side: a resource of type "Sprites", good for as long as
-// the module is. data is 0, without an error, when there is none.
+// Asked of the window side (win32/spriteresource.cpp): a resource of type
+// "Sprites", good for as long as the module is. data is 0, without an error, when
+// there is none.
 errorblock *spriteresource(intptr_t module, const char *name, const void **data, int32_t *size);
 
 // The first sprite of that name, in any case, of which 12 bytes count; 0 for
