@@ -4,23 +4,17 @@
 
 window mainwindow = 4;
 
-static errorblock *stage(const char *name)
-{
-    fake.log.push_back(name);
-    return fake.failstage == name ? fakeerror() : nullptr;
-}
-
 errorblock *linktemplates(const char *)
 {
-    return stage("linktemplates");
+    return fakestage("linktemplates");
 }
 
 errorblock *linkmenus()
 {
-    return stage("linkmenus");
+    return fakestage("linkmenus");
 }
 
 errorblock *openmainwindow()
 {
-    return stage("openmainwindow");
+    return fakestage("openmainwindow");
 }

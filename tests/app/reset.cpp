@@ -31,5 +31,5 @@ void modulesreset()
     initerror();
     setleave(fakeleave);
     headlessreset();
-    fakereset();
+    fake = {};
 }

@@ -1,5 +1,6 @@
 #include "app/startup.h"
 
+#include "app/apperrors.h"
 #include "app/main.h"
 #include "base/boxes.h"
 #include "base/errorcodes.h"
@@ -12,13 +13,10 @@
 #include "grid/grid.h"
 #include "grid/gridfile.h"
 #include "tests/desktop/fake/fakesource.h"
-#include "tests/support/runner.h"
+#include "tests/support/testfiles.h"
 #include "tools/headless.h"
 
 #include <doctest/doctest.h>
-
-#include <cstring>
-#include <fstream>
 
 namespace
 {
@@ -31,147 +29,92 @@ errorblock *note(intptr_t number, intptr_t, intptr_t, intptr_t)
     return number == TASKREADY ? fakeerror() : nullptr; // which nobody looks at
 }
 
-// Texts, and who follows the stages of the task, as soon as there is a table.
-void listen(const std::string &stage)
-{
-    if (stage != "tasktemplates") return;
-    addtranstext(catalogue, sizeof catalogue - 1);
-    for (intptr_t number : {TASKREADY, TASKRUN, TASKEND})
-        addmessagehandler(number, note, 0);
-}
-
 // Runs the program, which is told to quit as soon as it polls. Its status when
-// it ends inside, or that plus 100 when it returns.
+// it ends inside, or -1 when it returns; texts, and who follows the stages of the
+// task, are there as soon as there is a table.
 int run(std::vector<std::string> words = {})
 {
     words.insert(words.begin(), "quillmere.exe");
     std::vector<char *> pointers;
     for (std::string &word : words)
         pointers.push_back(word.data());
-    fake.onstage = listen;
+    fake.onstage = [](const std::string &stage) {
+        if (stage != "tasktemplates") return;
+        addtranstext(catalogue, sizeof catalogue - 1);
+        for (intptr_t number : {TASKREADY, TASKRUN, TASKEND})
+            addmessagehandler(number, note, 0);
+    };
     postquit(0);
-    try {
-        return 100 + mainroutine(static_cast<int>(words.size()), pointers.data());
-    } catch (const fakeleft &left) {
-        return left.status;
-    }
+    return fakeended([&] { mainroutine(static_cast<int>(pointers.size()), pointers.data()); });
 }
 
-// The log behind the library's own stages.
-std::string applog()
-{
-    std::string log = fakelog();
-    size_t at = log.find("tasktemplates, ");
-    return at == std::string::npos ? "none of " + log : log.substr(at + 15);
-}
-
-const char wholelog[] = "linktemplates, linkmenus, message 3, openmainwindow, "
-                        "message 65543, wait, message 4, modeinfoend";
-
-std::string gridfile(const char *leaf)
-{
-    std::string path = scratchfolder() + "/" + leaf;
-    gridreset();
-    grid.width = 9;
-    grid.letters[2][3] = 'q';
-    REQUIRE(gridwrite(path.c_str()) == nullptr);
-    gridreset();
-    return path;
-}
+const std::string ended = "linktemplates, linkmenus, message 3, openmainwindow, "
+                          "message 65543, wait, message 4, modeinfoend";
 
 } // namespace
 
-TEST_CASE("the program starts, runs and ends in its order")
+TEST_CASE("the program starts, runs and ends in its order, whatever fails")
 {
-    CHECK(run() == 0);
-    CHECK(applog() == wholelog);
-    CHECK(headless.boxes == 0);
-    CHECK(grid.width == 16);
-    CHECK(grid.filename[0] == 0);
-    CHECK(headless.metrics == 1); // of the lists, by the choices
-}
-
-TEST_CASE("a library that doesn't start is told, and the program ends with 0")
-{
-    fake.failstage = "initsprites";
-    CHECK(run() == 100);
-    CHECK(headless.boxes == 1);
-    CHECK(headless.boxtext == "It failed");
-    CHECK(headless.boxtitle == "Quillmere");
-    CHECK(headless.boxflags == (BOXTASKMODAL | BOXSTOP));
-    CHECK(fakelog() == "modeinfoinit, inittemp, initsprites");
-}
-
-TEST_CASE("an application that doesn't start whole goes on without a word")
-{
-    SUBCASE("templates")
-    {
-        fake.failstage = "linktemplates";
-        CHECK(run() == 0);
+    // What comes behind the library's own stages.
+    const struct {
+        const char *failing;
+        int status;
+        std::string log;
+        uint32_t boxes = 0;
+    } rows[] = {
+        {"", 0, ended},
+        // Of the library: it is told, and the end. Of the application: not a word.
+        {"initsprites", -1, "modeinfoinit, inittemp, initsprites", 1},
         // Without the quit handler the poll ends the process itself.
-        CHECK(applog() == "linktemplates, message 3, openmainwindow, message 65543, wait");
+        {"linktemplates", 0, "linktemplates, message 3, openmainwindow, message 65543, wait"},
+        {"linkmenus", 0,
+         "linktemplates, linkmenus, message 3, openmainwindow, message 65543, wait"},
+        {"openmainwindow", 0,
+         "linktemplates, linkmenus, message 3, openmainwindow, message 4, modeinfoend", 1}};
+    for (const auto &row : rows) {
+        modulesreset();
+        fake.failstage = row.failing;
+        CHECK(run() == row.status);
+        std::string log = fakelog();
+        size_t at = log.find("linktemplates");
+        CHECK(log.substr(at == std::string::npos ? 0 : at) == row.log);
+        CHECK(headless.boxes == row.boxes);
+        if (!row.boxes) continue;
+        CHECK((headless.boxtext == "It failed" && headless.boxtitle == "Quillmere"));
+        CHECK(headless.boxflags == (BOXTASKMODAL | BOXSTOP));
     }
-    SUBCASE("menus")
-    {
-        fake.failstage = "linkmenus";
-        CHECK(run() == 0);
-        CHECK(applog() ==
-              "linktemplates, linkmenus, message 3, openmainwindow, message 65543, wait");
-    }
-    CHECK(headless.boxes == 0);
 }
 
-TEST_CASE("a main window that doesn't open is the end")
+TEST_CASE("the command line names one grid, whatever its extension says")
 {
-    fake.failstage = "openmainwindow";
-    CHECK(run() == 0);
-    CHECK(applog() ==
-          "linktemplates, linkmenus, message 3, openmainwindow, message 4, modeinfoend");
-    CHECK(headless.boxes == 1);
-}
-
-TEST_CASE("the command line names one grid")
-{
-    std::string path = gridfile("a grid.txt"); // whatever its extension says
-    SUBCASE("one")
-    {
-        CHECK(run({path}) == 0);
-        CHECK(grid.width == 9);
-        CHECK(grid.letters[2][3] == 'q');
-        CHECK(grid.filename == path);
-        CHECK(gridsunsaved() == 0);
-        CHECK(headless.boxes == 0);
+    std::string path = scratch("a grid.txt"), text = scratch("text.qmg");
+    grid.width = 9;
+    REQUIRE_FALSE(gridwrite(path.c_str()));
+    putfile(text, "zebra\n");
+    const struct {
+        std::vector<std::string> words;
+        int32_t width;
+        std::string filename, box;
+    } rows[] = {{{}, 16, "", ""},
+                {{path}, 9, path, ""},
+                {{path, path}, 16, "", ""},               // of two none is opened
+                {{text}, 16, "", "Corruption in file."}}; // it isn't one, and the program stays
+    for (const auto &row : rows) {
+        modulesreset();
+        CHECK(run(row.words) == 0);
+        CHECK((grid.width == row.width && grid.filename == row.filename && gridsunsaved() == 0));
+        CHECK(headless.boxtext == row.box);
+        CHECK(fakelog().ends_with(ended));
+        CHECK(headless.metrics == 1); // of the lists, by the choices
     }
-    SUBCASE("two: none is opened")
-    {
-        CHECK(run({path, path}) == 0);
-        CHECK(grid.width == 16);
-        CHECK(headless.boxes == 0);
-    }
-    SUBCASE("a text: it isn't one, and the program stays")
-    {
-        std::ofstream(path) << "zebra\n";
-        CHECK(run({path}) == 0);
-        CHECK(headless.boxes == 1);
-        CHECK(headless.boxtext == "Corruption in file.");
-        CHECK(grid.width == 16);
-    }
-    CHECK(applog() == wholelog);
-}
-
-TEST_CASE("the question before the end")
-{
-    CHECK(run() == 0);
-    CHECK(quitquery() == 0);
-    CHECK(headless.boxes == 0);
-
+    // The question before the end.
+    headless.boxes = 0;
+    CHECK((quitquery() == 0 && headless.boxes == 0));
     gridchange();
     headless.boxanswer = 7; // No
     CHECK(quitquery() == 1);
-    CHECK(headless.boxes == 1);
-    CHECK(headless.boxtext == "Grid edited and not saved. Continue?");
+    CHECK((headless.boxtext == "Grid edited and not saved. Continue?" && gridsunsaved() == 1));
     CHECK(headless.boxflags == (BOXYESNO | BOXWARNING));
-    CHECK(gridsunsaved() == 1);
     headless.boxanswer = 6; // Yes
     CHECK(quitquery() == 0);
 }
@@ -179,18 +122,35 @@ TEST_CASE("the question before the end")
 TEST_CASE("the kinds of file")
 {
     REQUIRE(loadappresources(nullptr) == nullptr);
-    CHECK(filetypeof("a.QMG") == 0x103);
-    CHECK(filetypeof("a.txt") == 0xFFF);
-    CHECK(filetypeof("a.emf") == 0x101);
-    CHECK(filetypeof("a.wmf") == 0x100); // the first of two rows
-    CHECK(filetypeof("a.dat") == FILETYPEDEFAULT);
-    CHECK(filetypeof("a.doc") == FILETYPEDATA);
-    CHECK(filetypeof("a") == FILETYPEDATA);
+    const std::pair<const char *, int32_t> rows[] = {
+        {"a.QMG", 0x103},           {"a.txt", 0xFFF},        {"a.emf", 0x101},
+        {"a.wmf", 0x100}, // of two rows
+        {"a.dat", FILETYPEDEFAULT}, {"a.doc", FILETYPEDATA}, {"a", FILETYPEDATA}};
+    for (auto [name, type] : rows)
+        CHECK(filetypeof(name) == type);
     CHECK(std::string(filetypedescription(0x102)) == "Placement metafile (*.wmf)");
     char extension[8];
-    filetypetext(0x102, extension, sizeof extension);
-    CHECK(std::string(extension) == "wmf");
     filetypetext(FILETYPEDATA, extension, sizeof extension);
     CHECK(std::string(extension) == "dat");
-    CHECK(std::string(lookuperror(ECR)) == "{ECR}");
+}
+
+TEST_CASE("what the user reads of the application's errors, or of one over the library's")
+{
+    initerror();
+    taskerrors();
+    apperrors();
+    REQUIRE_FALSE(inittrans());
+    REQUIRE_FALSE(addtrans(RESOURCESFOLDER, "Messages.txt"));
+    const std::pair<uint32_t, const char *> rows[] = {
+        {ENMW, "Need marked word!"},
+        {ENTS, "Nothing to solve!"},
+        {EASW, "An anagram must be a single marked word!"},
+        {EDAX, "Dictionary already exists."},
+        {ENOD, "No dictionaries loaded!"},
+        {ENOSAVE, "Current grid has never been saved, use Save Grid As."},
+        {EBADBITS, "EBADBITS"}, // no entry, on purpose
+        {28, "File %s not found."}};
+    for (auto [code, text] : rows)
+        CHECK(std::string(makeerror(code)->text) == text);
+    endtrans();
 }

@@ -3,6 +3,7 @@
 
 #include "base/errors.h"
 #include "base/files.h"
+#include "base/flex.h"
 #include "base/messages.h"
 #include "base/platform.h"
 #include "base/registry.h"
@@ -15,69 +16,76 @@
 #include "desktop/templatechain.h"
 #include "graphics/modeinfo.h"
 #include "tests/desktop/fake/fakesource.h"
+#include "tests/support/testfiles.h"
 #include "tools/headless.h"
 
 #include <doctest/doctest.h>
 
-#include <cstring>
-#include <string>
+#include <tuple>
 
 namespace
 {
 
-struct {
-    int busy, helpcursor;
-    helpfont font;
-    mouserecord pointer;
-    bool fail; // the pointer can't be read
-} asked;
+int32_t fontheight;
+mouserecord pointer;
+const char *answer; // of window 5's handler, 0 for none
 
-// A screen of 800 pixels' height at 120 to the inch, and a block table.
-struct helpdesk {
-    helpdesk()
-    {
-        asked = {};
-        std::strcpy(asked.font.name, "Arial");
-        asked.font.height = 13;
-        modeinfo.xdpi = modeinfo.ydpi = 120;
-        modeinfo.heightpx = 800;
-        REQUIRE_FALSE(blockstart());
-        headless.keeptrace = true;
-    }
-    ~helpdesk()
-    {
-        modeinfo = {};
-    }
-};
-
-const char *answer; // the handler's
-int32_t askedicon;
-
-errorblock *answered(window self, intptr_t data, int32_t icon, const char **text)
+errorblock *answered(window, intptr_t data, int32_t, const char **text)
 {
-    CHECK(self == 5);
-    askedicon = icon;
     *text = answer;
     return data == 99 ? fakeerror() : nullptr;
 }
 
-bool traced(const std::string &line)
+// Windows with a handler, one that fails, and with the texts of templates 1, 3, 70
+// and 12, on a screen of 800 pixels' height at 120 to the inch.
+struct helpdesk {
+    templaterow rows[5] = {{1, 0, nullptr, "Confirm"},
+                           {3, 0, nullptr, "Info"},
+                           {70, 0, nullptr, "edit"},
+                           {12, 0, nullptr, "custom"},
+                           {0, 0, nullptr, nullptr}};
+    templatelink link;
+
+    helpdesk()
+    {
+        modeinfo.xdpi = modeinfo.ydpi = 120;
+        modeinfo.heightpx = 800;
+        fontheight = 13;
+        headless.keeptrace = true;
+        templatelinked(rows, &link);
+        REQUIRE_FALSE(blockstart());
+        addhelphandler(answered, 5, 0);
+        addhelphandler(answered, 6, 99);
+        for (const templaterow &row : rows)
+            addhelphandler(nullptr, 100 + row.number, row.number);
+    }
+    ~helpdesk()
+    {
+        templateunlinked(&link);
+        modeinfo = {};
+    }
+};
+
+// What comes up for a control, without its place and font.
+std::string shown(window w, int32_t icon)
 {
-    return headless.tracetext.find(line + "\r\n") != std::string::npos;
+    CHECK(fakecode(helpicon(w, icon, 0)) == (w == 6 ? 99 : 0));
+    std::string popup = fakelog();
+    return popup.substr(0, popup.find(" at "));
 }
 
 } // namespace
 
-errorblock *helpsystemtopic(window w, const char *path)
+errorblock *helpsystemtopic(window, const char *path)
 {
-    fake.log.push_back("topic " + std::to_string(w) + " " + path);
+    fake.log.push_back(path);
     return nullptr;
 }
 
-errorblock *helpsystempopup(window w, const char *text, int32_t x, int32_t y, const char *font)
+errorblock *helpsystempopup(window, const char *text, int32_t x, int32_t y, const char *font)
 {
-    fake.log.push_back("popup " + std::to_string(w) + " " + text + " at " + std::to_string(x) +
-                       " " + std::to_string(y) + " in " + font);
+    fake.log.push_back(std::string(text) + " at " + std::to_string(x) + " " + std::to_string(y) +
+                       " in " + font);
     return nullptr;
 }
 
@@ -90,143 +98,141 @@ errorblock *helpsystemplace(window w, int32_t *x, int32_t *y)
 
 void helpsystemfont(window, helpfont *font)
 {
-    *font = asked.font;
+    *font = {.name = "Arial", .height = fontheight};
 }
 
 errorblock *getpointer(mouserecord *mouse)
 {
-    *mouse = asked.pointer;
-    return asked.fail ? fakeerror() : nullptr;
+    *mouse = pointer;
+    return pointer.x ? fakeerror() : nullptr;
 }
 
 void hourglasson()
 {
-    asked.busy++;
+    fake.log.push_back("busy");
 }
 
 void hourglassoff()
 {
-    asked.busy--;
+    fake.log.push_back("idle");
 }
 
 int hourglasshelp(int on)
 {
-    int old = asked.helpcursor;
-    asked.helpcursor = on;
-    return old;
+    fake.log.push_back("cursor " + std::to_string(on));
+    return 0;
 }
 
 TEST_CASE("the manual is where the path says, or beside the program")
 {
     helpdesk desk;
-    constexpr char KEY[] = "HKEY_CURRENT_USER\\Software\\Quillmere help test\\";
-    REQUIRE_FALSE(regwrite((std::string(KEY) + "Path").c_str(), "C:\\Nowhere"));
-    std::string path = "<" + std::string(KEY) + "Path>\\Quillmere help test.chm>"; // any window
-    CHECK_FALSE(helpcontents(5, path.c_str()));
-    CHECK(fakelog() == "topic 5 C:\\Nowhere\\Quillmere help test.chm>");
-    CHECK(traced("topic " + path));
-    CHECK(traced("temp C:\\Nowhere\\Quillmere help test.chm>"));
-
+    std::string key = "HKEY_CURRENT_USER\\Software\\Quillmere help test\\";
+    std::string path = "<" + key + "Path>\\Quillmere help test.chm>"; // any window
     char folder[PATHSIZE];
     REQUIRE_FALSE(platformprogramdirectory(folder, sizeof folder));
     std::string beside = std::string(folder) + "Quillmere help test.chm";
+    REQUIRE_FALSE(regwrite((key + "Path").c_str(), "C:\\Nowhere"));
+    CHECK_FALSE(helpcontents(5, path.c_str()));
     REQUIRE_FALSE(filesave(beside.c_str(), 0, "x", 1));
     CHECK_FALSE(helpcontents(5, path.c_str()));
-    CHECK(fakelog() == "topic 5 " + beside + ">");
-    CHECK(traced("temp " + beside + ">"));
     filedelete(beside.c_str());
-
-    regdelete(KEY); // it was never installed
+    regdelete(key.c_str()); // it was never installed
     CHECK_FALSE(helpcontents(5, path.c_str()));
-    CHECK(fakelog() == "topic 5 " + beside + ">");
+    CHECK(fakelog() == "C:\\Nowhere\\Quillmere help test.chm>, " + beside + ">, " + beside + ">");
 }
 
 TEST_CASE("the text of a control comes from its window's handler")
 {
     helpdesk desk;
-    constexpr char words[] = "WORD:spell\n";
-    REQUIRE_FALSE(addtranstext(words, sizeof words - 1));
+    REQUIRE_FALSE(addtranstext("WORD:spell\n", 11));
     answer = "To {WORD}";
-    CHECK_FALSE(helpicon(5, 17, 30)); // nobody's window
-    CHECK(fakelog() == "");
-    REQUIRE_FALSE(addhelphandler(answered, 5, 1));
-
-    // Beside the control: 90 and 300 OS units, and 13 pixels are 7.8 points.
+    // Beside the control, 90 and 300 OS units, or the window; 13 pixels are 7.8 points.
     CHECK_FALSE(helpicon(5, 17, 30));
-    CHECK(askedicon == 17);
-    CHECK(fakelog() == "popup 5 To spell at 60 600 in Arial, 8, ,");
-    CHECK(traced("help pop To spell"));
-
-    // Beside the window, in a font of 8.4 points.
-    asked.font.height = 14;
+    CHECK(fakelog() == "To spell at 60 600 in Arial, 8, ,");
+    CHECK(headless.tracetext.find("help pop To spell\r\n") != std::string::npos);
+    fontheight = 15;
     CHECK_FALSE(helpicon(5, -1, 0));
-    CHECK(askedicon == -1);
-    CHECK(fakelog() == "popup 5 To spell at 10 600 in Arial, 8, ,");
-
-    std::string longtext = std::string(5000, 'x') + " {WORD}";
-    answer = longtext.c_str();
-    CHECK_FALSE(helpicon(5, 17, 30));
-    CHECK(fakelog().find("x spell at") != std::string::npos);
-
+    CHECK(fakelog() == "To spell at 10 600 in Arial, 9, ,");
+    std::string longtext(5000, 'x');
+    answer = (longtext += " {WORD}").c_str();
+    CHECK(shown(5, 1) == longtext.substr(0, 5001) + "spell");
     answer = nullptr;
-    CHECK_FALSE(helpicon(5, 17, 30));
-    remhelphandler(answered, 5, 1);
-    answer = "To {WORD}";
-    REQUIRE_FALSE(addhelphandler(answered, 5, 99)); // fails
-    CHECK(helpicon(5, 17, 30));
-    CHECK(fakelog() == "");
-}
-
-TEST_CASE("a window without a function has the texts of its template")
-{
-    helpdesk desk;
-    templaterow rows[] = {{3, 0, nullptr, "Info"}, {0, 0, nullptr, nullptr}};
-    templatelink link;
-    templatelinked(rows, &link);
-    constexpr char lines[] = "Info,255:The program\nInfo,1:Leaves\n";
-    REQUIRE_FALSE(helptableadd(lines, sizeof lines - 1));
-    REQUIRE_FALSE(addhelphandler(nullptr, 5, 3));
-    CHECK_FALSE(helpicon(5, 1, 0));
-    CHECK_FALSE(helpicon(5, -1, 0));
-    CHECK_FALSE(helpicon(5, 2, 0));
-    CHECK(fakelog() == "popup 5 Leaves at 10 600 in Arial, 8, ,, "
-                       "popup 5 The program at 10 600 in Arial, 8, ,");
-    templateunlinked(&link);
+    for (window w : {5, 6, 7}) // of no text, a failing one, and nobody's
+        CHECK(shown(w, 1) == "");
 }
 
 TEST_CASE("the next press asks what is under the pointer")
 {
     helpdesk desk;
     answer = "Text";
-    askedicon = 0;
-    REQUIRE_FALSE(addhelphandler(answered, 5, 1));
-    asked.pointer = {0, 0, 4, 5, 9};
     fake.nohook = true;
     CHECK(helpinteractive(7));
-    CHECK(asked.busy == 0);
     fake.nohook = false;
-    for (intptr_t down : {0x201, 0x204, 0xA1, 0xA4}) {
+    const struct {
+        intptr_t down;
+        mouserecord pointer;
+        std::string heard;
+    } rows[] = {{0x201, {0, 0, 4, 5, 9}, "Text at 1018 600 in Arial, 8, ,, "}, // control 509
+                {0x204, {0, 0, 4, 5, -1}, "Text at 10 600 in Arial, 8, ,, "},
+                {0xA1, {0, 0, 4, -1, 9}, ""}, // over no window
+                {0xA4, {1, 0, 4, 5, 9}, ""}}; // and nowhere
+    for (const auto &row : rows) {
+        pointer = row.pointer;
         CHECK_FALSE(helpinteractive(7));
         CHECK_FALSE(helpinteractive(7)); // runs already
         CHECK(fake.hooks == 1);
-        CHECK((asked.busy == 1 && asked.helpcursor == 1));
-        for (intptr_t other : {0x200, 0x202}) // a movement, a release
-            CHECK_FALSE(hookdeliver(5, 0, other));
-        CHECK(fakelog() == "");
-        CHECK(hookdeliver(5, 0, down));
-        CHECK(fakelog() == "popup 5 Text at 1018 600 in Arial, 8, ,"); // beside control 509
-        CHECK(askedicon == 9);
+        for (intptr_t message : {intptr_t{0x200}, intptr_t{0x202}, row.down}) // or no press
+            CHECK(hookdeliver(5, 0, message) == (message == row.down));
         CHECK(fake.hooks == 0);
-        CHECK((asked.busy == 0 && asked.helpcursor == 0));
-        CHECK_FALSE(hookdeliver(5, 0, down));
+        CHECK(fakelog() == "cursor 1, busy, " + row.heard + "idle, cursor 0");
+    }
+}
+
+TEST_CASE("lines of a table give icons of a template their text, the first that fits")
+{
+    helpdesk desk;
+    const std::string lines = "/ Confirm,5:A comment\r\n"
+                              "Confirm,0,11:Answers: yes, or no.\r\n"
+                              "\r\n"
+                              "INFO,255:The program\n"
+                              "nobody,1:Unknown\n"
+                              "Confirm 4:No comma\n"
+                              "Confirm,7 no colon\n"
+                              "Confirm,12:\n"
+                              "Confirm,254:Any other\n"
+                              "Confirm,13:Too late\n"
+                              "edit,1:One\n"
+                              "Info,3:Three\n"
+                              "edit,0x11:The last, without an end of line";
+    auto add = [&] { return helptableadd(lines.data(), static_cast<int32_t>(lines.size())); };
+    const std::string wanted = "Any other|Answers: yes, or no.|Any other|Any other|Any other|"
+                               "Answers: yes, or no.||Any other|";
+    REQUIRE_FALSE(add());
+    std::string found;
+    for (int32_t icon : {-1, 0, 4, 5, 7, 11, 12, 13})
+        found += shown(101, icon) + "|";
+    CHECK(found == wanted);
+    CHECK((shown(103, -1) == "The program" && shown(103, 3) == "Three" && shown(103, 0) == ""));
+    CHECK((shown(170, 1) == "One" && shown(170, 17) == "The last, without an end of line"));
+    CHECK((shown(112, 1) == "" && shown(100, 1) == ""));
+
+    // Without memory the lines before are there, and nothing is another's.
+    bool failed = true;
+    for (int32_t n = 0; failed; n++) {
+        helptablereset();
+        flexfailafter(n);
+        failed = add();
+        flexfailafter(-1);
+        const std::tuple<window, int32_t, const char *> told[] = {
+            {101, 11, "Answers: yes, or no."}, {103, 3, "Three"}, {170, 1, "One"}};
+        for (auto [w, icon, text] : told)
+            CHECK((shown(w, icon) == text || (failed && shown(w, icon) == "")));
     }
 
-    for (bool fail : {false, true}) { // over no window, and nowhere
-        asked.fail = fail;
-        asked.pointer.window = -1;
-        CHECK_FALSE(helpinteractive(7));
-        CHECK(hookdeliver(5, 0, 0x201));
-        CHECK(asked.busy == 0);
-    }
-    CHECK(fakelog() == "");
+    // From a file, or from a resource, which may be missing.
+    putfile(scratch("Help.txt"), "Info,8:From a file\n");
+    CHECK_FALSE(addhelptable(scratchfolder().c_str(), "Help.txt"));
+    CHECK(shown(103, 8) == "From a file");
+    CHECK_FALSE(addhelptable(nullptr, "Help"));
+    CHECK(fakecode(addhelptable(scratchfolder().c_str(), "Missing.txt")) == ERRORNOTFOUND);
 }

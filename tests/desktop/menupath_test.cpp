@@ -2,12 +2,13 @@
 
 #include <doctest/doctest.h>
 
+#include <string>
 #include <vector>
 
 namespace
 {
 
-enum { BAR = 1, FILEMENU, WORDS, LISTS, POPUP, LOST, RINGA, RINGB };
+enum { BAR = 1, FILEMENU, WORDS, LISTS, POPUP, LOST, RINGA, RINGB, DEEP = 100 };
 
 menurow row(int32_t tag, int32_t parent, int32_t position, intptr_t menu)
 {
@@ -19,20 +20,22 @@ menurow row(int32_t tag, int32_t parent, int32_t position, intptr_t menu)
     return made;
 }
 
-// Two tables, chained as addmenus does; gone with the test.
+// Two tables, chained as addmenus does, and in them a chain of menus as long as a
+// path and one more; gone with the test.
 struct tables {
-    std::vector<menurow> first = {
-        row(BAR, 0, 0, 100),   row(FILEMENU, BAR, 0, 101), row(WORDS, BAR, 1, 102),
-        row(LOST, 99, 0, 103), row(RINGA, RINGB, 0, 104),  row(RINGB, RINGA, 0, 105),
-        row(-1, 0, 0, 0),
-    };
+    std::vector<menurow> first = {row(BAR, 0, 0, 100),       row(FILEMENU, BAR, 0, 101),
+                                  row(WORDS, BAR, 1, 102),   row(LOST, 99, 0, 103),
+                                  row(RINGA, RINGB, 0, 104), row(RINGB, RINGA, 0, 105)};
     std::vector<menurow> second = {row(LISTS, WORDS, 4, 106), row(POPUP, 0, 0, 0),
                                    row(-1, 0, 0, 0)};
-    menulink older = {nullptr, first.data()};
-    menulink newer = {&older, second.data()};
+    menulink older = {nullptr, nullptr}, newer = {&older, second.data()};
 
     tables()
     {
+        for (int32_t n = 0; n < MENUPATH; n++)
+            first.push_back(row(DEEP + n, n ? DEEP + n - 1 : 0, n, 200 + n));
+        first.push_back(row(-1, 0, 0, 0));
+        older.table = first.data();
         menustate = {&newer, 0, 0};
     }
     ~tables()
@@ -41,70 +44,47 @@ struct tables {
     }
 };
 
-// The words that were written.
-std::vector<int32_t> pathof(int32_t tag, int32_t item)
+// The words that are written, and the root above them.
+std::string pathof(int32_t tag, int32_t item)
 {
-    constexpr int32_t UNWRITTEN = 7777;
-    std::vector<int32_t> words(MENUPATH, UNWRITTEN);
-    menupathto(menufind(tag), item, words.data());
-    while (!words.empty() && words.back() == UNWRITTEN)
-        words.pop_back();
-    return words;
+    std::vector<int32_t> words(MENUPATH, 777);
+    bool written = menupathto(menufind(tag), item, words.data());
+    std::string path;
+    for (int32_t word : words)
+        if (word != 777) path += std::to_string(word) + " ";
+    CHECK(written == !path.empty());
+    menurow *root = menuroot(menufind(tag));
+    return path + (root ? "of " + std::to_string(root->tag) : "none");
 }
 
 } // namespace
 
-TEST_CASE("menus are found by tag and by handle, and a menu of 0 never")
+TEST_CASE("menus are found by tag and by handle, and their paths from the root")
 {
     tables made;
-    CHECK(menufind(LISTS) == &made.second[0]);
-    CHECK(menufind(WORDS) == &made.first[2]);
-    CHECK(menufind(50) == nullptr);
-    CHECK(menufind(-1) == nullptr);
+    CHECK((menufind(LISTS) == &made.second[0] && menufind(WORDS) == &made.first[2]));
+    CHECK((!menufind(50) && !menufind(-1)));
     CHECK(menufindhandle(102) == &made.first[2]);
-    CHECK(menufindhandle(0) == nullptr);
-    CHECK(menufindhandle(7) == nullptr);
-}
+    CHECK((!menufindhandle(0) && !menufindhandle(7)));
 
-TEST_CASE("a path has the position of each menu below the root")
-{
-    tables made;
-    using words = std::vector<int32_t>;
-    CHECK(pathof(BAR, -1) == words{-1, -1});
-    CHECK(pathof(BAR, 300) == words{300, -1});
-    CHECK(pathof(WORDS, 300) == words{1, 300, -1});
-    CHECK(pathof(LISTS, 0) == words{1, 4, 0, -1});
-    CHECK(pathof(LISTS, -1) == words{1, 4, -1, -1});
-    CHECK(menuroot(menufind(LISTS)) == menufind(BAR));
-    CHECK(menuroot(menufind(POPUP)) == menufind(POPUP));
-}
-
-TEST_CASE("a menu without a root has no path")
-{
-    tables made;
-    for (int32_t tag : {LOST, RINGA}) {
-        CHECK(pathof(tag, 1).empty());
-        CHECK(menuroot(menufind(tag)) == nullptr);
-    }
-}
-
-TEST_CASE("a path ends within its words")
-{
-    std::vector<menurow> deep;
-    for (int32_t tag = 1; tag <= MENUPATH; tag++)
-        deep.push_back(row(tag, tag - 1, tag * 10, tag));
-    deep.push_back(row(-1, 0, 0, 0));
-    menulink link = {nullptr, deep.data()};
-    menustate.tables = &link;
-
-    std::vector<int32_t> words(MENUPATH);
-    CHECK(menupathto(menufind(MENUPATH - 1), 5, words.data()));
-    CHECK(words[0] == 20); // of the second menu: the first is the root
-    CHECK(words[MENUPATH - 3] == (MENUPATH - 1) * 10);
-    CHECK(words[MENUPATH - 2] == 5);
-    CHECK(words[MENUPATH - 1] == -1);
-    CHECK_FALSE(menupathto(menufind(MENUPATH), 5, words.data()));
-    menustate = {};
+    const struct {
+        int32_t tag, item;
+        std::string path;
+    } rows[] = {{BAR, -1, "-1 -1 of 1"},
+                {BAR, 300, "300 -1 of 1"},
+                {WORDS, 300, "1 300 -1 of 1"},
+                {LISTS, 0, "1 4 0 -1 of 1"},
+                {LISTS, -1, "1 4 -1 -1 of 1"},
+                {POPUP, 2, "2 -1 of 5"},
+                {LOST, 1, "none"},
+                {RINGA, 1, "none"},
+                {DEEP + MENUPATH - 1, 5, "none"}}; // one too many
+    for (const auto &row : rows)
+        CHECK(pathof(row.tag, row.item) == row.path);
+    std::string longest;
+    for (int n = 1; n < MENUPATH - 1; n++)
+        longest += std::to_string(n) + " ";
+    CHECK(pathof(DEEP + MENUPATH - 2, 5) == longest + "5 -1 of 100");
 }
 
 TEST_CASE("a menu that goes takes all that hung below it")
@@ -112,10 +92,8 @@ TEST_CASE("a menu that goes takes all that hung below it")
     tables made;
     menuforget(WORDS);
     menuforget(50);
-    for (int32_t tag : {WORDS, LISTS})
-        CHECK(menufind(tag)->menu == 0);
-    for (int32_t tag : {BAR, FILEMENU, RINGA})
-        CHECK(menufind(tag)->menu != 0);
+    for (auto tag : {BAR, FILEMENU, WORDS, LISTS, RINGA, DEEP})
+        CHECK((menufind(tag)->menu == 0) == (tag == WORDS || tag == LISTS));
 }
 
 TEST_CASE("hidden positions are stepped over, and counted back")
@@ -123,13 +101,11 @@ TEST_CASE("hidden positions are stepped over, and counted back")
     CHECK(menutosystem(0b110011, 0) == 2);
     CHECK(menutosystem(0b110011, 2) == 6);
     CHECK(menutosystem(0xFFFFFFFF, 1) == 33);
-    CHECK(menutosystem(0, 100) == 100);
     CHECK(menutosystem(0, -1) == -1);
-
     for (uint32_t hidden : {0u, 1u, 0b10u, 0b110011u, 0x80000000u, 0xAAAAAAAAu})
         for (int32_t position = 0; position < 40; position++) {
             int32_t system = menutosystem(hidden, position);
-            if (system < 32) CHECK((hidden >> system & 1) == 0);
+            CHECK((system >= 32 || !(hidden >> system & 1)));
             CHECK(menufromsystem(hidden, system) == position);
         }
 }

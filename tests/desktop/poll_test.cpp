@@ -1,283 +1,97 @@
-#include "desktop/poll.h"
-
-#include "desktop/blocks.h"
-#include "desktop/eventsource.h"
-#include "desktop/filters.h"
-#include "desktop/handlers.h"
-#include "desktop/message.h"
-#include "desktop/timed.h"
-#include "tests/desktop/fake/fakesource.h"
-#include "tools/headless.h"
+#include "tests/desktop/script.h"
 
 #include <doctest/doctest.h>
 
-namespace
+TEST_CASE("a poll calls those around it, and delivers one message or a null event")
 {
-
-std::function<void(intptr_t)> oncall;
-
-errorblock *note(const char *what, intptr_t data)
-{
-    fake.log.push_back(std::string(what) + std::to_string(data));
-    if (oncall) oncall(data);
-    return nullptr;
+    scriptcheck(
+        "",
+        {
+            {"with a null handler it never waits",
+             "+pre 1; +pre 2; +post 1; +post 2; +null 1; +null 2; wait 5000; poll; ticks",
+             "pre 1, pre 2, look, post 1, post 2, null 1, null 2, ticks 600"},
+            {"a message goes before it", "+null 1; post 1024; poll",
+             "look, translate 1024, dispatch 1024"},
+            {"without one it waits", "+pre 1; +post 1; post 1024; poll; poll",
+             "pre 1, wait, post 1, translate 1024, dispatch 1024, pre 1, wait, for ever, post 1"},
+            {"a fetch that fails is as none", "fetchfails; post 1024; +null 1; poll", "look"},
+            {"an end is told, and its status is 0", "quit 3; +broadcast 0; poll",
+             "wait, broadcast, left"},
+            {"null handlers are counted once each",
+             "+null 1; +null 1; -null 1; poll; -null 1; poll",
+             "wait, for ever, wait, for ever, missed"},
+            {"whether it waits is decided before", "+null 1; +pre 1; on pre 1: -null 1; poll",
+             "pre 1, look"},
+            {"an error is shown, and delivery goes on", "+null 1; +null 2; on null 1: fail; poll",
+             "look, null 1, null 2, It failed"},
+            {"a handler polls, and is removed inside of that",
+             "+null 1; +null 2; +null 3; +null 4; on null 3: on null 1: -null 3 & poll; poll; poll",
+             "look, null 1, null 2, null 3, look, null 1, null 2, null 4, null 4, "
+             "look, null 1, null 2, null 4"},
+            {"the depth is that of window procedures, and a wait is no part of it",
+             "+pre 1; on pre 1: depth; post 7; post 8; depth; poll; depth; "
+             "on dispatch 8: enter & depth & on pre 1: depth & quit & poll & leave; poll",
+             "depth 0, pre 1, depth -1, wait, translate 7, dispatch 7, depth 0, pre 1, wait, "
+             "translate 8, dispatch 8, depth 1, pre 1, depth 0, wait, left"},
+        });
 }
 
-errorblock *pre(intptr_t data)
+TEST_CASE("a message is for the nearest window of ours, whose keys navigate")
 {
-    return note("pre", data);
+    scriptcheck(
+        "ours 10; ours 20; parent 12 11; parent 11 10; parent 10 20; parent 31 30; ",
+        {
+            {"the window itself, or around it, or none",
+             "target 10; target 12; target 31; target 0",
+             "target 10, target 10, target 0, target 0"},
+            {"with a menu there is no navigation", "navigated 258; post 258 12; poll",
+             "wait, translate 258, dispatch 258"},
+            {"presses of a control are not the window's", "used 65; post 256 12 65; poll",
+             "wait, translate 256, dispatch 256"},
+            {"the navigation takes them", "navigates 10; navigated 256; post 256 12; poll",
+             "wait, navigate 256 in 10"},
+            {"or leaves them", "navigates 10; post 1024 12; poll",
+             "wait, navigate 1024 in 10, translate 1024, dispatch 1024"},
+            {"not in a foreign window", "navigates 30; navigated 256; post 256 31; poll",
+             "wait, translate 256, dispatch 256"},
+            {"the window's own go to the key handlers first",
+             "navigates 10; navigated 256; used 65; post 256 10 65; post 256 10 66; poll; poll",
+             "wait, keys 256 in 10, wait, keys 256 in 10, navigate 256 in 10"},
+            {"with Alt too, but not as characters",
+             "navigates 10; used 65; post 260 10 65; post 258 10 65; poll; poll",
+             "wait, keys 260 in 10, wait, navigate 258 in 10, translate 258, dispatch 258"},
+            {"a press that they left isn't theirs again, which is told once",
+             "post 256 10; post 258 10; on dispatch 256: haskey & haskey; on dispatch 258: haskey; "
+             "poll; haskey; poll",
+             "wait, keys 256 in 10, translate 256, dispatch 256, haskey 1, haskey 0, haskey 0, "
+             "wait, translate 258, dispatch 258, haskey 0"},
+            {"nor behind a poll on the way",
+             "post 256 10; post 258 10; on dispatch 256: poll & haskey; on dispatch 258: haskey; "
+             "poll",
+             "wait, keys 256 in 10, translate 256, dispatch 256, "
+             "wait, translate 258, dispatch 258, haskey 0, haskey 1"},
+        });
 }
 
-errorblock *post(intptr_t data)
+TEST_CASE("filters go by message, then by window, then for all")
 {
-    return note("post", data);
-}
-
-errorblock *idle(intptr_t data)
-{
-    return note("null", data);
-}
-
-errorblock *idlefailing(intptr_t)
-{
-    return fakeerror();
-}
-
-errorblock *quitting(intptr_t *record, int *)
-{
-    return note("quit", record[BROADCASTNUMBER]);
-}
-
-errorblock *stopping(const systemmessage *message, intptr_t, int *stop, intptr_t *, int *)
-{
-    note("filter", message->message);
-    *stop = 1;
-    return nullptr;
-}
-
-void begin()
-{
-    oncall = nullptr;
-    REQUIRE(blockstart() == nullptr);
-}
-
-// What a poll did.
-std::string polled()
-{
-    pollonce();
-    return fakelog();
-}
-
-void addaround()
-{
-    addprepollhandler(pre, 1);
-    addprepollhandler(pre, 2);
-    addpostpollhandler(post, 1);
-    addpostpollhandler(post, 2);
-}
-
-} // namespace
-
-TEST_CASE("one poll with a null handler never waits")
-{
-    begin();
-    addaround();
-    addnullhandler(idle, 1);
-    addnullhandler(idle, 2);
-    fakewait(5000);
-    CHECK(polled() == "pre1, pre2, look, post1, post2, null1, null2");
-    CHECK(ticklast() == fake.milliseconds / 10); // null handlers may look at it
-
-    fakepost(FAKEPLAIN);
-    CHECK(polled() == "pre1, pre2, look, post1, post2, translate 1024, dispatch 1024");
-
-    sourcequit(0);
-    addbroadcasthandler(quitting, BROADCASTQUIT);
-    CHECK(fakeended(pollonce) == 0);
-    CHECK(fakelog() == "pre1, pre2, look, post1, post2, quit0");
-}
-
-TEST_CASE("one poll without a null handler waits")
-{
-    begin();
-    addaround();
-    fakepost(FAKEPLAIN);
-    CHECK(polled() == "pre1, pre2, wait, post1, post2, translate 1024, dispatch 1024");
-
-    fake.fail = true;
-    fakepost(FAKEPLAIN);
-    CHECK(polled() == "pre1, pre2, wait, post1, post2");
-    CHECK(headless.boxes == 0);
-    fake.queue.clear();
-
-    pollonce(); // with nothing to come it would wait for ever
-    CHECK(fake.starved);
-    fakelog();
-
-    postquit(3); // the process ends with 0 all the same
-    addbroadcasthandler(quitting, BROADCASTQUIT);
-    CHECK(fakeended(pollonce) == 0);
-    CHECK(fakelog() == "pre1, pre2, wait, post1, post2, quit0");
-}
-
-TEST_CASE("null handlers are counted once each")
-{
-    begin();
-    headless.keeptrace = true;
-    addnullhandler(idle, 1);
-    addnullhandler(idle, 1);
-    CHECK(nullcount() == 1);
-    remnullhandler(idle, 1);
-    remnullhandler(idle, 1);
-    CHECK(nullcount() == 0);
-    CHECK(headless.tracetext == "remblock missed type 0 message 0\r\n");
-
-    // The poll has decided before the handlers around it run.
-    addnullhandler(idle, 1);
-    addprepollhandler(pre, 1);
-    oncall = [](intptr_t) { remnullhandler(idle, 1); };
-    CHECK(polled() == "pre1, look");
-}
-
-TEST_CASE("an error of a handler is shown and delivery goes on")
-{
-    begin();
-    addnullhandler(idlefailing, 0);
-    addnullhandler(idle, 1);
-    pollonce();
-    CHECK(headless.boxes == 1);
-    CHECK(headless.boxtext == "It failed");
-    CHECK(fakelog() == "look, null1");
-}
-
-TEST_CASE("a handler polls, and the inner poll removes it")
-{
-    begin();
-    for (int i = 1; i <= 4; i++)
-        addnullhandler(idle, i);
-    oncall = [](intptr_t data) {
-        if (data != 3) return;
-        oncall = [](intptr_t inner) {
-            if (inner == 1) remnullhandler(idle, 3);
-        };
-        pollonce();
-    };
-    CHECK(polled() == "look, null1, null2, null3, look, null1, null2, null4, null4");
-    CHECK(polled() == "look, null1, null2, null4");
-}
-
-TEST_CASE("the nesting count")
-{
-    begin();
-    int32_t before = pollnesting(), inside = 99, deeper = 99;
-    fake.ondispatch = [&](const systemmessage &) {
-        pollenter();
-        inside = pollnesting();
-        fake.ondispatch = [&](const systemmessage &) { deeper = pollnesting(); };
-        fakepost(FAKEPLAIN);
-        pollonce();
-        pollleave();
-    };
-    fakepost(FAKEPLAIN);
-    pollonce();
-    CHECK(inside == before + 1);
-    CHECK(deeper == inside);
-    CHECK(pollnesting() == before);
-}
-
-TEST_CASE("the window that a message is for")
-{
-    begin();
-    fake.ours = {10, 20};
-    fake.parents = {{12, 11}, {11, 10}, {10, 20}, {31, 30}};
-    CHECK(polltarget(10) == 10);
-    CHECK(polltarget(12) == 10);
-    CHECK(polltarget(31) == 0);
-    CHECK(polltarget(0) == 0);
-}
-
-TEST_CASE("delivery of a message that is no key press")
-{
-    begin();
-    fake.ours = {10};
-    fake.parents = {{11, 10}, {31, 30}};
-    fake.navigated = {SYSTEMKEYDOWN};
-    const struct {
-        const char *what;
-        bool navigates;
-        intptr_t message;
-        window w;
-        const char *done;
-    } rows[] = {
-        {"in a window with a menu there is no navigation", false, SYSTEMCHAR, 11,
-         "wait, translate 258, dispatch 258"},
-        {"nor are presses of a control the window's", false, SYSTEMKEYDOWN, 11,
-         "wait, translate 256, dispatch 256"},
-        {"the navigation takes it", true, SYSTEMKEYDOWN, 11, "wait, navigate 256 in 10"},
-        {"the navigation leaves it", true, FAKEPLAIN, 11,
-         "wait, navigate 1024 in 10, translate 1024, dispatch 1024"},
-        {"a foreign window has no target", true, SYSTEMKEYDOWN, 31,
-         "wait, translate 256, dispatch 256"},
-    };
-    for (const auto &row : rows) {
-        CAPTURE(row.what);
-        if (row.navigates) fake.navigates = {10, 30};
-        fakepost(row.message, row.w);
-        CHECK(polled() == row.done);
-    }
-
-    // A filter that stops it keeps it from all others.
-    addpollfilter(stopping, SYSTEMKEYDOWN, 10, 0);
-    fakepost(SYSTEMKEYDOWN, 10);
-    CHECK(polled() == "wait, filter256");
-    rempollfilter(stopping, SYSTEMKEYDOWN, 10, 0);
-    CHECK(blockcount() == 0);
-}
-
-TEST_CASE("delivery of a key press to a window itself")
-{
-    begin();
-    fake.ours = {10};
-    fake.navigates = {10};
-    intptr_t number = SYSTEMKEYDOWN; // an ordinary key
-    SUBCASE("with Alt")
-    {
-        number = SYSTEMSYSKEYDOWN;
-    }
-    std::string n = std::to_string(number);
-
-    fake.claimed = {65};
-    fakepost(number, 10, 65);
-    CHECK(polled() == "wait, keys " + n + " of 10");
-
-    fake.navigated = {number};
-    fakepost(number, 10, 9);
-    CHECK(polled() == "wait, keys " + n + " of 10, navigate " + n + " in 10");
-
-    // Dispatched, it isn't to go to the key handlers again, which is told once.
-    fake.navigated = {};
-    std::vector<bool> told;
-    fake.ondispatch = [&](const systemmessage &) {
-        told.push_back(pollhaskey());
-        told.push_back(pollhaskey());
-    };
-    fakepost(number, 10, 66);
-    fakepost(SYSTEMCHAR, 10, 66);
-    pollonce();
-    pollonce();
-    CHECK(told == std::vector<bool>{true, false, false, false});
-    CHECK_FALSE(pollhaskey());
-
-    // A filter of the window procedure may poll before the question is asked.
-    told.clear();
-    fake.ondispatch = [&](const systemmessage &outer) {
-        if (outer.wparam == 67) {
-            fakepost(SYSTEMCHAR, 10, 1);
-            pollonce();
-        }
-        told.push_back(pollhaskey());
-    };
-    fakepost(number, 10, 67);
-    pollonce();
-    CHECK(told == std::vector<bool>{false, true});
+    // Added from the widest to the narrowest.
+    scriptcheck("+filter -1 -1 1; +filter -1 10 2; +filter 5 10 3; "
+                "+pollfilter -1 -1 6; +pollfilter 5 10 7; ",
+                {
+                    {"in the window procedure", "filters 5 10; filters 6 10; filters 6 11",
+                     "filter 5 3, filter 5 2, filter 5 1, stopped 0 0 0, filter 6 2, filter 6 1, "
+                     "stopped 0 0 0, filter 6 1, stopped 0 0 0"},
+                    {"in the poll, and one that stops keeps it from all others",
+                     "post 5 10; post 5 10; poll; on pollfilter 5 7: claim; poll",
+                     "wait, pollfilter 5 7, pollfilter 5 6, translate 5, dispatch 5, "
+                     "wait, pollfilter 5 7, pollfilter 5 6"},
+                    {"it says what comes back, the rest run all the same, and errors are shown",
+                     "on filter 5 3: claim & fail; filters 5 10",
+                     "filter 5 3, filter 5 2, filter 5 1, stopped 1 1 1, It failed"},
+                    {"each goes as it came",
+                     "-filter -1 -1 1; -filter -1 10 2; -filter 5 10 3; "
+                     "-pollfilter -1 -1 6; -pollfilter 5 10 7; blocks",
+                     "blocks 0"},
+                });
 }

@@ -2,230 +2,112 @@
 
 #include <doctest/doctest.h>
 
-#include <functional>
+#include <sstream>
 #include <string>
+#include <utility>
 
 namespace
 {
 
 constexpr window BUTTON = 100, OTHER = 200;
 
-// What was asked of the window side, in order.
-std::string asked;
-std::function<void()> onclick;
+std::string asked, onclick; // of the window side; what the next click's handler does
 
-std::string taken()
+void act(const std::string &word, const char *codes)
 {
-    std::string line;
-    line.swap(asked);
-    return line;
+    bool right = word.find('r') != word.npos, over = !word.ends_with('-'); // or beside it
+    int32_t button = right ? BUTTONRIGHT : BUTTONLEFT;
+    if (word.starts_with("down")) pressdown(BUTTON, button, codes);
+    if (word.starts_with("twice")) pressdouble(BUTTON, button, codes);
+    if (word.starts_with("move")) pressmove(BUTTON, over);
+    if (word.starts_with("up")) pressup(BUTTON, button, over);
+    if (word.starts_with("tick")) presstick(BUTTON, over);
+    if (word == "lost") presslost(BUTTON);
+    if (word == "gone") pressgone(BUTTON);
+    if (word == "other") pressdown(OTHER, BUTTONLEFT, "1");
 }
 
-void start()
+void ask(window control, const std::string &what)
 {
-    pressgone(press.control);
-    asked.clear();
-    onclick = nullptr;
-}
-
-std::string of(window control)
-{
-    return control == BUTTON ? "" : "other ";
-}
-
-// What happens to the button, and what it asks for then.
-std::string down(const char *codes, int32_t button = BUTTONLEFT)
-{
-    pressdown(BUTTON, button, codes);
-    return taken();
-}
-
-std::string again(const char *codes, int32_t button = BUTTONLEFT)
-{
-    pressdouble(BUTTON, button, codes);
-    return taken();
-}
-
-std::string move(bool over)
-{
-    pressmove(BUTTON, over);
-    return taken();
-}
-
-std::string up(bool over, int32_t button = BUTTONLEFT)
-{
-    pressup(BUTTON, button, over);
-    return taken();
-}
-
-std::string lost()
-{
-    presslost(BUTTON);
-    return taken();
-}
-
-std::string tick(bool over)
-{
-    presstick(BUTTON, over);
-    return taken();
+    asked += (control == OTHER ? " other " : " ") + what;
 }
 
 } // namespace
 
 void presslook(window control, bool pressed)
 {
-    asked += of(control) + (pressed ? "down " : "up ");
+    ask(control, pressed ? "down" : "up");
 }
 
 // Giving up capture tells of its loss, as the system does.
 void presscapture(window control, bool on)
 {
-    asked += of(control) + (on ? "capture " : "free ");
+    ask(control, on ? "capture" : "free");
     if (!on) presslost(control);
 }
 
 void presstimer(window control, bool on)
 {
-    asked += of(control) + (on ? "timer " : "notimer ");
+    ask(control, on ? "timer" : "notimer");
 }
 
 void pressclick(window control, int32_t buttons)
 {
-    asked += of(control) + std::to_string(buttons) + " ";
-    if (onclick) onclick();
+    ask(control, std::to_string(buttons));
+    act(std::exchange(onclick, ""), "");
 }
 
-TEST_CASE("letters of a K token")
+TEST_CASE("what a control asks for at each thing that happens to it, by its codes")
 {
-    CHECK(presscodes("1R2D") == (PRESSCLICK | PRESSDOUBLERELEASE | PRESSDRAG));
-    CHECK(presscodes("3xr") == 0);
-}
-
-TEST_CASE("a control that reports at the press")
-{
-    start();
-    CHECK(down("1") == "down capture 4 notimer ");
-    CHECK(move(true) == "");
-    CHECK(up(true) == "free up notimer ");
-    CHECK(down("1", BUTTONRIGHT) == "down capture 1 notimer ");
-    up(true, BUTTONRIGHT);
-    CHECK((press.word & 31) == 0);
-}
-
-TEST_CASE("one that reports at the release, over itself only")
-{
-    start();
-    CHECK(down("R1") == "down capture notimer ");
-    CHECK(move(false) == "up ");
-    CHECK(move(false) == "");
-    SUBCASE("released beside it")
-    {
-        CHECK(up(false) == "free up notimer ");
-    }
-    SUBCASE("released after coming back")
-    {
-        CHECK(move(true) == "down ");
-        CHECK(up(true) == "free up 4 notimer ");
-    }
-    SUBCASE("cut short by somebody who took the capture")
-    {
-        CHECK(lost() == "up notimer ");
-        CHECK(up(true) == "");
-    }
-}
-
-TEST_CASE("a drag is the first movement")
-{
-    start();
-    CHECK(down("D1") == "down capture 4 notimer ");
-    CHECK(move(true) == "64 ");
-    CHECK(move(true) == "");
-    CHECK(up(true) == "free up notimer ");
-    down("D", BUTTONRIGHT);
-    CHECK(move(false) == "16 up ");
-    up(false, BUTTONRIGHT);
-
-    // Its handler starts a drag of the window's own, which takes the capture.
-    down("D");
-    onclick = [] { presslost(BUTTON); };
-    CHECK(move(true) == "64 up notimer ");
-    CHECK(move(true) == "");
-
-    // Without any movement it is no drag later on.
-    onclick = nullptr;
-    down("D");
-    up(true);
-    CHECK(move(true) == "");
-    down("D");
-    lost();
-    CHECK(move(true) == "");
-}
-
-TEST_CASE("double clicks")
-{
-    start();
-    CHECK(down("12") == "down capture 4 notimer ");
-    CHECK(up(true) == "free up notimer ");
-    CHECK(again("12") == "down capture 1024 notimer ");
-    CHECK(up(true) == "free up notimer ");
-    for (bool over : {true, false}) {
-        down("R12", BUTTONRIGHT);
-        up(true, BUTTONRIGHT);
-        CHECK(again("R12", BUTTONRIGHT) == "down capture notimer ");
-        CHECK(up(over, BUTTONRIGHT) == (over ? "free up 256 notimer " : "free up notimer "));
-    }
-}
-
-TEST_CASE("a held button repeats after a pause")
-{
-    start();
-    CHECK(down("A") == "down capture notimer timer 4 ");
-    for (int i = 0; i < 5; i++)
-        CHECK(tick(true) == "");
-    CHECK(tick(true) == "4 ");
-    CHECK(tick(false) == "");
-    CHECK(tick(true) == "4 ");
-    CHECK(up(true) == "free up notimer ");
-
-    // A second press in quick succession starts again, and so does the pause.
-    CHECK(again("A") == "down capture notimer timer 4 ");
-    CHECK(tick(true) == "");
-    CHECK(lost() == "up notimer ");
-}
-
-TEST_CASE("handlers that press elsewhere or delete the control")
-{
-    start();
-    SUBCASE("deleted at the press: nothing more is asked")
-    {
-        onclick = [] { pressgone(BUTTON); };
-        CHECK(down("1A") == "down capture 4 ");
-        CHECK(tick(true) == "");
-        CHECK(up(true) == "");
-    }
-    SUBCASE("deleted at the release")
-    {
-        again("R12");
-        onclick = [] { pressgone(BUTTON); };
-        CHECK(up(true) == "free up 4 ");
-    }
-    SUBCASE("released inside the press's own handler")
-    {
-        onclick = [] {
-            onclick = nullptr;
-            pressup(BUTTON, BUTTONLEFT, true);
-        };
-        CHECK(down("1A") == "down capture 4 free up notimer notimer ");
-    }
-    SUBCASE("a press of another control, while the first looks pressed")
-    {
-        down("R1");
-        pressdown(OTHER, BUTTONLEFT, "1");
-        CHECK(taken() == "up notimer other down other capture other 4 other notimer ");
-        CHECK(move(false) == "");
-        CHECK(up(true) == "");
-        CHECK(lost() == "");
-        pressup(OTHER, BUTTONLEFT, true);
-        CHECK(taken() == "other free other up other notimer ");
+    // A right button is "r"; "-" is beside the control.
+    const struct {
+        const char *codes;
+        std::string acts, asked, onclick = "";
+    } rows[] = {
+        {"1", "down move up", " down capture 4 notimer / / free up notimer /"},
+        {"13x", "downr upr", " down capture 1 notimer / free up notimer /"},
+        // At the release, over itself only.
+        {"R1", "down move- move- up-", " down capture notimer / up / / free up notimer /"},
+        {"R1", "down move- move up", " down capture notimer / up / down / free up 4 notimer /"},
+        {"R1", "down lost up", " down capture notimer / up notimer / /"}, // cut short
+        // A drag is the first movement, and with the button down.
+        {"D1", "down move move up", " down capture 4 notimer / 64 / / free up notimer /"},
+        {"D", "downr move- upr-", " down capture notimer / 16 up / free up notimer /"},
+        {"D", "down up move", " down capture notimer / free up notimer / /"},
+        {"D", "down lost move", " down capture notimer / up notimer / /"},
+        {"D", "down move move", " down capture notimer / 64 up notimer / /", "lost"},
+        // Double clicks.
+        {"12", "down up twice up",
+         " down capture 4 notimer / free up notimer / down capture 1024 notimer / "
+         "free up notimer /"},
+        {"R12", "downr upr twicer upr",
+         " down capture notimer / free up 1 notimer / down capture notimer / "
+         "free up 256 notimer /"},
+        {"R12", "downr upr twicer upr-",
+         " down capture notimer / free up 1 notimer / down capture notimer / "
+         "free up notimer /"},
+        // A held button repeats after a pause, and again after a double click.
+        {"A", "down tick tick tick tick tick tick tick- tick up",
+         " down capture notimer timer 4 / / / / / / 4 / / 4 / free up notimer /"},
+        {"A", "down up twice tick lost",
+         " down capture notimer timer 4 / free up notimer / down capture notimer timer 4 / / "
+         "up notimer /"},
+        // Handlers that delete the control, let it go, or press another.
+        {"1A", "down tick up", " down capture 4 / / /", "gone"},
+        {"R12", "twice up", " down capture notimer / free up 4 /", "gone"},
+        {"1A", "down", " down capture 4 free up notimer notimer /", "up"},
+        {"R1", "down other move- up lost",
+         " down capture notimer / up notimer other down other capture other 4 other notimer / / / "
+         "/"},
+    };
+    for (const auto &row : rows) {
+        pressgone(press.control);
+        asked.clear();
+        onclick = row.onclick;
+        std::istringstream acts(row.acts);
+        for (std::string word; acts >> word; asked += " /")
+            act(word, row.codes);
+        CAPTURE(row.codes);
+        CHECK(asked == row.asked);
     }
 }

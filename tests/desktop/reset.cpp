@@ -25,5 +25,5 @@ void modulesreset()
     initerror();
     setleave(fakeleave);
     headlessreset();
-    fakereset();
+    fake = {};
 }

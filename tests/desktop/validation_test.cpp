@@ -4,41 +4,29 @@
 
 #include <cstring>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace
 {
 
-// A text in memory of just its size, so that one byte too far is seen.
-struct exact {
-    std::vector<char> bytes;
-    explicit exact(const std::string &text) : bytes(text.c_str(), text.c_str() + text.size() + 1) {}
-    const char *text() const
-    {
-        return bytes.data();
-    }
-};
-
-// The tokens as "letter=value" with a bar between them.
+// The tokens as "letter=value" with a bar between them. Memory of just the size of
+// the string shows a byte too far.
 std::string tokens(const std::string &string)
 {
-    exact held(string);
+    std::vector<char> exact(string.c_str(), string.c_str() + string.size() + 1);
     std::vector<char> buffer(VALIDATIONSIZE);
     std::string all;
     char letter;
-    const char *text = held.text();
-    while ((text = nexttoken(text, &letter, buffer.data()))) {
-        if (!all.empty()) all += '|';
-        all += (letter ? std::string(1, letter) : "0") + "=" + buffer.data();
-    }
+    for (const char *at = exact.data(); (at = nexttoken(at, &letter, buffer.data()));)
+        all +=
+            (all.empty() ? "" : "|") + std::string(1, letter ? letter : '0') + "=" + buffer.data();
     return all;
 }
 
-std::string quoted(const std::string &value, int32_t size = VALIDATIONSIZE)
+std::string quoted(const char *value, int32_t size)
 {
     std::vector<char> buffer(static_cast<size_t>(size));
-    quotetoken(value.c_str(), buffer.data(), size);
+    quotetoken(value, buffer.data(), size);
     return buffer.data();
 }
 
@@ -46,137 +34,86 @@ std::string replaced(const std::string &string, char letter, const std::string &
 {
     std::vector<char> text(VALIDATIONSIZE);
     std::strcpy(text.data(), string.c_str());
-    bool fits = replacetoken(letter, value.c_str(), text.data());
-    return fits ? text.data() : "doesn't fit";
-}
-
-std::string value(const std::string &string, char letter)
-{
-    exact held(string);
-    std::vector<char> buffer(VALIDATIONSIZE);
-    return gettoken(held.text(), letter, buffer.data()) ? buffer.data() : "none";
-}
-
-bool condition(const char *expression, uint32_t state = 0, bool before = true)
-{
-    bool greys = false;
-    return tokencondition(expression, state, before, &greys);
+    return replacetoken(letter, value.c_str(), text.data()) ? text.data() : "doesn't fit";
 }
 
 } // namespace
 
-TEST_CASE("strings of controls are taken apart")
+TEST_CASE("strings of controls are taken apart, a backslash in a value is written twice")
 {
-    CHECK(tokens("\\E2\\V\\C\\arindent\\K1") == "E=2|V=|C=|a=rindent|K=1");
-    CHECK(tokens("\\Pihand\\V\\u1\\g0xFF000001\\s{HOME}\\K1") ==
-          "P=ihand|V=|u=1|g=0xFF000001|s={HOME}|K=1");
-    CHECK(tokens("Words\\C") == "s=Words|C=");
-    CHECK(tokens("\\e\\E") == "e=|E=");
-    CHECK(tokens("") == "");
-}
-
-TEST_CASE("backslashes in values are written twice")
-{
-    CHECK(tokens("\\sC:\\\\grids\\K1") == "s=C:\\grids|K=1");
-    CHECK(tokens("\\\\\\\\share\\C") == "s=\\\\share|C=");
-    CHECK(tokens("\\s\\\\\\K1") == "s=\\|K=1");
-    CHECK(tokens("\\sends in\\") == "s=ends in|0=");
-    CHECK(tokens("\\") == "0=");
-    CHECK(quoted("a\\b\\") == "a\\\\b\\\\");
-    for (std::string text : {"", "\\", "\\\\", "a\\", "\\s\\K", "C:\\a\\b"})
-        CHECK(tokens("\\s" + quoted(text) + "\\K1") == "s=" + text + "|K=1");
+    const std::pair<const char *, const char *> rows[] = {
+        {"\\E2\\V\\C\\arindent\\g0xFF\\s{HOME}", "E=2|V=|C=|a=rindent|g=0xFF|s={HOME}"},
+        {"Words\\C", "s=Words|C="},
+        {"\\e\\E", "e=|E="},
+        {"", ""},
+        {"\\sC:\\\\grids\\K1", "s=C:\\grids|K=1"},
+        {"\\\\\\\\share\\C", "s=\\\\share|C="},
+        {"\\s\\\\\\K1", "s=\\|K=1"},
+        {"\\sends in\\", "s=ends in|0="},
+        {"\\", "0="}};
+    for (auto [string, apart] : rows)
+        CHECK(tokens(string) == apart);
+    std::string longest(3 * VALIDATIONSIZE, 'x'); // is cut
+    CHECK(tokens("\\s" + longest + "\\E1") ==
+          "s=" + longest.substr(0, VALIDATIONSIZE - 1) + "|E=1");
 
     // Cut, but never in the middle of a doubled one.
-    CHECK(quoted("ab\\c", 4) == "ab");
+    CHECK(quoted("ab\\c", 6) == "ab\\\\c");
     CHECK(quoted("ab\\c", 5) == "ab\\\\");
+    CHECK(quoted("ab\\c", 4) == "ab");
     CHECK(quoted("abc", 1) == "");
 }
 
-TEST_CASE("the first token of a letter")
+TEST_CASE("the first token of a letter is found, and replaced where it stands")
 {
-    CHECK(value("\\E1\\E2", 'E') == "1");
-    CHECK(value("text\\E1", 's') == "text");
-    CHECK(value("\\e1", 'E') == "none");
-    CHECK(value("\\s\\\\E9\\E1", 'E') == "1");
-
+    char buffer[VALIDATIONSIZE];
+    CHECK((gettoken("\\s\\\\E9\\E1\\E2", 'E', buffer) && std::string(buffer) == "1"));
+    CHECK_FALSE(gettoken("\\e1", 'E', buffer));
     const char *string = "text\\E1\\sx";
     tokenplace place;
     REQUIRE(findtoken('s', string, &place));
-    CHECK(place.start == string);
-    CHECK(place.end == string + 4);
+    CHECK((place.start == string && place.end == string + 4));
     REQUIRE(findtoken('E', string, &place));
-    CHECK(place.start == string + 4);
-    CHECK(place.end == string + 7);
+    CHECK((place.start == string + 4 && place.end == string + 7));
     CHECK_FALSE(findtoken('K', string, &place));
-}
 
-TEST_CASE("values are replaced where they stand")
-{
     CHECK(replaced("\\E3\\s12\\K1", 's', "345") == "\\E3\\s345\\K1");
-    CHECK(replaced("\\E3\\s12\\K1", 's', "") == "\\E3\\s\\K1");
-    CHECK(replaced("\\E3\\K1", 's', "new") == "\\E3\\K1\\snew");
     CHECK(replaced("old\\C", 's', "") == "\\s\\C");
-    CHECK(replaced("", 's', "new") == "\\snew");
-    CHECK(tokens(replaced("\\E1\\", 's', "new")) == "E=1|s=new");
-
+    CHECK(replaced("\\E3", 's', "new") == "\\E3\\snew");
+    CHECK(replaced("\\E1\\", 's', "new") == "\\E1\\snew");
     // All 1023 bytes can be used, and what doesn't fit changes nothing.
-    std::string head = "\\s\\C";
-    std::string longest(VALIDATIONSIZE - 1 - head.size(), 'x');
-    CHECK(replaced(head, 's', longest) == "\\s" + longest + "\\C");
-    CHECK(replaced(head, 's', longest + "x") == "doesn't fit");
-    CHECK(replaced(std::string(VALIDATIONSIZE - 1, 'x'), 's', "y") == "\\sy");
-    CHECK(replaced(std::string(VALIDATIONSIZE - 2, 'x'), 'E', "") == "doesn't fit");
+    std::string longest(VALIDATIONSIZE - 5, 'x');
+    CHECK(replaced("\\s\\C", 's', longest) == "\\s" + longest + "\\C");
+    CHECK(replaced("\\s\\C", 's', longest + "x") == "doesn't fit");
 }
 
-TEST_CASE("longer strings than there should be are cut")
+TEST_CASE("conditions go from left to right, the last term stands, and G greys")
 {
-    std::string text(3 * VALIDATIONSIZE, 'x');
-    CHECK(value(text, 's').size() == VALIDATIONSIZE - 1);
-    CHECK(tokens("\\s" + text + "\\E1").ends_with("x|E=1"));
-    CHECK(value("\\s" + std::string(4 * VALIDATIONSIZE, '\\'), 's') ==
-          std::string(VALIDATIONSIZE - 1, '\\'));
-}
-
-TEST_CASE("conditions")
-{
-    const std::pair<const char *, uint32_t> terms[] = {{"F", CONTROLFOCUS},
-                                                       {"P", CONTROLPRESSED},
-                                                       {"S", CONTROLSELECTED},
-                                                       {"M", CONTROLMARKED},
-                                                       {"G", CONTROLDISABLED}};
-    for (auto [term, state] : terms) {
-        CHECK(condition(term, state));
-        CHECK_FALSE(condition(term, ~state));
-    }
-    CHECK(condition("1"));
-    CHECK_FALSE(condition("0", ~0U));
-
-    CHECK(condition("!P"));
-    CHECK_FALSE(condition("!!P", CONTROLPRESSED)); // said twice is said once
-    CHECK(condition("P+S", CONTROLSELECTED));
-    CHECK_FALSE(condition("P-S", CONTROLSELECTED));
-    CHECK(condition("P-S", CONTROLSELECTED | CONTROLPRESSED));
-    CHECK(condition("S-!P", CONTROLSELECTED));
-    CHECK(condition("S!-P", CONTROLSELECTED));
-    CHECK(condition("P-0+1"));       // from left to right
-    CHECK_FALSE(condition("1+1-0")); // without precedence
-    CHECK(condition("0S", CONTROLSELECTED));
-    CHECK_FALSE(condition("1S")); // the last one stands
-
-    // What stood before is where it starts.
-    CHECK(condition("-1", 0, true));
-    CHECK_FALSE(condition("-1", 0, false));
-    CHECK(condition("", 0, true));
-    CHECK_FALSE(condition("x ?+", 0, false));
-}
-
-TEST_CASE("a string that asks whether it is disabled greys itself")
-{
-    bool greys = false;
-    tokencondition("P+S", ~0U, true, &greys);
-    CHECK_FALSE(greys);
-    for (const char *expression : {"P-!G", "P"}) { // and it stays so
-        tokencondition(expression, 0, true, &greys);
-        CHECK(greys);
+    constexpr uint32_t F = CONTROLFOCUS, P = CONTROLPRESSED, S = CONTROLSELECTED, M = CONTROLMARKED,
+                       G = CONTROLDISABLED;
+    const struct {
+        const char *expression;
+        uint32_t state;
+        bool value, greys = false, before = true;
+    } rows[] = {
+        {"F", F, true},       {"P", P, true},
+        {"S", S, true},       {"M", M, true},
+        {"G", G, true, true}, {"F", ~F, false},
+        {"P", ~P, false},     {"S", ~S, false},
+        {"M", ~M, false},     {"G", ~G, false, true},
+        {"1", 0, true},       {"0", ~0U, false},
+        {"!P", 0, true},      {"!!P", P, false}, // said twice is said once
+        {"P+S", S, true},     {"P-S", S, false},
+        {"P-S", S | P, true}, {"S-!P", S, true},
+        {"S!-P", S, true},    {"P-0+1", 0, true},
+        {"1+1-0", 0, false},  {"0S", S, true},
+        {"1S", 0, false},     {"P-!G", 0, false, true},
+        {"-1", 0, true},      {"-1", 0, false, false, false}, // what stood before is its start
+        {"", 0, true},        {"x ?+", 0, false, false, false}};
+    for (const auto &row : rows) {
+        CAPTURE(row.expression);
+        bool greys = false;
+        CHECK(tokencondition(row.expression, row.state, row.before, &greys) == row.value);
+        CHECK(greys == row.greys);
     }
 }

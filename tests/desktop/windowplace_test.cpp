@@ -5,6 +5,7 @@
 
 #include <doctest/doctest.h>
 
+#include <cstring>
 #include <initializer_list>
 
 namespace
@@ -30,26 +31,21 @@ windowstaterecord stateof(int32_t x0, int32_t y0, int32_t x1, int32_t y1)
     return state;
 }
 
-// Whether a box of pixels is that one.
 bool is(const pixelbox &box, const pixelbox &other)
 {
-    return box.left == other.left && box.top == other.top && box.right == other.right &&
-           box.bottom == other.bottom;
+    return !memcmp(&box, &other, sizeof box);
 }
 
 } // namespace
 
-TEST_CASE("a state's rectangle in pixels, from the top of the screen down")
+TEST_CASE("a state's rectangle in pixels, in the frame that it has, and back to the very pixel")
 {
-    screen(96);
-    CHECK(is(placeclient(stateof(180, 360, 540, 900)), {96, 288, 288, 576}));
-    CHECK(is(placeclient(stateof(0, 0, 1920, 1440)), {0, 0, 1024, 768}));
     screen(144);
     CHECK(is(placeclient(stateof(180, 360, 540, 900)), {144, 48, 432, 480}));
-}
-
-TEST_CASE("a state that was read puts the window back to the very pixel")
-{
+    screen(96);
+    CHECK(is(placeclient(stateof(180, 360, 540, 900)), {96, 288, 288, 576}));
+    windowgeometry now = {{100, 100, 420, 360}, {104, 126, 400, 356}};
+    CHECK(is(placeframe(stateof(180, 360, 540, 900), now), {92, 262, 308, 580}));
     for (int32_t dpi : {72, 96, 120, 144}) {
         screen(dpi);
         for (int32_t at = -50; at < 500; at++) {
@@ -61,46 +57,27 @@ TEST_CASE("a state that was read puts the window back to the very pixel")
     }
 }
 
-TEST_CASE("the frame keeps the borders that it has")
-{
-    screen(96);
-    windowgeometry now = {{100, 100, 420, 360}, {104, 126, 400, 356}};
-    // The same borders round another place and size.
-    pixelbox frame = placeframe(stateof(180, 360, 540, 900), now);
-    CHECK(is(frame, {92, 262, 308, 580}));
-
-    windowstaterecord state = {};
-    placestate(now.client, &state);
-    CHECK(is(placeframe(state, now), now.frame));
-}
-
 TEST_CASE("windows are centred, and a cascade of them drifts apart")
 {
     const struct {
         int32_t dpi, n, x, y; // on a screen of 1920 by 1440 or 1280 by 960 units
-    } rows[] = {{96, 0, 760, 570}, {96, 1, 800, 530},  {96, 3, 880, 450},  {96, 4, 760, 410},
-                {96, 5, 800, 570}, {96, 19, 880, 410}, {144, 0, 440, 330}, {144, 19, 560, 170}};
+    } rows[] = {{96, 0, 760, 570}, {96, 1, 800, 530},  {96, 4, 760, 410},
+                {96, 5, 800, 570}, {144, 0, 440, 330}, {144, 19, 560, 170}};
     for (const auto &row : rows) {
-        CAPTURE(row.n);
         screen(row.dpi);
         windowstaterecord state = stateof(7, 9, 407, 309);
         state.xscroll = 11;
-        state.behind = BEHINDSAME;
         centrestate(&state, row.n);
-        CHECK(state.x0 == row.x);
-        CHECK(state.y0 == row.y);
-        CHECK(state.x1 == row.x + 400);
-        CHECK(state.y1 == row.y + 300);
-        CHECK(state.xscroll == 11);
-        CHECK(state.behind == BEHINDSAME);
+        CHECK((state.x0 == row.x && state.y0 == row.y && state.xscroll == 11));
+        CHECK((state.x1 == row.x + 400 && state.y1 == row.y + 300));
     }
 }
 
 TEST_CASE("a box of the work area covers each pixel that drawing in it falls on")
 {
-    for (int32_t dpi : {96, 144}) {
-        screen(dpi);
+    for (int32_t dpi : {96, 144})
         for (int32_t scroll : {0, 1, 100, 333}) {
+            screen(dpi);
             surface s = {};
             setcurrentsurface(&s);
             surfaceinit(&s);
@@ -114,5 +91,4 @@ TEST_CASE("a box of the work area covers each pixel that drawing in it falls on"
             }
             clearcurrentsurface();
         }
-    }
 }

@@ -1,11 +1,14 @@
 #include "grid/grid.h"
 
 #include "grid/appearance.h"
+#include "grid/gridsettings.h"
 #include "grid/wsentry.h"
 #include "tests/grid/gridlooks.h"
+#include "tests/support/runner.h"
 
 #include <climits>
 #include <cstring>
+#include <utility>
 
 namespace
 {
@@ -15,208 +18,130 @@ void fillall(uint8_t letter, uint8_t flags)
     memset(grid.letters, letter, sizeof grid.letters);
     memset(grid.flags, flags, sizeof grid.flags);
     memset(grid.counts, 9, sizeof grid.counts);
+    grid.width = 3;
+    grid.height = 4;
 }
 
-void size(int32_t width, int32_t height)
+// Cells inside and at the edges of the arrays, as letter, flags and count.
+std::string cells()
 {
-    grid.width = width;
-    grid.height = height;
+    std::string all;
+    for (auto [x, y] : {std::pair(2, 3), std::pair(2, 4), std::pair(3, 0), std::pair(127, 127)})
+        all += static_cast<char>(grid.letters[x][y]) + std::to_string(grid.flags[x][y]) + "/" +
+               std::to_string(grid.counts[x][y]) + " ";
+    return all;
 }
 
 } // namespace
 
-TEST_CASE("a fresh document")
+TEST_CASE("a fresh document, whose first change shows in its title, as does a name")
 {
     CHECK((grid.width == 16 && grid.height == 16 && grid.kind == GRIDCROSSWORD));
     CHECK((cursorat(5, 5) && grid.lastcursorx == 0 && nomark()));
-    CHECK(grid.letters[127][127] == ' ');
     CHECK((grid.minwordlength == 5 && grid.filldirections == 15 && grid.showsolutions == 1));
-    CHECK(grid.splitfraction == 0x5000);
-    CHECK((grid.cellwidth == 36 && grid.cellheight == 36));
-}
-
-TEST_CASE("the first change shows in the title, and so does a name")
-{
+    CHECK((grid.splitfraction == 0x5000 && grid.cellwidth == 36 && grid.cellheight == 36));
     gridchange();
     gridchange();
-    CHECK(headless.titles == 1);
-    CHECK(grid.changed == 2);
-    CHECK(gridsunsaved() == 1);
+    CHECK((headless.titles == 1 && grid.changed == 2 && gridsunsaved() == 1));
     gridunchanged();
-    CHECK(gridsunsaved() == 0);
-    CHECK(headless.titles == 1);
-    gridchange();
-    CHECK(headless.titles == 2);
-
+    CHECK((headless.titles == 1 && gridsunsaved() == 0));
     gridsetfilename("C:\\grids\\one.qmg");
-    CHECK(headless.titles == 3);
     gridsetfilename(grid.filename);
     CHECK(std::string(grid.filename) == "C:\\grids\\one.qmg");
+    CHECK(headless.titles == 3);
     gridsetfilename(std::string(400, 'x').c_str());
     CHECK(strlen(grid.filename) == 259);
 }
 
 TEST_CASE("each way of clearing has its own reach")
 {
-    size(3, 4);
-    SUBCASE("gridclear: everywhere, and the upper bits stay")
-    {
-        fillall('q', 0xFF);
-        gridclear();
-        CHECK(grid.letters[127][127] == ' ');
-        CHECK((grid.flags[0][0] == 0xF0 && grid.flags[127][127] == 0xF0));
-        CHECK(grid.counts[0][0] == 9);
-    }
-    SUBCASE("gridclearwords: open cells everywhere")
-    {
-        fillall('q', BARLEFT | BARTOP | VISITEDDOWN);
-        grid.flags[1][1] |= CELLBLOCK;
-        grid.flags[1][2] |= CELLMARKED;
-        gridclearwords();
-        CHECK((grid.letters[0][0] == ' ' && grid.letters[127][127] == ' '));
-        CHECK((grid.letters[1][1] == 'q' && grid.letters[1][2] == 'q'));
-        CHECK(grid.flags[0][0] == (BARLEFT | BARTOP | VISITEDDOWN));
-    }
-    SUBCASE("gridclearfill: the grid alone, and bars stay")
-    {
-        fillall('q', 0xFF);
-        gridclearfill();
-        CHECK((grid.letters[2][3] == ' ' && grid.letters[3][3] == 'q'));
-        CHECK((grid.flags[2][3] == 0xFC && grid.flags[2][4] == 0xFF));
-        CHECK((grid.counts[2][3] == 0 && grid.counts[3][0] == 9));
-    }
-    SUBCASE("gridclearcounts: everywhere")
-    {
-        fillall('q', 0);
-        gridclearcounts();
-        CHECK((grid.counts[0][0] == 0 && grid.counts[127][127] == 0));
+    const struct {
+        void (*clear)();
+        uint8_t flags;
+        const char *cells;
+    } rows[] = {
+        {gridclear, 0xFF, " 240/9  240/9  240/9  240/9 "}, // everywhere; the upper bits stay
+        {gridclearwords, 0xFC, " 252/9  252/9  252/9  252/9 "},
+        {gridclearwords, CELLBLOCK, "q2/9 q2/9 q2/9 q2/9 "}, // of open cells alone
+        {gridclearwords, CELLMARKED, "q1/9 q1/9 q1/9 q1/9 "},
+        {gridclearfill, 0xFF, " 252/0 q255/9 q255/9 q255/9 "}, // the grid alone, but for bars
+        {gridclearcounts, 1, "q1/0 q1/0 q1/0 q1/0 "},
+        {gridvisitreset, 0xC8, "q8/9 q200/9 q200/9 q200/9 "}, // scans begin with it
+        {gridvisitreset, CELLBLOCK, "q194/9 q2/9 q2/9 q2/9 "},
+    };
+    for (const auto &row : rows) {
+        fillall('q', row.flags);
+        row.clear();
+        CHECK(cells() == row.cells);
     }
 }
 
 TEST_CASE("random letters go into the grid's blanks")
 {
-    size(20, 20);
+    grid.width = grid.height = 20;
     grid.letters[1][0] = 'K';
     gridfillrandom();
     std::string text = gridtext();
     for (char letter = 'a'; letter <= 'z'; letter++)
         CHECK(text.find(letter) != std::string::npos);
-    CHECK(text.find('.') == std::string::npos);
-    CHECK(text[1] == 'K');
+    CHECK((text.find('.') == std::string::npos && text[1] == 'K'));
     CHECK((grid.letters[20][0] == ' ' && grid.letters[0][20] == ' '));
 }
 
-TEST_CASE("case is changed for a to z alone")
+TEST_CASE("case is changed for a to z alone, also outside the grid")
 {
-    CHECK(gridcase('q') == 'q');
-    grid.casemode = CASEUPPER;
-    CHECK((gridcase('q') == 'Q' && gridcase(0xE9) == 0xE9 && gridcase('*') == '*'));
-    grid.casemode = CASELOWER;
-    CHECK((gridcase('Q') == 'q' && gridcase(0xC9) == 0xC9));
+    const char *cases[] = {"qQ\xE9\xC9*", "QQ\xE9\xC9*", "qq\xE9\xC9*"}; // by the mode
+    for (grid.casemode = CASEASTYPED; grid.casemode <= CASELOWER; grid.casemode++)
+        for (size_t i = 0; i < 5; i++)
+            CHECK(gridcase(static_cast<uint8_t>(cases[0][i])) ==
+                  static_cast<uint8_t>(cases[grid.casemode][i]));
 }
 
 TEST_CASE("the square follows font and scale, whatever they are")
 {
-    grid.gridfont.height = 129;
-    gridsquaresize();
-    CHECK(grid.cellwidth == 36); // 36.28 cut off
-    grid.squarescale = 400;
-    grid.gridfont.height = 1152;
-    gridsquaresize();
-    CHECK(grid.cellheight == 720);
-
+    const struct {
+        int32_t height, scale, square;
+    } rows[] = {{129, 180, 36}, {1152, 400, 720}}; // 36.28 is cut off
+    for (const auto &row : rows) {
+        grid.gridfont.height = row.height;
+        grid.squarescale = row.scale;
+        gridsquaresize();
+        CHECK((grid.cellwidth == row.square && grid.cellheight == row.square));
+    }
     for (int32_t height : {INT_MIN, -1, 0, 1, INT_MAX})
         for (int32_t scale : {INT_MIN, -1, 0, 1, INT_MAX}) {
             grid.gridfont.height = height;
             grid.squarescale = scale;
             gridsquaresize();
-            CHECK(grid.cellwidth >= 1);
-            CHECK(grid.cellwidth <= INT_MAX / GRIDMAX);
-            CHECK(grid.cellheight == grid.cellwidth);
+            CHECK((grid.cellwidth >= 1 && grid.cellwidth <= INT_MAX / GRIDMAX));
         }
 }
 
-TEST_CASE("New Grid and New Words")
+TEST_CASE("the mark: unmarked in any order, found again from the cells, and its length")
 {
-    fillall('q', CELLOPEN);
-    grid.flags[2][2] = CELLBLOCK | BARTOP;
-    grid.flags[3][3] = CELLMARKED;
-    markset(3, 3, 3, 3);
-    gridchange();
-    gridsetfilename("one.qmg");
-    headless.marklength = 1;
-
-    SUBCASE("a new grid")
-    {
-        gridnew();
-        CHECK((grid.letters[2][2] == ' ' && grid.flags[2][2] == 0));
-        CHECK(gridsunsaved() == 0);
-        CHECK(grid.filename[0] == 0);
-        CHECK(headless.titles == 3);
-    }
-    SUBCASE("new words: what was marked is blanked too, blocks keep their letter")
-    {
-        gridnewwords();
-        CHECK((grid.letters[3][3] == ' ' && grid.letters[2][2] == 'q'));
-        CHECK(grid.flags[2][2] == (CELLBLOCK | BARTOP));
-        CHECK(grid.changed == 2);
-        CHECK(std::string(grid.filename) == "one.qmg");
-    }
-    CHECK(nomark());
-    CHECK(headless.marklength == -1);
-    CHECK(headless.resultsdropped == 1);
-    CHECK(headless.redraws == 1);
-}
-
-TEST_CASE("markclear unmarks a rectangle given in any order, but no block")
-{
+    gridset("....\n....\n....\n....\n....\n");
     grid.flags[1][1] = CELLMARKED | BARTOP;
     grid.flags[2][2] = CELLBLOCK;
     grid.flags[3][4] = CELLMARKED;
-    SUBCASE("in the grid")
-    {
-        markset(3, 4, 1, 1);
+    grid.flags[4][3] = grid.flags[3][5] = CELLMARKED; // outside
+    markrescan();
+    CHECK(markis(1, 1, 3, 4));
+    for (int32_t left : {-1, 4}) { // reaching outside after a change of size: cells stay
+        markset(left, 1, 3, 4);
         markclear();
-        CHECK(grid.flags[1][1] == BARTOP);
-        CHECK(grid.flags[2][2] == CELLBLOCK);
-        CHECK(grid.flags[3][4] == CELLOPEN);
+        CHECK((nomark() && grid.flags[1][1] == (CELLMARKED | BARTOP)));
     }
-    SUBCASE("reaching outside after a change of size, or none: cells stay")
-    {
-        for (int32_t left : {1, -1}) {
-            markset(left, 1, 3, 4);
-            size(4, 4);
-            markclear();
-            CHECK(grid.flags[1][1] == (CELLMARKED | BARTOP));
-        }
-    }
-    CHECK(nomark());
-}
-
-TEST_CASE("markrescan finds the bounding box of the grid's marked cells")
-{
-    size(10, 10);
-    markset(0, 0, 9, 9);
+    markset(3, 4, 1, 1);
+    markclear();
+    CHECK((grid.flags[1][1] == BARTOP && grid.flags[2][2] == CELLBLOCK && !grid.flags[3][4]));
     markrescan();
     CHECK(nomark());
 
-    grid.flags[7][2] = CELLMARKED;
-    grid.flags[3][5] = CELLMARKED | BARLEFT;
-    grid.flags[4][0] = CELLBLOCK;
-    grid.flags[10][3] = grid.flags[3][10] = CELLMARKED; // outside
-    markrescan();
-    CHECK(markis(3, 2, 7, 5));
-}
-
-TEST_CASE("the length field shows the width of a wide mark, and is written once")
-{
     const struct {
         int32_t left, top, right, bottom, shown;
-    } rows[] = {
-        {5, 0, 3, 4, 3},      {0, 0, 2, 0, 77}, // still 3: not written
-        {2, 6, 2, 0, 7},      {2, 2, 2, 2, 1},
-        {-1, -1, -1, -1, -1}, {2, 2, 2, 2, 1}, // the field was empty
-    };
+    } rows[] = {{5, 0, 3, 4, 3},      {0, 0, 2, 0, 77}, // still 3: not written
+                {2, 6, 2, 0, 7},      {2, 2, 2, 2, 1},
+                {-1, -1, -1, -1, -1}, {2, 2, 2, 2, 1}}; // the field was empty
     for (auto [left, top, right, bottom, shown] : rows) {
         if (shown == 77) headless.marklength = 77;
         markset(left, top, right, bottom);
@@ -225,40 +150,67 @@ TEST_CASE("the length field shows the width of a wide mark, and is written once"
     }
 }
 
-TEST_CASE("the cursor's cell is drawn without it and with it")
+TEST_CASE("the cursor's cell is drawn without it and with it, the area of placed words once")
 {
     cursordrawoff();
-    CHECK(headless.cellredraws == 1);
-    CHECK(drawn(5, 5, 5, 5));
-    CHECK(cursorat(5, 5));
+    CHECK((headless.cellredraws == 1 && drawn(5, 5, 5, 5) && cursorat(5, 5)));
+    CHECK_FALSE(headlessdrawn());
     cursordraw();
     CHECK(headless.cellredraws == 2);
     cursorremove();
-    CHECK(cursorat(-1, -1));
-    CHECK((grid.lastcursorx == -1 && grid.lastcursory == -1));
+    CHECK((cursorat(-1, -1) && grid.lastcursorx == -1 && grid.lastcursory == -1));
     cursordraw();
     cursordrawoff();
-    CHECK(headless.cellredraws == 2);
-}
 
-TEST_CASE("the changed area grows by placed words")
-{
     wsentry unplaced = {-1, -1, -1, -1, 0, "word"}, empty = {3, 3, 1, 0, 0, ""};
     dirtyadd(&unplaced);
     dirtyadd(&empty);
     dirtyredraw();
-    CHECK(headless.cellredraws == 0);
-
+    CHECK(headless.cellredraws == 2);
     wsentry leftup = {9, 8, -1, -1, 0, "word"}, right = {7, 2, 1, 0, 1, "cat"};
     dirtyadd(&leftup);
     dirtyadd(&right);
     dirtyredraw();
-    CHECK(headless.cellredraws == 1);
-    CHECK(drawn(6, 2, 9, 8));
-
+    CHECK((headless.cellredraws == 3 && drawn(6, 2, 9, 8)));
     dirtyreset();
     dirtyredraw();
-    CHECK(headless.cellredraws == 1);
+    CHECK(headless.cellredraws == 3);
+}
+
+TEST_CASE("settings are one edit, in their ranges; those for making are a Wordsquare's alone")
+{
+    const struct {
+        int32_t kind, scale, length, scaleafter, lengthafter;
+    } rows[] = {{GRIDCROSSWORD, 200, 7, 200, 5},    {GRIDWORDSQUARE, 200, 7, 200, 7},
+                {GRIDWORDSQUARE, 149, 0, 150, 1},   {GRIDWORDSQUARE, 401, 13, 400, 12},
+                {GRIDWORDSQUARE, 150, 12, 150, 12}, {GRIDWORDSQUARE, 400, 1, 400, 1}};
+    for (const auto &row : rows) {
+        modulesreset();
+        grid.kind = row.kind;
+        gridsettings before, wanted, after;
+        gridsettingsget(&before);
+        wanted = {.textcolour = 0x11000000,
+                  .gridcolour = 0x22000000,
+                  .fillcolour = 0x33000000,
+                  .backcolour = 0x44000000,
+                  .gridfont = before.gridfont,
+                  .cluefont = before.cluefont,
+                  .squarescale = row.scale,
+                  .minwordlength = row.length,
+                  .showsolutions = 0,
+                  .filldirections = 0x81};
+        wanted.gridfont.height = 256;
+        wanted.cluefont.italic = 1;
+        gridsettingsapply(wanted);
+        gridsettingsget(&after);
+        wanted.squarescale = row.scaleafter;
+        wanted.minwordlength = row.lengthafter;
+        if (row.kind == GRIDCROSSWORD) wanted.showsolutions = before.showsolutions;
+        if (row.kind == GRIDCROSSWORD) wanted.filldirections = before.filldirections;
+        CHECK(!memcmp(&after, &wanted, sizeof wanted));  // which has no padding
+        CHECK(grid.cellwidth == row.scaleafter * 2 / 5); // 16 points are 40 units
+        CHECK((headless.extents == 1 && headless.redraws == 1 && grid.changed == 1));
+    }
 }
 
 // As the factory has it, the appearance is in the files of gridfile_test.cpp.
@@ -272,10 +224,6 @@ TEST_CASE("the built-in appearance remembers a grid's, but for the list fonts")
     grid.gridfont.height = grid.squarescale = 0;
     grid.textcolour = 0;
     gridsetdefaults();
-    CHECK(grid.gridfont.height == 200);
-    CHECK(grid.textcolour == 0x11223300);
-    CHECK(grid.squarescale == 300);
-    CHECK(solfont.height == 128);
-    CHECK(dictfont.height == 128);
-    CHECK(std::string(dictfont.face) == "Arial");
+    CHECK((grid.gridfont.height == 200 && grid.textcolour == 0x11223300));
+    CHECK((grid.squarescale == 300 && solfont.height == 128 && dictfont.height == 128));
 }

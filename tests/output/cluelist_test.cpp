@@ -2,20 +2,16 @@
 
 #include "find/solutions.h"
 #include "tests/grid/gridlooks.h"
-#include "tests/support/runner.h"
-
-#include <fstream>
-#include <iterator>
+#include "tests/support/testfiles.h"
 
 namespace
 {
 
 std::string written(errorblock *(*write)(const char *))
 {
-    std::string path = scratchfolder() + "/clues.txt";
+    std::string path = scratch("clues.txt");
     CHECK(write(path.c_str()) == nullptr);
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return getfile(path);
 }
 
 } // namespace
@@ -75,7 +71,7 @@ TEST_CASE("a Wordsquare's list is its words")
 TEST_CASE("a list that can't be written is not told of")
 {
     gridset("ab\n");
-    std::string path = scratchfolder() + "/missing/clues.txt";
+    std::string path = scratch("missing/clues.txt");
     CHECK(cluelist(path.c_str()) == nullptr);
     CHECK(wordlistsave(path.c_str()) == nullptr);
     CHECK_FALSE(std::ifstream(path).good());

@@ -9,21 +9,6 @@
 
 fakesystem fake;
 
-void fakereset()
-{
-    fake = {};
-}
-
-void fakepost(intptr_t message, window w, intptr_t wparam)
-{
-    fake.queue.push_back({w, message, wparam, 0});
-}
-
-void fakewait(uint32_t milliseconds)
-{
-    fake.milliseconds += milliseconds;
-}
-
 std::string fakelog()
 {
     std::string all;
@@ -41,6 +26,13 @@ void fakefillblocks()
     while (blockcount() % BLOCKCHUNK);
 }
 
+errorblock *fakestage(const char *name)
+{
+    fake.log.push_back(name);
+    if (fake.onstage) fake.onstage(name);
+    return fake.failstage == name ? fakeerror() : nullptr;
+}
+
 errorblock *fakeerror()
 {
     return makeerrortext(99, "It failed");
@@ -56,7 +48,7 @@ void fakeleave(int status)
     throw fakeleft{status};
 }
 
-int fakeended(void (*call)())
+int fakeended(const std::function<void()> &call)
 {
     try {
         call();
@@ -66,9 +58,11 @@ int fakeended(void (*call)())
     return -1;
 }
 
-static void note(const char *what, const systemmessage *message)
+// A message and its window in the log.
+static void note(const char *what, const systemmessage *message, window w)
 {
-    fake.log.push_back(std::string(what) + " " + std::to_string(message->message));
+    fake.log.push_back(std::string(what) + " " + std::to_string(message->message) +
+                       (w ? " in " + std::to_string(w) : ""));
 }
 
 static bool timerfired()
@@ -76,6 +70,7 @@ static bool timerfired()
     return fake.timer && static_cast<int32_t>(fake.milliseconds - fake.timerdue) >= 0;
 }
 
+// A wait that would never end fails, and the log tells of it.
 sourcefetched sourcefetch(bool wait, systemmessage *message)
 {
     fake.log.push_back(wait ? "wait" : "look");
@@ -94,13 +89,13 @@ sourcefetched sourcefetch(bool wait, systemmessage *message)
         return SOURCEMESSAGE;
     }
     if (!wait) return SOURCENOTHING;
-    fake.starved = true;
+    fake.log.push_back("for ever");
     return SOURCEFAILED;
 }
 
 void sourcequit(int status)
 {
-    fakepost(FAKEQUIT, 0, status);
+    fake.queue.push_back({0, FAKEQUIT, status, 0});
 }
 
 void sourcesetwide(bool) {}
@@ -117,20 +112,18 @@ bool sourcenavigates(window w)
 
 window sourceparent(window w)
 {
-    auto found = fake.parents.find(w);
-    return found == fake.parents.end() ? 0 : found->second;
+    return fake.parents.count(w) ? fake.parents[w] : 0;
 }
 
 bool sourcenavigate(window target, const systemmessage *message)
 {
-    fake.log.push_back("navigate " + std::to_string(message->message) + " in " +
-                       std::to_string(target));
+    note("navigate", message, target);
     return fake.navigated.count(message->message) != 0;
 }
 
 void sourcetranslate(const systemmessage *message)
 {
-    note("translate", message);
+    note("translate", message, 0);
 }
 
 // As in the system, a timer goes on until it is ended, and is called wherever
@@ -143,7 +136,7 @@ void sourcedispatch(const systemmessage *message)
         timedrun(true);
         return;
     }
-    note("dispatch", message);
+    note("dispatch", message, 0);
     if (fake.ondispatch) fake.ondispatch(*message);
 }
 
@@ -152,8 +145,7 @@ intptr_t sourcetimerstart(uint32_t milliseconds)
     if (fake.notimer) return 0;
     fake.interval = milliseconds;
     fake.timerdue = fake.milliseconds + milliseconds;
-    fake.timer = ++fake.timers;
-    return fake.timer;
+    return fake.timer = ++fake.timers;
 }
 
 void sourcetimerend(intptr_t timer)
@@ -181,8 +173,7 @@ window sourcecontrol(window w, int32_t icon)
 
 intptr_t sourcesubclass(window control)
 {
-    fake.replaced[control] = control * 10;
-    return control * 10;
+    return fake.replaced[control] = control * 10;
 }
 
 void sourceunsubclass(window control, intptr_t procedure)
@@ -198,7 +189,6 @@ uint32_t sourceprocess()
 
 void keydeliver(const systemmessage *message, bool *claimed)
 {
-    fake.log.push_back("keys " + std::to_string(message->message) + " of " +
-                       std::to_string(message->window));
+    note("keys", message, message->window);
     *claimed = fake.claimed.count(message->wparam) != 0;
 }

@@ -2,7 +2,6 @@
 // a clock that tests turn.
 #pragma once
 
-#include "base/filetypes.h"
 #include "desktop/events.h"
 
 #include <cstdint>
@@ -13,13 +12,12 @@
 #include <string>
 #include <vector>
 
-constexpr intptr_t FAKEQUIT = 0x12, FAKETIMER = 0x113, FAKEPLAIN = 0x400;
+constexpr intptr_t FAKEQUIT = 0x12, FAKETIMER = 0x113;
 
 struct fakesystem {
     std::deque<systemmessage> queue;
     uint32_t milliseconds = 1000; // the clock
     bool fail = false;            // the next fetch fails
-    bool starved = false;         // a wait would never have ended
 
     intptr_t timer = 0; // running now, 0 for none
     uint32_t interval = 0, timerdue = 0;
@@ -44,30 +42,14 @@ struct fakesystem {
 
 extern fakesystem fake;
 
-void fakereset();
-void fakepost(intptr_t message, window w = 0, intptr_t wparam = 0);
-
-// Lets time pass.
-void fakewait(uint32_t milliseconds);
-
 // The log in one line, and empty from then on.
 std::string fakelog();
 
 // Fills the block table as far as its memory goes: the next block needs more.
 void fakefillblocks();
 
-// A table of file types, for as long as a test runs.
-struct faketypes {
-    filetypenode node;
-    explicit faketypes(const filetyperow *rows)
-    {
-        addfiletypes(rows, &node);
-    }
-    ~faketypes()
-    {
-        remfiletypes(&node);
-    }
-};
+// A stage of the start-up: notes its name and fails if it is to.
+errorblock *fakestage(const char *name);
 
 // The error that failing handlers return; and the process's end, which throws.
 errorblock *fakeerror();
@@ -78,4 +60,4 @@ struct fakeleft {
 void fakeleave(int status);
 
 // The status that the process ends with in a call, -1 if it goes on.
-int fakeended(void (*call)());
+int fakeended(const std::function<void()> &call);

@@ -1,47 +1,32 @@
+// The stages of a start-up that have windows behind them in the program.
 #include "base/trace.h"
 #include "desktop/stages.h"
 #include "tests/desktop/fake/fakesource.h"
 
-static errorblock *stage(const char *name)
-{
-    fake.log.push_back(name);
-    if (fake.onstage) fake.onstage(name);
-    return fake.failstage == name ? fakeerror() : nullptr;
-}
+#define STAGE(name)                                                                                \
+    errorblock *name()                                                                             \
+    {                                                                                              \
+        return fakestage(#name);                                                                   \
+    }
 
-errorblock *modeinfoinit()
-{
-    return stage("modeinfoinit");
-}
-
-void modeinfoend()
-{
-    fake.log.push_back("modeinfoend");
-}
-
-errorblock *inittemp()
-{
-    return stage("inittemp");
-}
-
-errorblock *initsprites()
-{
-    return stage("initsprites");
-}
+STAGE(modeinfoinit)
+STAGE(inittemp)
+STAGE(initsprites)
+STAGE(tasktemplates)
 
 errorblock *hourglassinit()
 {
     trace("##### hourglass init #####");
-    return stage("hourglassinit");
+    return fakestage("hourglassinit");
 }
 
 errorblock *addspritesshared(const char *, const char *name)
 {
     fake.log.push_back(name);
-    return stage("addspritesshared");
+    return fakestage("addspritesshared");
 }
 
-errorblock *tasktemplates()
+void modeinfoend()
 {
-    return stage("tasktemplates");
+    fake.log.push_back("modeinfoend");
 }
