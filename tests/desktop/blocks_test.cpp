@@ -1,8 +1,5 @@
 #include "desktop/blocks.h"
 
-#include "base/errors.h"
-#include "tests/desktop/fake/fakesource.h"
-
 #include <doctest/doctest.h>
 
 #include <algorithm>
@@ -75,24 +72,4 @@ TEST_CASE("walks survive any adding and removing")
     CHECK(most > 2 * BLOCKCHUNK);
     for (walk &w : walks)
         if (w.under) blockiter_end(&w.iter);
-}
-
-TEST_CASE("memory of the table is kept once it was there")
-{
-    CHECK(fakecode(addblock(6, 0, 1, 1, nullptr, nullptr)) == ERRORNOEVENT); // there is none yet
-    flexfailafter(0);
-    CHECK(blockstart() != nullptr);
-    REQUIRE_FALSE(blockstart());
-    auto addupto = [](int32_t count) {
-        for (int32_t i = blockcount(); i < count; i++)
-            REQUIRE_FALSE(addblock(6, 0, 1, i, nullptr, nullptr));
-    };
-    addupto(3 * BLOCKCHUNK);
-    while (blockcount())
-        remblock(6, 0, 1, blockcount() - 1, nullptr, nullptr);
-    flexfailafter(0);
-    addupto(3 * BLOCKCHUNK);
-    CHECK(addblock(6, 0, 1, -1, nullptr, nullptr) != nullptr);
-    CHECK(blockcount() == 3 * BLOCKCHUNK);
-    CHECK(findblock(6, 0, 1, 3 * BLOCKCHUNK - 1, nullptr) == 3 * BLOCKCHUNK - 1);
 }

@@ -42,7 +42,7 @@ TEST_CASE("names in any case have a number, a code and a text that is shown")
                 {"K", 66, 0x400004B, "K"},
                 {"k4", 71, 0x4000064, "Keypad 4"},
                 {"W", 40, 0x4000057, "W"},
-                {"WW", 0x828, 0xC000057, "Win+W"},
+                {"WW", 0x828, 0x14000057, "Win+W"},
                 {"s_w", 0x128, 0x5000057, "Shift+W"},
                 {"CS_K/", 0x423, 0x700006F, "Ctrl+Shift+Keypad /"},
                 {"WACS_F1", 0xF01, 0x1F000070, "Win+Alt+Ctrl+Shift+F1"}};
