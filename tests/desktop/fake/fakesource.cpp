@@ -123,7 +123,7 @@ bool sourcenavigate(window target, const systemmessage *message)
 
 void sourcetranslate(const systemmessage *message)
 {
-    note("translate", message, 0);
+    if (message->message != FAKETIMER) note("translate", message, 0);
 }
 
 // As in the system, a timer goes on until it is ended, and is called wherever
