@@ -12,8 +12,6 @@ constexpr uint16_t middle[32] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-constexpr uint32_t BADUTF8 = 0xFFFFFFFF;
-
 // The bytes of a UTF-8 sequence by its first byte, 0 for none.
 int32_t sequencelength(uint8_t first)
 {
@@ -24,22 +22,51 @@ int32_t sequencelength(uint8_t first)
     return 0;
 }
 
-// The character at in, and how many bytes it takes. A form longer than it need
-// be is no UTF-8.
-uint32_t sequenceread(const uint8_t *in, int32_t left, int32_t *used)
+} // namespace
+
+// A form longer than it need be is no UTF-8.
+uint32_t utf8byte(utf8decoder *decoder, uint8_t byte)
 {
     constexpr uint32_t least[5] = {0, 0, 0x80, 0x800, 0x10000};
-    *used = sequencelength(in[0]);
-    if (!*used || *used > left) return BADUTF8;
-    uint32_t unicode = *used == 1 ? in[0] : in[0] & (0x7Fu >> *used);
-    for (int32_t i = 1; i < *used; i++) {
-        if ((in[i] & 0xC0) != 0x80) return BADUTF8;
-        unicode = unicode << 6 | (in[i] & 0x3Fu);
+    if (!decoder->taken) {
+        int32_t length = sequencelength(byte);
+        if (!length) return UTF8BAD;
+        *decoder = {length == 1 ? byte : byte & (0x7Fu >> length), 1, length};
+    } else if ((byte & 0xC0) == 0x80) {
+        decoder->unicode = decoder->unicode << 6 | (byte & 0x3Fu);
+        decoder->taken++;
+    } else {
+        *decoder = {};
+        return UTF8BAD;
     }
-    return unicode < least[*used] ? BADUTF8 : unicode;
+    if (decoder->taken < decoder->length) return UTF8MORE;
+    uint32_t unicode = decoder->unicode < least[decoder->length] ? UTF8BAD : decoder->unicode;
+    *decoder = {};
+    return unicode;
 }
 
-} // namespace
+bool utf8rest(const utf8decoder &decoder)
+{
+    return decoder.taken;
+}
+
+void textkindbyte(textkindfinder *finder, uint8_t byte)
+{
+    if (finder->broken) return;
+    uint32_t unicode = utf8byte(&finder->decoder, byte);
+    if (unicode == UTF8MORE) return;
+    if (unicode == UTF8BAD)
+        finder->broken = true;
+    else if (!finder->characters++ && unicode == UTF8MARK)
+        finder->marked = true;
+    else if (unicode > 127)
+        finder->above = true;
+}
+
+bool textkindutf8(const textkindfinder &finder)
+{
+    return finder.marked || (finder.above && !finder.broken && !utf8rest(finder.decoder));
+}
 
 uint32_t unicodefrom1252(uint8_t ch)
 {
@@ -64,21 +91,23 @@ errorblock *utf8to1252(const char *in, int32_t inlength, char *out, int32_t size
 {
     const uint8_t *bytes = reinterpret_cast<const uint8_t *>(in);
     errorblock *err = nullptr;
-    int32_t used, at = 0;
+    utf8decoder decoder = {};
+    int32_t start = 0; // of the character
     *length = 0;
-    while (at < inlength && !err) {
-        uint32_t unicode = sequenceread(bytes + at, inlength - at, &used);
-        int32_t ch = unicode == BADUTF8 ? -1 : unicodeto1252(unicode);
-        if (unicode == BADUTF8)
-            err =
-                makeerrortext(ERRORENCODING, "Text is not UTF-8 at byte %d.", static_cast<int>(at));
+    for (int32_t at = 0; at < inlength && !err; at++) {
+        uint32_t unicode = utf8byte(&decoder, bytes[at]);
+        if (unicode == UTF8MORE && at + 1 < inlength) continue;
+        int32_t ch = unicode >= UTF8MORE ? -1 : unicodeto1252(unicode);
+        if (unicode >= UTF8MORE)
+            err = makeerrortext(ERRORENCODING, "Text is not UTF-8 at byte %d.",
+                                static_cast<int>(start));
         else if (ch < 0)
             err = encodingerror(unicode);
         else if (*length + 1 >= size)
             err = makeerrorf(ERRORMAXSTRING, "utf8to1252");
         else
             out[(*length)++] = static_cast<char>(ch);
-        at += used;
+        start = at + 1;
     }
     if (size > 0) out[*length] = 0;
     return err;

@@ -5,18 +5,19 @@
 #include "dict/dictset.h"
 #include "dict/wordfeed.h"
 #include "dict/wordpile.h"
+#include "dict/wordsource.h"
 
 namespace
 {
 
 // Every word up to the end, or up to an error.
-errorblock *wordsread(bfile *file, wordpile *pile)
+errorblock *wordsread(wordsource *text, wordpile *pile)
 {
     wordfeed feed = {};
     errorblock *err = nullptr;
     int32_t byte = 0;
     while (!err && byte != FEEDEND) {
-        err = bgetc(file, &byte); // -1 at the end, as the feed has it
+        err = wordsourceget(text, &byte); // -1 at the end, as the feed has it
         if (!err && wordfeedbyte(&feed, byte)) err = pileadd(pile, feed.word);
     }
     return err;
@@ -27,18 +28,18 @@ errorblock *wordsread(bfile *file, wordpile *pile)
 errorblock *wordimport(const char *path, uint32_t dictnumber)
 {
     dictrec *record = &dicts[dictnumber];
-    bfile file;
-    errorblock *err = bopen(path, "r", BFILEBUFFER, &file);
+    wordsource text;
+    errorblock *err = wordsourceopen(path, &text);
     if (err) return err;
     wordpile pile;
     err = pilestart(&pile);
-    if (err) return bclose(&file, err);
-    err = wordsread(&file, &pile);
+    if (err) return wordsourceclose(&text, err);
+    err = wordsread(&text, &pile);
     if (pile.count) record->changed = 1;
     kepterror kept = keeperror(err);
     err = firsterror(kept, pilemerge(&pile, &record->dict));
     pilefree(&pile);
-    return bclose(&file, err);
+    return wordsourceclose(&text, err);
 }
 
 errorblock *wordexport(const char *path, const Dictionary *dict)

@@ -1,15 +1,15 @@
 #include "find/wordload.h"
 
-#include "base/bfile.h"
 #include "dict/wordfeed.h"
+#include "dict/wordsource.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/wsmake.h"
 
 int wordload(const char *path)
 {
-    bfile file;
-    if (bopen(path, "r", BFILEBUFFER, &file)) return 0;
+    wordsource text;
+    if (wordsourceopen(path, &text)) return 0;
     wsdeselect();
     solclearplaces();
     solreset();
@@ -18,10 +18,10 @@ int wordload(const char *path)
     errorblock *err = nullptr;
     int32_t byte = 0;
     while (!err && byte != FEEDEND) {
-        err = bgetc(&file, &byte);
+        err = wordsourceget(&text, &byte);
         if (!err && wordfeedbyte(&feed, byte)) err = soladdword(-1, -1, -1, -1, feed.word);
     }
-    bclose(&file, nullptr);
+    wordsourceclose(&text, nullptr);
     solutionsrefresh();
     return 1;
 }

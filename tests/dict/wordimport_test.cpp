@@ -43,6 +43,12 @@ TEST_CASE("words come in from a text, in the order of the store")
     CHECK(imported("zebra\r\nant\r\n\r\nbee") == wordlist{"ant", "bee", "zebra"});
     CHECK(imported("caf\xE9\n\xE9tude\n") == wordlist{"caf", "\xE9tude"});
     CHECK(imported("word\nWORD\nWord\n") == wordlist{"Word"});
+    // UTF-8, said by a mark or told by what it is; a letter of the code page, others
+    // passed over.
+    CHECK(imported("\xEF\xBB\xBF"
+                   "ant\nbee") == wordlist{"ant", "bee"});
+    CHECK(imported("\xC3\xA9tude\ncaf\xC3\xA9\n\xD0\x96xy") == wordlist{"caf", "\xE9tude", "xy"});
+    CHECK(imported("\xC3\xA9tude\n\xE9t\xE9\n").size() == 2); // no UTF-8: \xC3 begins a word
 }
 
 TEST_CASE("the changed mark tells whether words came in")
@@ -61,11 +67,11 @@ TEST_CASE("a failing import keeps the words before the failure")
     CHECK(wordimport(scratch("none.txt").c_str(), 0) != nullptr);
     CHECK(dicts[0].changed == 0);
 
-    // A file of some buffers, of which the second can't be read.
+    // A file of four buffers, which is read to see what it is and then fails.
     std::string text;
     for (int i = 0; text.size() < 100000; i++)
         text += {'w', static_cast<char>('a' + i / 26 % 26), static_cast<char>('a' + i % 26), '\n'};
-    platformfault.reads = 1;
+    platformfault.reads = 6;
     errorblock *err = wordimport(filewith(text).c_str(), 0);
     platformfault = {};
     REQUIRE(err);

@@ -1,5 +1,6 @@
 #include "tools/quill/console.h"
 
+#include "base/encoding.h"
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/flex.h"
@@ -12,6 +13,26 @@ namespace
 {
 
 bool counting;
+
+// By what the bytes are, whatever the console's own encoding is.
+errorblock *textdecode(const std::string &bytes, std::string *text)
+{
+    textkindfinder finder = {};
+    for (char byte : bytes)
+        textkindbyte(&finder, static_cast<uint8_t>(byte));
+    if (!textkindutf8(finder)) {
+        *text = bytes;
+        return nullptr;
+    }
+    constexpr size_t MARKBYTES = 3;
+    size_t start = finder.marked ? MARKBYTES : 0;
+    int32_t length = 0;
+    text->assign(bytes.size() + 1, 0); // never longer than its UTF-8
+    errorblock *err = utf8to1252(bytes.data() + start, static_cast<int32_t>(bytes.size() - start),
+                                 text->data(), static_cast<int32_t>(text->size()), &length);
+    text->resize(static_cast<size_t>(length));
+    return err;
+}
 
 } // namespace
 
@@ -63,7 +84,7 @@ errorblock *textload(const std::string &path, std::string *text)
     errorblock *err = fileloadnew(path.c_str(), &bytes, &size);
     if (!err && !bytes) err = makeerrorf(ERRORNOTFOUND, path.c_str());
     if (!err)
-        err = edgein(std::string(static_cast<char *>(bytes), static_cast<size_t>(size)), text);
+        err = textdecode(std::string(static_cast<char *>(bytes), static_cast<size_t>(size)), text);
     heap_free(&bytes);
     return err;
 }
@@ -76,7 +97,7 @@ errorblock *inputload(std::string *text)
     while ((got = std::fread(buffer, 1, sizeof buffer, stdin)) > 0)
         bytes.append(buffer, got);
     if (std::ferror(stdin)) return makeerror(ERRORREAD);
-    return edgein(bytes, text);
+    return textdecode(bytes, text);
 }
 
 errorblock *outclose()
