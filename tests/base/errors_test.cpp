@@ -1,36 +1,89 @@
-#include "base/errors.h"
+#include "base/bfile.h"
+#include "base/boxes.h"
+#include "base/dates.h"
 #include "base/flex.h"
+#include "base/platform.h"
+#include "base/syserr.h"
+#include "base/trace.h"
 #include "tests/base/scratch.h"
+#include "tests/support/runner.h"
+#include "tools/headless.h"
 
+#include <csetjmp>
 #include <cstring>
 
-TEST_CASE("no error stays no error, and leaves the last one alone")
+namespace
 {
-    errorblock *err = makeerror(ERRORMEMORY);
-    CHECK(makeerror(0) == nullptr);
-    CHECK(code(err) == ERRORMEMORY);
-    CHECK(words(err) == "EME");
-    CHECK(saveerror(nullptr) == nullptr);
+
+std::jmp_buf beforeleave;
+int leftwith;
+
+// Runs action and tells the status that it left with, -1 if it came back: leave
+// ends the process otherwise.
+int leftby(void (*action)())
+{
+    leftwith = -1;
+    setleave([](int status) {
+        leftwith = status;
+        std::longjmp(beforeleave, 1);
+    });
+    if (!setjmp(beforeleave)) action();
+    setleave(nullptr);
+    return leftwith;
 }
+
+// Whether this box came up last.
+bool shown(const std::string &text, uint32_t flags, const std::string &title = "Quillmere")
+{
+    CAPTURE(headless.boxtext);
+    return headless.boxtext == text && headless.boxflags == flags && headless.boxtitle == title;
+}
+
+// What the log file holds now.
+std::string logtext()
+{
+    char path[PATHSIZE + 16];
+    platformtempfolder(path, PATHSIZE);
+    strcat(path, "Quillmere.log");
+    FILE *log = platformstream(path, "rb");
+    std::string text;
+    for (int ch; log && (ch = std::fgetc(log)) != EOF;)
+        text += static_cast<char>(ch);
+    if (log) std::fclose(log);
+    return text;
+}
+
+} // namespace
 
 TEST_CASE("codes become words in two steps, each with its fallback")
 {
     const struct {
         uint32_t code;
         const char *bare, *worded;
-    } rows[] = {{2, "EME", "Not enough memory."},
+    } list[] = {{2, "EME", "Not enough memory."},
                 {5, "Memory is corrupt!", "Memory is corrupt!"},
                 {25, "ENOE", "Error not found."},
-                {30, "EMAXSTRING", "EMAXSTRING"},
                 {4711, "ENOE", "Error not found."}};
-    for (const auto &row : rows)
+    for (const auto &row : list)
         CHECK(words(makeerror(row.code)) == row.bare);
-    catalogue("ENOE:Error not found.\nEME:Not enough memory.\n");
-    for (const auto &row : rows) {
+    catalogue("ENOE:Error not found.\nEME:Not enough memory.\n"
+              "ENOTFOUND:File %s not found.\nWHERE:here\n");
+    for (const auto &row : list) {
         errorblock *err = makeerror(row.code);
         CHECK(code(err) == row.code);
         CHECK(words(err) == row.worded);
+        CHECK(!makeerror(0)); // and the last one stays
+        CHECK(code(err) == row.code);
     }
+    CHECK(words(makeerrorf(ERRORNOTFOUND, "{WHERE}")) == "File here not found.");
+    errorblock *err = makeerrortext(77, "%s and %d, {WHERE}", "this", 5);
+    CHECK(code(err) == 77);
+    CHECK(words(err) == "this and 5, here");
+    CHECK(words(makeerrortext(78, "{WHERE}: %s", err->text)) == "here: this and 5, here");
+
+    std::string longest(600, 'x');
+    CHECK(words(makeerrortext(1, "%s", longest.c_str())) == longest.substr(0, 251));
+    CHECK(words(makeerrorf(ERRORNOTFOUND, longest.c_str())) == "File " + longest.substr(0, 246));
 }
 
 TEST_CASE("the newest table is searched first, and a removed one not at all")
@@ -38,61 +91,170 @@ TEST_CASE("the newest table is searched first, and a removed one not at all")
     const errorrow newer[] = {{2, "newer"}, {900, "nine"}, {0, nullptr}};
     const errorrow newest[] = {{900, "ninety"}, {0, nullptr}};
     errornode a, b;
-    auto found = [](const char *two, const char *ninehundred) {
-        CHECK(std::string(lookuperror(2)) == two);
-        CHECK(std::string(lookuperror(900)) == ninehundred);
-    };
+    auto found = [] { return std::string(lookuperror(2)) + " " + lookuperror(900); };
     adderrors(newer, &a);
     adderrors(newest, &b);
-    found("newer", "ninety");
+    CHECK(found() == "newer ninety");
     adderrors(newer, &a); // a node that is in the chain moves to its head
-    found("newer", "nine");
+    CHECK(found() == "newer nine");
     remerrors(&a);
     remerrors(&a);
-    found("{EME}", "ninety");
+    CHECK(found() == "{EME} ninety");
     remerrors(&b);
-    found("{EME}", "{ENOE}");
-}
-
-TEST_CASE("arguments, and the tokens that come in through them")
-{
-    CHECK(words(makeerrorf(ERRORNOTFOUND, "x")) == "ENOTFOUND");
-    catalogue("ENOTFOUND:File %s not found.\nWHERE:here\n");
-    CHECK(words(makeerrorf(ERRORNOTFOUND, "{WHERE}")) == "File here not found.");
-    errorblock *err = makeerrortext(77, "%s and %d, {WHERE}", "this", 5);
-    CHECK(code(err) == 77);
-    CHECK(words(err) == "this and 5, here");
-    // Out of the very block.
-    CHECK(words(makeerrortext(78, "again: %s", err->text)) == "again: this and 5, here");
-}
-
-TEST_CASE("texts that don't fit are cut")
-{
-    std::string longest(600, 'x');
-    CHECK(words(makeerrortext(1, "%s", longest.c_str())) == longest.substr(0, 251));
-    catalogue("ENOTFOUND:File %s not found.\n");
-    CHECK(words(makeerrorf(ERRORNOTFOUND, longest.c_str())) == "File " + longest.substr(0, 246));
-    const errorrow table[] = {{900, longest.c_str()}, {0, nullptr}};
-    errornode node;
-    adderrors(table, &node);
-    CHECK(words(makeerror(900)) == longest.substr(0, 251));
-    CHECK(words(makeerrorf(900)) == longest.substr(0, 251));
+    CHECK(found() == "{EME} {ENOE}");
 }
 
 TEST_CASE("a kept error outlives others")
 {
-    errorblock *kept = saveerror(makeerrortext(77, "first"));
+    errorblock *copy = saveerror(makeerrortext(77, "first"));
     errorblock *other = makeerror(ERRORREAD);
-    errorblock *err = restoreerror(kept, other);
-    CHECK(code(err) == 77);
-    CHECK(words(err) == "first");
+    CHECK(words(restoreerror(copy, other)) == "first");
     CHECK(code(other) == ERRORREAD);
     CHECK(restoreerror(nullptr, other) == other);
+    CHECK(!saveerror(nullptr));
     flexfailafter(0);
-    CHECK(saveerror(makeerror(ERRORREAD)) == nullptr);
-
+    CHECK(!saveerror(other));
     errorblock full;
     full.code = 1;
     std::memset(full.text, 'x', sizeof full.text); // no end, as from a failed call
     CHECK(words(restoreerror(saveerror(&full), nullptr)).size() == sizeof full.text - 1);
+
+    errorblock *err = makeerrortext(77, "first");
+    kepterror kept = keeperror(err);
+    CHECK(code(firsterror(kept, makeerrortext(78, "second"))) == 77);
+    CHECK(words(err) == "first");
+    CHECK(firsterror(keeperror(nullptr), err) == err);
+}
+
+TEST_CASE("a failed call is reported with its name, code and details")
+{
+    CHECK(words(syserrnew(7, "Call")) == "(Call) (7)");
+    CHECK(!syserrnew(0, "Call"));
+    CHECK(!syserrcode(0, "Call"));
+    CHECK(!syserrcode(0, "Call", "%s", "x"));
+    errorblock *err = syserrcode(2, "Call", "%s %d", "x", 5);
+    CHECK(code(err) == 2);
+    CHECK(words(err).size() > strlen("(Call) (2) (x 5)"));
+    CHECK(words(err).ends_with("(Call) (2) (x 5)"));
+    CHECK(words(syserrcode(2, "Call")).ends_with("(Call) (2)"));
+
+    // The suffix has its own limit, whatever the message takes.
+    std::string details(600, 'd');
+    std::string text = words(syserrcode(2, "Call", "%s", details.c_str()));
+    REQUIRE(text.find("(Call)") != std::string::npos);
+    CHECK(text.size() - text.find("(Call)") == 251);
+}
+
+TEST_CASE("an error's box, the quiet error's none, and texts in place of errors")
+{
+    CHECK(!errorbox(makeerrortext(50, "It failed."), false));
+    CHECK(shown("It failed.", 8208));
+    settaskname("name", "A title");
+    CHECK(!errorbox(makeerrortext(50, "It may fail."), true));
+    CHECK(shown("It may fail.", 8240, "A title"));
+    settaskname("name", nullptr);
+    reporterror(makeerrortext(50, "It failed."));
+    CHECK(shown("It failed.", 8208, "name"));
+    errorbox(makeerror(ERRORQUIET), false);
+    reporterror(nullptr);
+    reportfatal(nullptr);
+    CHECK(headless.boxes == 3);
+    CHECK(boxdepth() == 0);
+    settaskname("Quillmere", nullptr);
+
+    catalogue("NAME:Quillmere");
+    reporttext("{NAME} %s", 0);
+    CHECK(shown("Quillmere %s", 8208));
+    reporttext("{NAME}", REPORTWARNING);
+    CHECK(shown("Quillmere", 8240));
+    reportf(0, "%s has %d", "{NAME}", 5);
+    CHECK(shown("Quillmere has 5", 8208));
+    reportf(2, "%s", std::string(400, 'x').c_str());
+    CHECK(shown(std::string(251, 'x'), 8240));
+}
+
+TEST_CASE("fatal reports leave with 1, after their box")
+{
+    CHECK(leftby([] { reportfatal(makeerror(ERRORMEMORY)); }) == 1);
+    CHECK(shown("EME", 8208));
+    CHECK(leftby([] { reportf(1, "one"); }) == 1);
+    CHECK(shown("one", 8208));
+    CHECK(leftby([] { reporttextfatal("two"); }) == 1);
+    CHECK(shown("two", 8208));
+    CHECK(leftby([] { reportf(2, "three"); }) == -1);
+    CHECK(leftby([] { leave(7); }) == 7);
+}
+
+TEST_CASE("questions")
+{
+    const uint32_t looks[][2] = {{0, 0},
+                                 {1, 1},
+                                 {2, 4},
+                                 {4, 0},
+                                 {0x10002, 48 | 4},
+                                 {0x20000, 64},
+                                 {0x30001, 32 | 1},
+                                 {0x40003, 16 | 3},
+                                 {0x1050000, 0}};
+    int answer = -1;
+    for (auto [flags, look] : looks) {
+        CAPTURE(flags);
+        CHECK(!askbox(0, flags, &answer, "x"));
+        CHECK(shown("x", look));
+    }
+    const int answers[][2] = {{1, ASKOK}, {2, ASKCANCEL}, {6, ASKYES}, {7, ASKNO}, {0, 0}, {9, 0}};
+    for (auto [pressed, told] : answers) {
+        headless.boxanswer = pressed;
+        askbox(0, 0, &answer, "x");
+        CHECK(answer == told);
+    }
+    catalogue("FS09:grids");
+    askbox(0, 0, &answer, "%d {FS09} %s", 3, "{FS09}");
+    CHECK(shown("3 grids {FS09}", 0)); // arguments aren't expanded
+    askbox(0, 0, &answer, "%s", std::string(400, 'x').c_str());
+    CHECK(shown(std::string(255, 'x'), 0));
+}
+
+TEST_CASE("a trace is one line, cut where it is too long, and leaves an error alone")
+{
+    headless.keeptrace = true;
+    errorblock *err = makeerrortext(77, "as it was");
+    for (size_t length : {508u, 509u, 510u, 2000u}) {
+        headless.tracetext.clear();
+        trace("%s", std::string(length, 't').c_str());
+        CHECK(headless.tracetext == std::string(length < 509 ? length : 509, 't') + "\r\n");
+    }
+    tracew(L"%d", 5);
+    tracescreen(1, "%s", "text");
+    CHECK(code(err) == 77);
+    CHECK(words(err) == "as it was");
+}
+
+// The file is shared with every other run, so that each looks for its own lines.
+TEST_CASE("lines are added to the log file")
+{
+    std::string own = scratchfolder(), wide = own + std::string(600, 'l');
+    tracefile("%s %d", own.c_str(), 1);
+    traceerror(own.c_str(), nullptr);
+    traceerror(own.c_str(), makeerrortext(77, "words"));
+    tracefile("%s", wide.c_str());
+    std::string log = logtext();
+    size_t first = log.find(own + " 1\n"), second = log.find(own + " (words)\n");
+    size_t third = log.find(wide.substr(0, 511) + "\n");
+    CHECK((first < second && second < third && third != std::string::npos));
+    CHECK(log.find(own + " ()") == std::string::npos);
+}
+
+TEST_CASE("a generated text begins with who made it")
+{
+    scratch place;
+    bfile file;
+    settaskname("Tester", nullptr);
+    setdateformats("the day", "then");
+    REQUIRE(!bopen(place.path("f").c_str(), "w", 256, &file));
+    CHECK(!textfileheader(&file, "Title"));
+    CHECK(!bclose(&file, nullptr));
+    setdateformats(nullptr, nullptr);
+    CHECK(place.read("f") ==
+          "//->Title\r\n// Produced by Tester at then the day\r\n//\r\n//\r\n\r\n\r\n");
 }

@@ -1,8 +1,11 @@
-#include "base/errors.h"
 #include "base/files.h"
 #include "base/flex.h"
+#include "base/loadfilter.h"
+#include "base/numbers.h"
 #include "base/registry.h"
+#include "base/savefilter.h"
 #include "tests/base/scratch.h"
+#include "tools/headless.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -14,77 +17,84 @@ std::string expanded(const std::string &in, int32_t size = PATHSIZE)
 {
     char out[PATHSIZE + 8];
     memset(out, '!', sizeof out);
-    CHECK(pathexpand(in.c_str(), out, size) == nullptr);
+    CHECK(!pathexpand(in.c_str(), out, size));
     for (size_t i = static_cast<size_t>(size); i < sizeof out; i++)
         CHECK(out[i] == '!');
     return out;
 }
 
-std::string joined(const char *path, const char *leaf, int32_t size, uint32_t error = 0)
+// Changes a path by a text, for rows.
+auto change(errorblock *(*call)(char *, const char *), const char *text)
 {
-    char out[PATHSIZE];
-    strcpy(out, path);
-    CHECK(code(fs_strcat(out, size, leaf)) == error);
-    return out;
+    return [=](const std::string &in) {
+        char path[PATHSIZE];
+        strcpy(path, in.c_str());
+        errorblock *err = call(path, text);
+        return path + std::string(err ? " " : "") + words(err);
+    };
 }
 
-std::string folderof(const char *path, int32_t size = PATHSIZE)
+constexpr char KEY[] = "HKEY_CURRENT_USER\\Software\\Quillmere test\\"; // this test's own
+
+errorblock *store(const std::string &name, const std::string &text)
 {
-    char out[PATHSIZE];
-    dirname(path, out, size);
-    return out;
+    return regwrite((KEY + name).c_str(), text.c_str());
 }
-
-std::string changed(errorblock *(*change)(char *, const char *), const std::string &path,
-                    const char *text)
-{
-    char out[PATHSIZE];
-    strcpy(out, path.c_str());
-    CHECK(change(out, text) == nullptr);
-    return out;
-}
-
-constexpr char KEY[] = "HKEY_CURRENT_USER\\Software\\Quillmere test";
-
-// A key of this test's own in the store, gone at the end.
-struct testkey {
-    testkey()
-    {
-        CHECK(regwrite(value("").c_str(), "C:\\Words") == nullptr);
-    }
-    ~testkey()
-    {
-        CHECK(regdelete((std::string(KEY) + "\\").c_str()) == nullptr);
-    }
-    static std::string value(const std::string &name)
-    {
-        return std::string(KEY) + "\\" + name;
-    }
-};
 
 // The text of a value, "none" where it can't be read.
 std::string stored(const std::string &key)
 {
-    char out[64] = "untouched";
+    char out[64];
+    memset(out, '!', sizeof out);
     int32_t size = sizeof out;
     errorblock *err = regread(key.c_str(), out, &size);
+    CHECK(out[size] == 0);
     CHECK(size == (out[0] ? static_cast<int32_t>(strlen(out)) + 1 : 0));
     if (err) CHECK(out[0] == 0);
     return err ? "none" : out;
 }
 
-constexpr filetyperow rows[] = {
+constexpr filetyperow types[] = {
     {0x103, "qmg", "Grid"},          {0xFFF, "txt", "Text"},      {0xFFD, nullptr, "Data"},
     {0x100, "wmf", "Metafile"},      {0x102, "wmf", "Placeable"}, {-2, "dat", "Default"},
     {FILETYPEEND, nullptr, nullptr},
 };
 constexpr filetyperow newer[] = {{7, "txt", "Newer"}, {FILETYPEEND, nullptr, nullptr}};
 
-std::string extension(int32_t type)
+// The strings of a packed list, a bar behind each.
+std::string strings(const char *list)
 {
-    char out[32];
-    filetypetext(type, out, sizeof out);
+    std::string out;
+    for (; *list; list += strlen(list) + 1)
+        out += list + std::string("|");
     return out;
+}
+
+constexpr int32_t formats[] = {0x103, 0xFFF, 0x102};
+
+void getformat(intptr_t, int32_t index, int32_t *type, char *name, int32_t size)
+{
+    *type = formats[index];
+    if (name) snprintf(name, static_cast<size_t>(size), "name%d", static_cast<int>(index));
+}
+
+constexpr savefilter table[] = {
+    {"Grid", getformat, 1}, {"{WORDS}", getformat, 1}, {"Picture", getformat, 1}};
+
+std::string saved; // the path and the type that the handler was given
+
+errorblock *handler(const char *path, int32_t type)
+{
+    saved = path + std::string(" ") + std::to_string(type);
+    return nullptr;
+}
+
+std::string done(const std::string &path)
+{
+    char out[PATHSIZE] = "";
+    CHECK(!savefilterdone(path.c_str(), out, sizeof out));
+    CHECK(saved.starts_with(std::string(out) + " "));
+    return saved;
 }
 
 std::string word(uint32_t value)
@@ -110,204 +120,157 @@ std::string shortcut(const std::string &target)
 
 } // namespace
 
-TEST_CASE("plain path characters pass, quotes don't")
+TEST_CASE("paths expand, by the values of variables and of the registry")
 {
-    CHECK(expanded("\"C:\\My words\\a.qmg\"") == "C:\\My words\\a.qmg");
-    CHECK(expanded("<<x>") == "<x>");
-    CHECK(expanded("a<<<b") == "a<<b");
-    for (const char *same : {"a<b", "", "<>", "<NOSUCHROOT\\x\\y>\\z", "<noroot>\\z"})
-        CHECK(expanded(same) == same);
-
-    CHECK(expanded("abcdef", 4) == "abc");
-    CHECK(expanded("abcdef", 1) == "");
-    std::string full(400, 'p');
-    CHECK(expanded(full) == full.substr(0, PATHSIZE - 1));
-    CHECK(expanded("<" + full + ">") == ("<" + full).substr(0, PATHSIZE - 1));
-}
-
-TEST_CASE("a macro gives an environment variable")
-{
+    const std::string key = "<" + std::string(KEY), full(400, 'p');
+    CHECK(!store("", "C:\\Words"));
+    CHECK(!store("empty", ""));
+    CHECK(!store("a>b", "both")); // a name may hold the closing bracket
+    CHECK(!store("long", full));  // for a path
     const char *variable = std::getenv("PATH");
     REQUIRE(variable);
-    std::string value = variable, macro = "<%PATH%>";
-    CHECK(expanded(macro) == (value.size() < PATHSIZE ? value : macro));
-    CHECK(expanded("<%NOSUCHVARIABLE%>\\x") == "%NOSUCHVARIABLE%\\x");
+    std::string value = strlen(variable) < PATHSIZE ? variable : "<%PATH%>";
+    rows("pathexpand", [](const auto &in) { return expanded(in); },
+         {{"\"C:\\My words\\a.qmg\"", "C:\\My words\\a.qmg"},
+          {"<<x>", "<x>"},
+          {"a<<<b", "a<<b"},
+          {"<NOSUCHROOT\\x\\y>\\z<noroot>\\z<>", "<NOSUCHROOT\\x\\y>\\z<noroot>\\z<>"},
+          {full, full.substr(0, PATHSIZE - 1)},
+          {"<" + full + ">", ("<" + full).substr(0, PATHSIZE - 1)},
+          {"<%PATH%>", value},
+          {"<%NOSUCHVARIABLE%>\\x", "%NOSUCHVARIABLE%\\x"},
+          {key + ">\\Main.dic", "C:\\Words\\Main.dic"},
+          {"<HKCU\\Software\\Quillmere test\\>", "C:\\Words"},
+          {"<hkcu\\Software\\Quillmere test\\>", "<hkcu\\Software\\Quillmere test\\>"},
+          {key + "a>b>c", "bothc"},
+          {key + "missing>", key + "missing>"},
+          {key + "empty>", key + "empty>"},
+          {key + "long>", key + "long>"}});
+    CHECK(expanded("abcdef", 4) == "abc");
+    CHECK(!regdelete(KEY));
 }
 
-TEST_CASE("a macro gives a registry value, and what follows goes on")
+TEST_CASE("registry values are written, read and deleted, and a key's entries listed")
 {
-    testkey key;
-    std::string root = "<" + std::string(KEY) + "\\";
-    CHECK(expanded(root + ">") == "C:\\Words");
-    CHECK(expanded(root + ">\\Main.dic") == "C:\\Words\\Main.dic");
-    CHECK(expanded("<HKCU\\Software\\Quillmere test\\>") == "C:\\Words");
-    CHECK(expanded("<hkcu\\Software\\Quillmere test\\>") == "<hkcu\\Software\\Quillmere test\\>");
-    CHECK(expanded(root + "missing>") == root + "missing>");
-
-    const struct {
-        const char *name, *path, *after;
-        std::string value;
-    } rows[] = {{"empty", "empty>\\x", "", ""},
-                {"a>b", "a>b>c", "bothc", "both"}, // a name may hold the closing bracket
-                {"long", "long>", "", std::string(300, 'v')}}; // for a path
-    for (const auto &row : rows) {
-        std::string macro = root + row.path;
-        CHECK(regwrite(testkey::value(row.name).c_str(), row.value.c_str()) == nullptr);
-        CHECK(expanded(macro) == (*row.after ? row.after : macro));
-    }
-}
-
-TEST_CASE("registry values are written, read and deleted")
-{
-    testkey key;
-    std::string value = testkey::value("name");
+    std::string value = KEY + std::string("name"), below = KEY + std::string("below\\");
+    CHECK(!store("", "C:\\Words"));
     CHECK(stored(value) == "none");
-    CHECK(regwrite(value.c_str(), "text \xE9") == nullptr);
+    CHECK(!store("name", "text \xE9"));
     CHECK(stored(value) == "text \xE9");
     CHECK(stored("no backslash") == ""); // nothing was opened, and nothing is wrong
     CHECK(stored("NOROOT\\a\\b") == "none");
 
-    char small[4] = "";
-    int32_t size = sizeof small;
-    CHECK(regread(value.c_str(), small, &size) != nullptr);
+    char name[64], data[64] = "";
+    int32_t index = 0, size = 7;
+    uint32_t type;
+    CHECK(!regread(value.c_str(), data, &size));
+    size = 6;
+    CHECK(regread(value.c_str(), data, &size));
     CHECK(size == 0);
-
     void *address;
-    CHECK(regreadnew(value.c_str(), &address, &size) == nullptr);
+    CHECK(!regreadnew(value.c_str(), &address, &size));
     CHECK(size == 7);
     CHECK(std::string(static_cast<char *>(address)) == "text \xE9");
     heap_free(&address);
-    CHECK(regreadnew(testkey::value("other").c_str(), &address, &size) != nullptr);
-    CHECK(address == nullptr);
-
-    CHECK(regdelete(value.c_str()) == nullptr);
-    CHECK(regdelete(value.c_str()) != nullptr);
+    CHECK(regreadnew(below.c_str(), &address, &size));
+    CHECK(!address);
+    CHECK(!regdelete(value.c_str()));
+    CHECK(regdelete(value.c_str()));
     CHECK(stored(value) == "none");
-}
 
-TEST_CASE("the entries of a key are read one after the other")
-{
-    testkey key;
-    std::string below = testkey::value("below\\"), deep = below + "deep\\";
-    CHECK(regwrite((deep + "v").c_str(), "1") == nullptr);
+    CHECK(!store("below\\deep\\v", "1"));
     keyhandle handle = 1;
-    CHECK(regopen("nothing", &handle, "r") == nullptr);
+    CHECK(!regopen("nothing", &handle, "r"));
     CHECK(handle == 0);
-    CHECK(regclose(&handle, nullptr) == nullptr);
-    REQUIRE(regopen(KEY, &handle, "r") == nullptr);
-
-    char name[64], data[64];
-    int32_t index = 0, size = sizeof data;
-    uint32_t type;
-    CHECK(regenumkey(handle, name, sizeof name, &index) == nullptr);
+    CHECK(!regclose(&handle, nullptr));
+    REQUIRE(!regopen(std::string(KEY, sizeof KEY - 2).c_str(), &handle, "r"));
+    CHECK(!regenumkey(handle, name, sizeof name, &index));
     CHECK(std::string(name) == "below");
     CHECK(index == 1);
-    CHECK(regenumkey(handle, name, sizeof name, &index) != nullptr);
+    CHECK(regenumkey(handle, name, sizeof name, &index));
     CHECK(index == 1);
-
     index = 0;
-    CHECK(regenumvalue(handle, name, sizeof name, &type, data, &size, &index) == nullptr);
-    CHECK(std::string(name) == "");
-    CHECK(std::string(data) == "C:\\Words");
+    size = sizeof data;
+    CHECK(!regenumvalue(handle, name, sizeof name, &type, data, &size, &index));
+    CHECK(std::string(name) + data == "C:\\Words");
     CHECK(type == VALUETEXT);
-    CHECK(regenumvalue(handle, name, sizeof name, &type, data, &size, &index) != nullptr);
-    CHECK(regclose(&handle, nullptr) == nullptr);
+    CHECK(regenumvalue(handle, name, sizeof name, &type, data, &size, &index));
+    CHECK(!regclose(&handle, nullptr));
     CHECK(handle == 0);
+    CHECK(regdelete(below.c_str())); // holds a key
+    CHECK(!regdelete((below + "deep\\").c_str()));
+    CHECK(!regdelete(below.c_str()));
+    CHECK(!regdelete(KEY));
 
-    CHECK(regdelete(below.c_str()) != nullptr); // holds a key
-    CHECK(regdelete(deep.c_str()) == nullptr);
-    CHECK(regdelete(below.c_str()) == nullptr);
+    // A root alone is a key.
+    CHECK(code(regwrite(("HKCU\\" + std::string(300, 'k')).c_str(), "")) == ERRORMAXSTRING);
+    CHECK(!regwrite("HKCU\\Quillmere test value", "at the root"));
+    CHECK(stored("HKEY_CURRENT_USER\\Quillmere test value") == "at the root");
+    CHECK(!regdelete("HKCU\\Quillmere test value"));
 }
 
-TEST_CASE("a path and a leaf are joined by one backslash")
+TEST_CASE("paths are joined, come apart, and change their extensions")
 {
-    CHECK(joined("dir\\", "x", PATHSIZE) == "dir\\x");
-    CHECK(joined("dir", "x", PATHSIZE) == "dir\\x");
-    CHECK(joined("", "x", PATHSIZE) == "\\x");
-    CHECK(joined("abc", "de", 7) == "abc\\de");
-    CHECK(joined("abc", "def", 7, ERRORMAXSTRING) == "abc");
-
-    char out[6];
-    CHECK(fs_strcpycat(out, sizeof out, "ab", "cd") == nullptr);
+    char out[PATHSIZE];
+    auto join = [](char *path, const char *leaf) { return fs_strcat(path, 7, leaf); };
+    rows("fs_strcat", change(join, "x"), {{"dir\\", "dir\\x"}, {"dir", "dir\\x"}, {"", "\\x"}});
+    rows("fs_strcat", change(join, "de"), {{"abc", "abc\\de"}, {"abcd", "abcd EMAXSTRING"}});
+    CHECK(!fs_strcpycat(out, 6, "ab", "cd"));
     CHECK(std::string(out) == "ab\\cd");
-    CHECK(code(fs_strcpycat(out, sizeof out, "abcdef", "x")) == ERRORMAXSTRING);
-}
-
-TEST_CASE("a path comes apart")
-{
-    CHECK(std::string(leafname("c:x")) == "x");
-    CHECK(std::string(leafname("a/b:c")) == "b:c");
-    CHECK(std::string(leafname("a\\b/c")) == "b/c"); // a backslash goes before the others
-    CHECK(std::string(leafname("plain")) == "plain");
-    CHECK(std::string(leafname("dir\\")) == "");
-    CHECK(folderof("c:\\a\\b.qmg") == "c:\\a");
-    CHECK(folderof("b.qmg") == "");
-    CHECK(folderof("c:x") == "c");
-    CHECK(folderof("abcdef\\x", 4) == "abc");
-}
-
-TEST_CASE("extensions are looked at and changed")
-{
-    CHECK(pathgetext("dir.x\\leaf") == nullptr);
-    CHECK(std::string(pathgetext("a.b.c")) == "c");
+    CHECK(code(fs_strcpycat(out, 6, "abcdef", "x")) == ERRORMAXSTRING);
+    rows("leafname", [](const auto &in) { return leafname(in.c_str()); },
+         {{"c:x", "x"}, {"a/b:c", "b:c"}, {"a\\b/c", "b/c"}, {"plain", "plain"}, {"dir\\", ""}});
+    int32_t room = PATHSIZE;
+    auto folder = [&](const std::string &in) {
+        dirname(in.c_str(), out, room);
+        return std::string(out);
+    };
+    rows("dirname", folder, {{"c:\\a\\b.qmg", "c:\\a"}, {"b.qmg", ""}, {"c:x", "c"}});
+    room = 4;
+    rows("dirname", folder, {{"abcdef\\x", "abc"}});
+    CHECK(!pathgetext("dir.x\\leaf"));
     CHECK(pathhasext("x.QMG", "qmg") == 0);
     CHECK(pathhasext("x.qmg2", "qmg") != 0);
     CHECK(pathhasext("qmg", "qmg") != 0);
-    CHECK(changed(pathsetext, "x.qmg", "txt") == "x.txt");
-    CHECK(changed(pathsetext, "x.TXT", "txt") == "x.TXT");
-    CHECK(changed(pathsetext, "d.x\\y", "txt") == "d.x\\y.txt");
-    CHECK(changed(pathforceext, "x.TXT", "txt") == "x.txt");
-    CHECK(changed(pathforceext, "x.", "metafile") == "x.metafile");
-    CHECK(changed(pathinsert, "a.b.qmg", "-2") == "a.b-2.qmg");
-    CHECK(changed(pathinsert, "d.x\\y", "-2") == "d.x\\y-2");
+
+    const std::string full(PATHSIZE - 3, 'n');
+    rows("pathsetext", change(pathsetext, "txt"),
+         {{"x.b.qmg", "x.b.txt"}, {"x.TXT", "x.TXT"}, {"d.x\\y", "d.x\\y.txt"}});
+    rows("pathforceext", change(pathforceext, "metafile"),
+         {{"x.TXT", "x.metafile"}, {"x.", "x.metafile"}, {full, full + " EMAXSTRING"}});
+    rows("pathforceext", change(pathforceext, "x"), {{full, full + ".x"}});
+    rows("pathinsert", change(pathinsert, "-2"),
+         {{"a.b.qmg", "a.b-2.qmg"},
+          {"d.x\\y", "d.x\\y-2"},
+          {full, full + "-2"},
+          {full + "n", full + "n EMAXSTRING"}});
 }
 
-TEST_CASE("an extension that doesn't fit changes nothing")
-{
-    char path[PATHSIZE];
-    std::string full(PATHSIZE - 3, 'n');
-    for (auto change : {pathsetext, pathforceext, pathinsert}) {
-        strcpy(path, full.c_str());
-        CHECK(code(change(path, "xyz")) == ERRORMAXSTRING);
-        CHECK(path == full);
-    }
-    CHECK(pathsetext(path, "x") == nullptr);
-    CHECK(path == full + ".x");
-}
-
-TEST_CASE("a name tells its file type")
+TEST_CASE("a name tells its file type, and a type its extension and description")
 {
     CHECK(filetypeof("a.qmg") == FILETYPEDATA); // no table knows it
-    typetable table(rows);
-    const struct {
-        const char *name;
-        int32_t type;
-    } names[] = {{"a.qmg", 0x103},     {"c:\\x.y\\A.QmG", 0x103},
-                 {"a,txt", 0xFFF},     {"a,fff", 0xFFD},
-                 {"a", 0xFFD},         {"a.unknown", 0xFFD},
-                 {"a,txt.qmg", 0x103}, {"a.wmf", 0x100}, // the first row that matches
-                 {"a.dat", -2}};
-    for (const auto &row : names)
-        CHECK(filetypeof(row.name) == row.type);
-    CHECK(filetypeofstrict("a.txt") == 0xFFF);
-    CHECK(filetypeofstrict("a.unknown") == -1);
-    CHECK(filetypeofstrict("a") == 0xFFD);
-}
-
-TEST_CASE("a type tells its extension and description")
-{
-    CHECK(extension(0x103) == "");
-    typetable table(rows);
-    CHECK(extension(0x103) == "qmg");
-    CHECK(extension(0x102) == "wmf");
-    CHECK(extension(0xFFD) == "dat");
-    CHECK(extension(12345) == "dat");
-    CHECK(std::string(filetypedescription(0x102)) == "Placeable");
-    CHECK(std::string(filetypedescription(12345)) == "");
-    char cut[3];
-    filetypetext(0x103, cut, sizeof cut);
-    CHECK(std::string(cut) == "qm");
-
+    auto extension = [](const std::string &in) {
+        char out[4];
+        int32_t type = numberparse(in.c_str(), nullptr);
+        filetypetext(type, out, sizeof out);
+        return out + std::string(" ") + filetypedescription(type);
+    };
+    rows("filetypetext", extension, {{"0x103", " "}});
+    typetable known(types);
+    rows("filetypeof",
+         [](const auto &in) {
+             return std::to_string(filetypeof(in.c_str())) + " " +
+                    std::to_string(filetypeofstrict(in.c_str()));
+         },
+         {{"c:\\x.y\\A.QmG", "259 259"},
+          {"a,txt", "4095 4095"},
+          {"a,fff", "4093 -1"},
+          {"a", "4093 4093"},
+          {"a,txt.qmg", "259 259"},
+          {"a.wmf", "256 256"},
+          {"a.dat", "-2 -2"}});
+    rows("filetypetext", extension,
+         {{"0x103", "qmg Grid"}, {"0x102", "wmf Placeable"}, {"0xFFD", "dat Data"}, {"9", "dat "}});
     {
         typetable second(newer);
         CHECK(filetypeof("a.txt") == 7);
@@ -322,12 +285,10 @@ TEST_CASE("a shortcut's file takes its place, where the system has shortcuts")
     const char target[] = "C:\\words\\caf\xE9.qmg";
     place.write("x.lnk", shortcut(target));
     std::string path = place.path("x.lnk");
-    std::string found = expanded(path);
-    if (found == path) {
+    if (expanded(path) == path) {
         MESSAGE("skipped: no shortcuts on this system");
         return;
     }
-    CHECK(found == target);
     CHECK(expanded("\"" + place.path("X.LNK") + "\"") == target);
     pathfollow(false);
     CHECK(expanded(path) == path);
@@ -335,4 +296,65 @@ TEST_CASE("a shortcut's file takes its place, where the system has shortcuts")
     place.write("x.lnk", "no shortcut");
     CHECK(expanded(path) == path);
     CHECK(expanded(place.path("none.lnk")) == place.path("none.lnk"));
+}
+
+TEST_CASE("a table of formats serves one save dialog")
+{
+    typetable known(types);
+    catalogue("WORDS:Text of words\nTEXT:Texts\n");
+    char path[PATHSIZE] = "a.qmg";
+    for (int32_t wrong : {-1, 3, 1}) { // a row that isn't there gives way to the first
+        int32_t current = wrong;
+        savefilterset(3, table, &current);
+        savefilterbuild(path, 0xFFF, handler);
+        CHECK(strings(savechoice.filter) == "Grid|*.qmg|Text of words|*.txt|Picture|*.wmf|");
+        CHECK(savechoice.filterindex == (wrong == 1 ? 2 : 1));
+        CHECK(savechoice.type == (wrong == 1 ? 0xFFF : 0x103));
+        CHECK(std::string(path) == (wrong == 1 ? "name1" : "name0"));
+        for (int32_t row : {3, 4, 0})
+            savefilterchange(row, path, sizeof path);
+        CHECK(std::string(path) == "name2");
+        CHECK(current == 2); // what the next save offers
+        CHECK(done("dir.x\\y.qmg") == "dir.x\\y.wmf 258");
+    }
+    savefilterbuild(path, 0xFFF, handler);
+    CHECK(strings(savechoice.filter) == "Text|*.txt|");
+    savefilterchange(2, path, sizeof path); // a single format: nothing to change to
+    rows("savefilterdone", done, {{"x.qmg", "x.txt 4095"}, {"x.TXT", "x.TXT 4095"}});
+    std::string full(PATHSIZE - 2, 'p');
+    saved.clear();
+    CHECK(code(savefilterdone(full.c_str(), path, sizeof path)) == ERRORMAXSTRING);
+    CHECK(code(savefilterdone("a.txt", path, 5)) == ERRORMAXSTRING); // the caller's own room
+    CHECK(saved == "");
+
+    headless.keeptrace = true;
+    std::string description(150, 'd');
+    for (int32_t i = 0; i < 8; i++) {
+        savefilteradd(i, 0x103, description.c_str());
+        CHECK(headless.tracetext.starts_with("savefilterbuffer overrun\r\n") == (i > 2));
+    }
+    CHECK(savechoice.filter[510] + savechoice.filter[511] == 0);
+    for (size_t length = 480; length < 520; length++) { // the pattern meets the end everywhere
+        savefilteradd(0, 0x103, std::string(length, 'd').c_str());
+        CHECK(strings(savechoice.filter).size() <= 511);
+    }
+    savefilteradd(0, 0x103, "short");
+    CHECK(strings(savechoice.filter) == "short|*.qmg|");
+}
+
+TEST_CASE("a load filter lists the patterns of each row, as many as it holds")
+{
+    typetable known(types);
+    constexpr int32_t textandall[] = {0xFFF, -1}, grids[] = {0x103}, unknown[] = {9999};
+    loadgroup groups[] = {{"{TEXT}", 2, textandall}, {"Grids", 1, grids}, {"Grids", 1, unknown}};
+    catalogue("TEXT:Texts\n");
+    CHECK(strings(loadfilterbuild(groups, 3)) == "Texts|*.txt;*.*;|Grids|*.qmg;|Grids|*.dat;|");
+    CHECK(strings(loadfilterbuild(groups, 0)) == "");
+    std::string description(100, 'd');
+    const loadgroup wide = {description.c_str(), 1, grids};
+    loadgroup three[] = {wide, wide, wide};
+    CHECK(strings(loadfilterbuild(three, 3)).size() == 2 * 108);
+    const std::string many(80 * sizeof(int32_t), 0);
+    loadgroup longrow = {"Many", 80, reinterpret_cast<const int32_t *>(many.data())};
+    CHECK(strings(loadfilterbuild(&longrow, 1)) == "");
 }

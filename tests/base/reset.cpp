@@ -16,6 +16,7 @@ void modulesreset()
     initerror();
     taskerrors();
     findreset();
+    flexshake(shaken());
     flexfailafter(-1);
     flex_setfail(nullptr);
     endtrans();

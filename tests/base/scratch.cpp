@@ -1,6 +1,5 @@
 #include "tests/base/scratch.h"
 
-#include "base/errors.h"
 #include "base/messages.h"
 #include "tests/support/runner.h"
 
@@ -69,4 +68,14 @@ typetable::typetable(const filetyperow *rows)
 typetable::~typetable()
 {
     remfiletypes(&node);
+}
+
+void rows(const std::string &operation, const std::function<std::string(const std::string &)> &call,
+          std::initializer_list<std::pair<std::string, std::string>> list)
+{
+    for (const auto &[in, out] : list) {
+        CAPTURE(operation);
+        CAPTURE(in);
+        CHECK(call(in) == out);
+    }
 }

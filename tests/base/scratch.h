@@ -1,6 +1,7 @@
-// tests/base/scratch.h - a folder of files for one test.
+// tests/base/scratch.h - what the tests of this folder share.
 #pragma once
 
+#include "base/errors.h"
 #include "base/files.h"
 #include "base/filetypes.h"
 #include "base/platformfault.h"
@@ -9,7 +10,10 @@
 #include <doctest/doctest.h>
 
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 // An empty folder, and at the end no fault left set.
 struct scratch {
@@ -39,3 +43,13 @@ struct typetable {
     explicit typetable(const filetyperow *rows);
     ~typetable();
 };
+
+// The rows of an operation, each a text that goes in and the one that is to come out.
+void rows(const std::string &operation, const std::function<std::string(const std::string &)> &call,
+          std::initializer_list<std::pair<std::string, std::string>> list);
+
+// A text with zeros in it, by a literal's own length.
+template<size_t N> std::string literal(const char (&bytes)[N])
+{
+    return std::string(bytes, N - 1);
+}
