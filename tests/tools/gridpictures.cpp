@@ -49,11 +49,7 @@ errorblock *picturesof(const std::string &folder)
 
 int main(int argc, char **argv)
 {
-    if (argc < 3) {
-        std::fprintf(stderr,
-                     "usage: gridpictures GRID.qmg FOLDER [show|hide] [upper] [WORD ...]\n");
-        return 2;
-    }
+    if (argc < 3) return 2;
     gridreset();
     solutionsreset();
     errorblock *err = modeinfoinit();

@@ -5,7 +5,6 @@ the one page for browsers, and whether they tell of all that the program shows.
 usage: manual_test.py ROOT FOLDER   - of the sources, and of the made manual
 """
 import base64
-import html
 import html.parser
 import pathlib
 import re
@@ -71,11 +70,11 @@ class Reader(html.parser.HTMLParser):
         if "title" in self.open:
             self.title += data
             return
-        if "h1" in self.open or "h2" in self.open:
+        if {"h1", "h2"} & set(self.open):
             self.under += data
-        self.text += data
         if {"td", "th"} & set(self.open):
             self.rows[-1][-1] += data
+        self.text += data
         self.sections[self.under] = self.sections.get(self.under, "") + data
 
 
@@ -101,17 +100,14 @@ def checkpicture(data, name):
 class HelpFile(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.folder = tempfile.TemporaryDirectory()
-        cls.place = pathlib.Path(cls.folder.name)
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.place = pathlib.Path(folder.name)
         run = subprocess.run(["extract_chmLib", MADE / "Quillmere.chm", cls.place],
                              capture_output=True, text=True)
         assert run.returncode == 0, run.stderr
         cls.pages = {path.name: Reader(path.read_text(encoding="cp1252"))
                      for path in cls.place.glob("*.html")}
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.folder.cleanup()
 
     def target(self, link):
         file, _, anchor = link.partition("#")
@@ -123,28 +119,24 @@ class HelpFile(unittest.TestCase):
     def sitemap(self, name):
         return Reader((self.place / name).read_text(encoding="cp1252")).sitemap
 
-    def test_every_source_is_a_page_with_a_title(self):
+    def test_contents_and_index_lead_to_every_page(self):
         sources = {path.stem + ".html" for path in (ROOT / "docs" / "manual").glob("*.md")}
         self.assertEqual(set(self.pages), sources - {"contents.html"})
         titles = [page.title for page in self.pages.values()]
-        self.assertEqual(len(set(titles)), len(titles))
-        self.assertNotIn("", titles)
-
-    def test_contents_lead_to_every_page_once_under_its_title(self):
-        rows = self.sitemap("contents.hhc")
-        pages = [self.target(target) for _, target in rows if target]
-        self.assertEqual(sorted(pages), sorted(self.pages))
+        self.assertEqual(len(set(titles) - {""}), len(self.pages))
+        rows = [row for row in self.sitemap("contents.hhc") if row[1]]
+        self.assertEqual(sorted(self.target(target) for _, target in rows), sorted(self.pages))
         for title, target in rows:
-            if target:
-                self.assertEqual(title, self.pages[target].title)
-
-    def test_index_leads_to_headings_and_every_page_is_in_it(self):
+            self.assertEqual(title, self.pages[target].title)
         rows = self.sitemap("index.hhk")
         self.assertGreater(len(rows), 100)
         self.assertEqual({self.target(target) for _, target in rows}, set(self.pages))
         words = [word.lower() for word, _ in rows]
         self.assertEqual(words, sorted(words))
         self.assertEqual(len(set(rows)), len(rows), "a word leads to one place twice")
+        system = (self.place / "#SYSTEM").read_bytes()
+        for text in (b"contents.hhc\0", b"index.hhk\0", b"index.html\0", b"Quillmere\0"):
+            self.assertIn(text, system)
 
     def test_links_and_pictures_are_there(self):
         pictures = set()
@@ -159,27 +151,18 @@ class HelpFile(unittest.TestCase):
         self.assertGreater(len(pictures), 10)
         self.assertEqual(pictures, {path.name for path in self.place.glob("*.png")})
 
-    def test_it_opens_at_the_first_page(self):
-        system = (self.place / "#SYSTEM").read_bytes()
-        for text in (b"contents.hhc\0", b"index.hhk\0", b"index.html\0", b"Quillmere\0"):
-            self.assertIn(text, system)
-
-
-class WebPage(unittest.TestCase):
     def test_one_page_has_everything(self):
         page = Reader((MADE / "Quillmere.html").read_text(encoding="utf-8"))
         self.assertEqual(len(set(page.ids)), len(page.ids))
         self.assertGreater(len(page.links), 40)
-        for link in page.links:
-            self.assertEqual(link[0], "#", link)
-            self.assertIn(link[1:], page.ids)
+        self.assertEqual({link[0] for link in page.links}, {"#"})
+        self.assertEqual({link[1:] for link in page.links} - set(page.ids), set())
         for picture in page.pictures:
             kind, _, data = picture["src"].partition(",")
             self.assertEqual(kind, "data:image/png;base64")
             checkpicture(base64.b64decode(data, validate=True), picture["alt"])
         for name in (MADE / "pages").glob("*.html"):
-            text = Reader(name.read_text(encoding="cp1252")).text
-            self.assertTrue(text in page.text, name.name)
+            self.assertTrue(made(name.stem).text in page.text, name.name)
 
 
 def made(name):
@@ -202,66 +185,52 @@ class Told(unittest.TestCase):
         entries = re.findall(r'\b(?:MENUITEM|POPUP) "(.*?)"', resource("menus.rc"))
         self.assertGreater(len(entries), 30)
         page = made("menus")
+        heads = {squeezed(row[0]) for row in page.rows if row} | set(page.sections)
         for entry in entries:
             if entry == "DIct":  # nobody sees the name of the menu on a list
                 continue
             text, _, key = unquoted(entry.replace("\\t", "\t")).partition("\t")
-            shown = f"{text} ({key})" if key else text
-            heads = [squeezed(row[0]) for row in page.rows if row] + list(page.sections)
-            self.assertIn(shown, heads)
+            self.assertIn(f"{text} ({key})" if key else text, heads)
 
-    def test_every_dialog_and_what_stands_in_it(self):
-        dialogs = made("dialogs")
-        found = re.findall(r'^(\w+) DIALOGEX.*?^CAPTION "(.*?)".*?^\{(.*?)^\}', resource("templates.rc"),
-                           re.S | re.M)
+    def test_every_dialog_and_button(self):
+        dialogs, window = made("dialogs"), made("window").text
+        found = re.findall(r'^(\w+) DIALOGEX(?:[^{]*?^CAPTION "(.*?)")?[^{]*?^\{(.*?)^\}',
+                           resource("templates.rc"), re.S | re.M)
         self.assertGreater(len(found), 8)
         for name, caption, controls in found:
-            if name == "main":
+            bar = re.fullmatch(r"buttons\d?", name)
+            if name == "main" or not bar and not caption:
                 continue
             caption = {"About": "About Quillmere"}.get(caption, caption)
-            self.assertIn(caption, dialogs.sections)
-            told = squeezed(dialogs.sections[caption])
+            told = window if bar else squeezed(dialogs.sections[caption])
             for label in re.findall(r'^ +(?:LTEXT|PUSHBUTTON|DEFPUSHBUTTON|AUTOCHECKBOX|GROUPBOX|RTEXT)'
                                     r' "(.*?)"', controls, re.M):
                 label = unquoted(label).strip()
                 if label in NOTSHOWN.get(caption, ()) or label in ("OK", "Cancel", ""):
                     continue
-                self.assertTrue(label in told, f"{caption} has {label}")
-
-    def test_every_button_of_the_bar(self):
-        told = made("window").text
-        for bar in re.findall(r"^buttons\d? DIALOGEX.*?^\}", resource("templates.rc"), re.S | re.M):
-            for label in re.findall(r'(?:PUSHBUTTON|LTEXT) "(.*?)"', bar):
-                self.assertTrue(label in told, label)
+                self.assertTrue(label in told, f"{caption or name} has {label}")
 
     def test_every_message(self):
         texts = dict(line.split(":", 1) for line in reversed(resource("Messages.txt").splitlines())
                      if re.match(r"[A-Z0-9]+:", line))
-        told = made("messages").text
-        seen = self.keysseen() - UNSEEN
+        paths = [path for folder in FOLDERS for path in (ROOT / folder).rglob("*.cpp")
+                 if path.name not in ("apperrors.cpp", "librarytable.cpp")]
+        sources = "\n".join(path.read_text(encoding="utf-8") for path in paths)
+        seen = self.keysseen(sources) - UNSEEN
         self.assertTrue({"ENMW", "EDAX", "EWR", "ENUD", "SPNONE", "FS10"} <= seen)
-        for key in sorted(seen):
-            # A key without a text is itself what is shown.
-            parts = re.split(r"%[sd]", texts.get(key, key))
-            shown = ".*?".join(re.escape(part) for part in parts)
-            self.assertTrue(re.search(shown, told), f"{key} is not told of")
-        for text in re.findall(r'reportf\(0, "(.*?)"', self.sources()):
-            parts = re.split(r"%[sd]", text)
-            self.assertTrue(re.search(".*?".join(map(re.escape, parts)), told), text)
+        # A key without a text is itself what is shown.
+        shown = {texts.get(key, key) for key in seen}
+        told = made("messages").text
+        for text in sorted(shown | set(re.findall(r'reportf\(0, "(.*?)"', sources))):
+            pattern = ".*?".join(map(re.escape, re.split(r"%[sd]", text)))
+            self.assertTrue(re.search(pattern, told), f"{text} is not told of")
 
-    def sources(self):
-        paths = [path for folder in FOLDERS for path in (ROOT / folder).rglob("*.cpp")]
-        return "\n".join(path.read_text(encoding="utf-8") for path in paths
-                         if path.name not in ("apperrors.cpp", "librarytable.cpp"))
-
-    def keysseen(self):
+    def keysseen(self, sources):
         """The keys of the errors that some code makes, and of the questions."""
         rows = "".join((ROOT / path).read_text(encoding="utf-8")
                        for path in ("app/apperrors.cpp", "base/librarytable.cpp"))
-        sources, seen = self.sources(), set()
-        for code, key in re.findall(r'\{(\w+), "\{(\w+)\}"\}', rows):
-            if not code.isdigit() and re.search(rf"\bmakeerrorf?\({code}\b", sources):
-                seen.add(key)
+        seen = {key for code, key in re.findall(r'\{(\w+), "\{(\w+)\}"\}', rows)
+                if not code.isdigit() and re.search(rf"\bmakeerrorf?\({code}\b", sources)}
         questions = re.findall(r'\b(?:askbox|confirm|nonewwords)\([^;]*?\{(\w+)\}', sources)
         return seen | set(questions) - NEVERASKED
 

@@ -29,8 +29,6 @@ BOXES = [("box", 0, 0, WIDTH, HEIGHT, PAPER, PAPER),
          ("box", 60, 19, 81, 30, GREEN, GREEN),
          ("box", 100, 20, 130, 35, GREEN, None)]
 
-
-
 class MetafileTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -50,17 +48,13 @@ class MetafileTest(unittest.TestCase):
             with self.subTest(leaf):
                 self.assertEqual([shape for shape in player.drawing if shape[0] in kinds], wanted)
 
-    def test_boxes(self):
+    def test_shapes(self):
         self.same(BOXES, "box")
-
-    def test_lines(self):
         wanted = line([(140, 20), (180, 20), (180, 35), (140, 35), (140, 20)], BLUE)
         for x in range(0, 201, 40):
             wanted += [("line", x, 0, x, 120, BLACK), ("pixel", x, 120, BLACK)]
         wanted += [("line", 3, 100, 60, 70, RED), ("pixel", 60, 70, RED)]
         self.same(wanted, "line", "pixel")
-
-    def test_text(self):
         # 12 points at 180 units to the inch; 30 is centred, 24 left, on the base line.
         self.same([("text", 100, 60, "Quillmere", "#000030", 30, "Arial", -30),
                    ("text", 70, 110, "\xc9t\xe9 \u20ac", "#800000", 24, "Arial", -30)], "text")
@@ -80,15 +74,11 @@ class MetafileTest(unittest.TestCase):
         self.assertEqual(drawings[0], drawings[1])
         self.assertEqual(drawings[0], drawings[2])
 
-    def test_windows(self):
-        for leaf, player in self.files.items():
-            with self.subTest(leaf):
-                self.assertEqual(player.window, {"extent": (WIDTH, HEIGHT), "origin": (0, 0)})
-
-    def test_objects_of_ours_are_deleted(self):
+    def test_windows_and_deleted_objects(self):
         ours = {PAPER, GREEN, BLUE, RED, ("Arial", -30)}
         for leaf, player in self.files.items():
             with self.subTest(leaf):
+                self.assertEqual(player.window, {"extent": (WIDTH, HEIGHT), "origin": (0, 0)})
                 self.assertFalse(ours & {value for _, value in player.objects.values()})
 
     def test_headers(self):

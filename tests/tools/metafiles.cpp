@@ -9,54 +9,29 @@
 #include <cstdio>
 #include <string>
 
-namespace
-{
-
-int failed(const errorblock *err)
-{
-    std::fprintf(stderr, "metafiles: %s\n", err->text);
-    return 1;
-}
-
-errorblock *writeplain(const std::string &path)
-{
-    intptr_t dc;
-    errorblock *err = metaopen(0, DRAWINGWIDTH, DRAWINGHEIGHT, &dc);
-    if (!err) metadraw();
-    return metaclose(err, dc, path.c_str());
-}
-
-errorblock *writeplaceable(const std::string &path)
-{
-    intptr_t dc;
-    errorblock *err = metaopen(0, DRAWINGWIDTH, DRAWINGHEIGHT, &dc);
-    if (!err) metadraw();
-    return metacloseplaceable(err, dc, path.c_str(), 0, DRAWINGWIDTH, DRAWINGHEIGHT, 0, 120);
-}
-
-errorblock *writeenhanced(const std::string &path)
-{
-    intptr_t dc;
-    errorblock *err =
-        metaopenenhanced(path.c_str(), 0, DRAWINGWIDTH, DRAWINGHEIGHT, &dc, "Calendar");
-    if (!err) metadraw();
-    return metacloseenhanced(err, dc);
-}
-
-} // namespace
+constexpr int32_t WIDTH = DRAWINGWIDTH, HEIGHT = DRAWINGHEIGHT;
 
 int main(int argc, char **argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: metafiles FOLDER\n");
-        return 2;
-    }
-    std::string folder = argv[1];
+    if (argc != 2) return 2;
+    std::string folder = argv[1], enhanced = folder + "/enhanced.emf";
+    intptr_t dc;
     errorblock *err = modeinfoinit();
-    if (!err) err = writeplain(folder + "/plain.wmf");
-    if (!err) err = writeplaceable(folder + "/placeable.wmf");
-    if (!err) err = writeenhanced(folder + "/enhanced.emf");
-    if (err) return failed(err);
+    if (!err) err = metaopen(0, WIDTH, HEIGHT, &dc);
+    if (!err) metadraw();
+    if (!err) err = metaclose(nullptr, dc, (folder + "/plain.wmf").c_str());
+    if (!err) err = metaopen(0, WIDTH, HEIGHT, &dc);
+    if (!err) metadraw();
+    if (!err)
+        err = metacloseplaceable(nullptr, dc, (folder + "/placeable.wmf").c_str(), 0, WIDTH, HEIGHT,
+                                 0, 120);
+    if (!err) err = metaopenenhanced(enhanced.c_str(), 0, WIDTH, HEIGHT, &dc, "Calendar");
+    if (!err) metadraw();
+    if (!err) err = metacloseenhanced(nullptr, dc);
+    if (err) {
+        std::fprintf(stderr, "metafiles: %s\n", err->text);
+        return 1;
+    }
     modeinfoend();
     std::puts("Metafiles written");
     return 0;

@@ -22,17 +22,13 @@ STOCK = {0: ("brush", "#ffffff"), 4: ("brush", "#000000"), 5: ("brush", None),
 PLACEABLEKEY = 0x9AC6CDD7
 
 
-class FormatError(Exception):
-    pass
-
-
 def colour(value):
     return f"#{value & 255:02x}{value >> 8 & 255:02x}{value >> 16 & 255:02x}"
 
 
 def need(condition, what):
     if not condition:
-        raise FormatError(what)
+        raise ValueError(what)
 
 
 class Player:
@@ -43,9 +39,7 @@ class Player:
         self.state = {"pen": "#000000", "brush": "#ffffff", "font": ("", 0)}
         self.textcolour, self.align = "#000000", 0
         self.at = (0, 0)
-        self.drawing = []
-        self.window = {}
-        self.header = {}
+        self.drawing, self.window, self.header = [], {}, {}
 
     def made(self, handle, kind, style, value):
         self.objects[handle] = (kind, None if style == NULLSTYLE.get(kind) else value)
@@ -56,27 +50,12 @@ class Player:
         self.state[kind] = value
 
     def selectstock(self, number):
-        if number in STOCK:
-            kind, value = STOCK[number]
-            self.state[kind] = value
-        else:
-            self.state["font"] = ("", 0)
-
-    def windowset(self, name, pair):
-        self.window[name] = pair
-
-    def alignset(self, align):
-        self.align = align
-
-    def textcolourset(self, value):
-        self.textcolour = colour(value)
-
-    def moveto(self, x, y):
-        self.at = (x, y)
+        kind, value = STOCK.get(number, ("font", ("", 0)))
+        self.state[kind] = value
 
     def box(self, left, top, right, bottom):
-        self.drawing.append(("box", left, top, right, bottom, self.state["pen"],
-                             self.state["brush"]))
+        pen, brush = self.state["pen"], self.state["brush"]
+        self.drawing.append(("box", left, top, right, bottom, pen, brush))
 
     def lineto(self, x, y):
         self.drawing.append(("line", *self.at, x, y, self.state["pen"]))
@@ -118,10 +97,8 @@ def enhancedfont(player, data):
 
 def enhancedselect(player, data):
     handle = dword(data)
-    if handle & 0x80000000:
-        player.selectstock(handle & 0x7FFFFFFF)
-    else:
-        player.select(handle)
+    stock = handle & 0x80000000
+    (player.selectstock if stock else player.select)(handle & 0x7FFFFFFF)
 
 
 def enhancedtext(player, data, width, encoding):
@@ -129,11 +106,6 @@ def enhancedtext(player, data, width, encoding):
     raw = data[offset - 8:offset - 8 + count * width]
     need(len(raw) == count * width, "a text runs past its record")
     player.text(x, y, raw.decode(encoding))
-
-
-def enhancedbox(player, data):
-    left, top, right, bottom = fields(data, "4i")
-    player.box(left, top, right + 1, bottom + 1)  # the record's box is inclusive
 
 
 def enhancedbitmap(player, data):
@@ -144,17 +116,17 @@ def enhancedbitmap(player, data):
 
 
 ENHANCED = {
-    9: lambda p, d: p.windowset("extent", fields(d, "ii")),
-    10: lambda p, d: p.windowset("origin", fields(d, "ii")),
+    9: lambda p, d: p.window.update(extent=fields(d, "ii")),
+    10: lambda p, d: p.window.update(origin=fields(d, "ii")),
     15: lambda p, d: p.pixel(*fields(d, "iiI")),
-    22: lambda p, d: p.alignset(dword(d)),
-    24: lambda p, d: p.textcolourset(dword(d)),
-    27: lambda p, d: p.moveto(*fields(d, "ii")),
+    22: lambda p, d: setattr(p, "align", dword(d)),
+    24: lambda p, d: setattr(p, "textcolour", colour(dword(d))),
+    27: lambda p, d: setattr(p, "at", fields(d, "ii")),
     37: enhancedselect,
     38: lambda p, d: enhancedcreate(p, "pen", d),
     39: lambda p, d: enhancedcreate(p, "brush", d),
     40: lambda p, d: p.objects.pop(dword(d)),
-    43: enhancedbox,
+    43: lambda p, d: p.box(*(n + more for n, more in zip(fields(d, "4i"), (0, 0, 1, 1)))),
     54: lambda p, d: p.lineto(*fields(d, "ii")),
     81: enhancedbitmap,
     82: enhancedfont,
@@ -221,11 +193,6 @@ def plainexttext(player, data):
     player.text(x, y, data[at:at + count].decode("cp1252"))
 
 
-def plainpixel(player, data):
-    value, y, x = fields(data, "Ihh")
-    player.pixel(x, y, value)
-
-
 def plainbitmap(player, data):
     rop, _, _, _, _, _, height, width, y, x = fields(data, "I9h")
     dib = data[22:]
@@ -239,17 +206,17 @@ def plainbitmap(player, data):
 PLAIN = {
     0x01F0: lambda p, d: p.objects.pop(fields(d, "H")[0]),
     0x012D: lambda p, d: p.select(fields(d, "H")[0]),
-    0x012E: lambda p, d: p.alignset(fields(d, "H")[0]),
-    0x0209: lambda p, d: p.textcolourset(dword(d)),
-    0x020B: lambda p, d: p.windowset("origin", reverse(d, 2)),
-    0x020C: lambda p, d: p.windowset("extent", reverse(d, 2)),
+    0x012E: lambda p, d: setattr(p, "align", fields(d, "H")[0]),
+    0x0209: lambda p, d: setattr(p, "textcolour", colour(dword(d))),
+    0x020B: lambda p, d: p.window.update(origin=reverse(d, 2)),
+    0x020C: lambda p, d: p.window.update(extent=reverse(d, 2)),
     0x0213: lambda p, d: p.lineto(*reverse(d, 2)),
-    0x0214: lambda p, d: p.moveto(*reverse(d, 2)),
+    0x0214: lambda p, d: setattr(p, "at", reverse(d, 2)),
     0x02FA: lambda p, d: plaincreate(p, "pen", d),
     0x02FB: plainfont,
     0x02FC: lambda p, d: plaincreate(p, "brush", d),
     0x041B: lambda p, d: p.box(*reverse(d, 4)),
-    0x041F: plainpixel,
+    0x041F: lambda p, d: p.pixel(*reverse(d[4:], 2), dword(d)),
     0x0521: plaintext,
     0x0A32: plainexttext,
     0x0F43: plainbitmap,
@@ -293,13 +260,9 @@ def read(data):
     return readplain(data)
 
 
-def main():
-    with open(sys.argv[1], "rb") as file:
-        player = read(file.read())
-    print(player.header, player.window)
-    for shape in player.drawing:
-        print(*shape)
-
-
 if __name__ == "__main__":
-    main()
+    with open(sys.argv[1], "rb") as named:
+        played = read(named.read())
+    print(played.header, played.window)
+    for shape in played.drawing:
+        print(*shape)

@@ -4,6 +4,8 @@
 usage: quill_test.py ENCODING PROGRAM...   (PROGRAM may be an emulator and an exe)
 """
 import pathlib
+import re
+import shlex
 import struct
 import subprocess
 import sys
@@ -13,225 +15,182 @@ import unittest
 ENCODING = sys.argv[1]
 PROGRAM = [str(pathlib.Path(word).resolve()) for word in sys.argv[2:]]
 DONE, FAILED, WRONGUSAGE = 0, 1, 2
+HERE = "--dictionaries ."
+PICTURE = "CAT#.\n.#..E\nabc\u00e9F\n\nleft 3,0 2,2\ntop 1,2\n"
+PLANTS = "otter\nbadger\nheron\npine\nelk\n"
+WORDS = {"Main.txt": "cat\ncot\nCut\ntar\ntip\ntop\ncart\n", "Other.txt": "cit\n"}
+
+# What is written before a run, by the name of the file.
+FILES = {"a.txt": "nations\nNation\r\n\r\nNew York\tzebra", "b.txt": "nation\nnational",
+         "bad.txt": "ab\nabc\n", "p.txt": PICTURE, "t.txt": "CAT\nA#O\nB.P\n",
+         "g.txt": "C.T\n##.\n##.\n", "s.txt": "CATT\n####\nTIPS\n####\nTOP.\n", "plants.txt": PLANTS,
+         "long.txt": "elephantine", "short.dic": "Quillmere", "old.dic": "\0" * 304,
+         "none/x": "", "old/MainDict.dic": "\0" * 304, **WORDS}
+
+# Runs in the one folder, in this order: a command, its status, what it prints, and a part of
+# its remarks; what it reads stands behind a "<". None for any output.
+RUNS = [
+    ("", WRONGUSAGE, "", "usage: quill COMMAND"),
+    ("frobnicate", WRONGUSAGE, "", "usage:"),
+    ("help frobnicate", WRONGUSAGE, "", "usage:"),
+    ("dict", WRONGUSAGE, "", "usage:"),
+    ("dict words", WRONGUSAGE, "", "usage:"),
+    ("dict words a.dic b", WRONGUSAGE, "", "usage:"),
+    ("dict words a.dic --wordsquare", WRONGUSAGE, "", "usage:"),
+    ("solve x.qmg --max", WRONGUSAGE, "", "usage:"),
+    ("solve x.qmg --max none", WRONGUSAGE, "", "usage:"),
+    ("solve x.qmg --mark 1,2,3", WRONGUSAGE, "", "usage:"),
+    ("solve x.qmg --mark=3,0,1,0", WRONGUSAGE, "", "usage:"),
+    ("make plants.txt -o x.qmg", WRONGUSAGE, "", ""),
+    ("make plants.txt --size 9x8", WRONGUSAGE, "", ""),
+    ("make plants.txt --size 0x8 -o x.qmg", WRONGUSAGE, "", ""),
+    ("make plants.txt --size 9x128 -o x.qmg", WRONGUSAGE, "", ""),
+    ("fill --size 9x8 --directions 256 -o x.qmg", WRONGUSAGE, "", ""),
+    # Files that are missing or damaged.
+    ("dict words none.dic", FAILED, "", "not found."),
+    ("dict build a.dic none.txt", FAILED, "", "not found."),
+    ("grid draw none.qmg", FAILED, "", "not found."),
+    ("grid build a.qmg none.txt", FAILED, "", "not found."),
+    ("solve none.qmg", FAILED, "", "not found."),
+    ("dict check short.dic", FAILED, "", "Error reading data."),
+    ("dict words old.dic", FAILED, "", "Dictionary is too old."),
+    ("dict build noextension", FAILED, "", ""),
+    ("dict build nofolder/a.dic", FAILED, "", ""),
+    # A dictionary from texts to words.
+    ("dict build w.dic a.txt b.txt", DONE, "", "5 words, 343 bytes\n"),
+    ("dict words w.dic", DONE, "nation\nnational\nnations\nNewyork\nzebra\n", ""),
+    ("dict check w.dic", DONE, "ok: 5 words, 1 entries\n", ""),
+    ("dict find w.dic NATION nationa aa zz", DONE,
+     "NATION\tfound\t0\tnation\nnationa\tabsent\t0\tnation\n"
+     "aa\tabsent\t0\tnation\nzz\tabsent\t4\tzebra\n", ""),
+    ("dict build e.dic", DONE, "", "0 words, 304 bytes\n"),
+    ("dict words e.dic", DONE, "", ""),
+    # Words as they stand, and a character that the code page lacks.
+    (f"dict add e.dic - < ice cream\nco-op\n\u00c9t\u00e9\ncan't\n{'x' * 32}", DONE, "",
+     "not stored: " + "x" * 32),
+    ("dict add e.dic 'ICE cream' zoo", DONE, "", ""),
+    ("dict remove e.dic Zoo absent - < co-op\r\nCAN'T\n", DONE, "", "absent: absent"),
+    ("dict add e.dic \u03c0", FAILED, "", "U+03C0"),
+    ("dict words e.dic", DONE, "\u00c9t\u00e9\nICE cream\n", ""),
+    # A grid from a picture and back, its words and clues.
+    ("grid build p.qmg p.txt", DONE, "", "5 by 3 cells\n"),
+    ("grid draw p.qmg", DONE, PICTURE, ""),
+    ("grid build ws.qmg p.txt --wordsquare", DONE, "", ""),
+    ("grid build bad.qmg bad.txt", FAILED, "", "Line 2: the row has 3 cells"),
+    ("grid draw bad.qmg", FAILED, "", "not found."),
+    ("grid build t.qmg t.txt", DONE, "", ""),
+    ("grid words t.qmg", DONE, "CAT\nCAB\nTOP\nB P\n", ""),
+    ("clues t.qmg", DONE, "Clues across.\r\n1. CAT\n3. B P\n\nClues down.\n\n1. CAB\n2. TOP\n", ""),
+    # Searches.
+    ("dict build MainDict.dic", DONE, "", ""),
+    (f"dict add MainDict.dic - < {WORDS['Main.txt']}", DONE, "", ""),
+    ("dict build Other.dic Other.txt", DONE, "", ""),
+    ("grid build g.qmg g.txt", DONE, "", ""),
+    (f"solve g.qmg {HERE} --mark 0,0,2,0", DONE, "cat\ncot\nCut\n", "3 solutions of 1 words\n"),
+    (f"solve g.qmg {HERE} --mark=0,0,2,0 --mark=2,0,2,2", DONE,
+     "".join(f"{a}\t{b}\n" for a in ("cat", "cot", "Cut") for b in ("tar", "tip", "top")), ""),
+    (f"solve g.qmg {HERE} --mark 0,0,2,0 --dict Other --dict MainDict", DONE,
+     "cat\ncot\nCut\ncit\n", ""),
+    (f"solve g.qmg {HERE} --mark 2,0,2,2 --max 2", DONE, "tar\ntip\ntop\n", ""),  # one above it
+    (f"solve g.qmg {HERE}", FAILED, "", "Need marked word!"),
+    (f"solve g.qmg {HERE} --mark 0,0,0,0", FAILED, "", "Nothing to solve!"),
+    (f"solve g.qmg {HERE} --mark 0,0,2,0 --dict Nowhere", FAILED, "", "No dictionary Nowhere"),
+    ("solve g.qmg --mark 0,0,2,0 --dictionaries old", FAILED, "", "Dictionary is too old."),
+    ("solve g.qmg --mark 0,0,2,0 --dictionaries none", FAILED, "", "No dictionaries loaded!"),
+    (f"anagram c*t {HERE}", DONE, "cat\ncot\nCut\n", ""),
+    (f"anagram CIT --dict Other {HERE}", DONE, "cit\n", ""),
+    (f"anagram zzz {HERE}", DONE, "", ""),
+    (f"anagram *** --max 1 {HERE}", DONE, "cat\ncot\n", ""),
+    (f"anagram {'x' * 32} {HERE}", FAILED, "", ""),
+    (f"guess zzzzz {HERE}", DONE, "", ""),
+    ("make long.txt --size 4x4 -o l.qmg", DONE, "elephantine\t-1\t-1\t-1\t-1\n", ""),
+    ("fill --size 6x5 --dictionaries nowhere -o x.qmg", FAILED, "", ""),
+    ("grid draw x.qmg", FAILED, "", "not found."),
+]
 
 
 class QuillTest(unittest.TestCase):
-    def setUp(self):
-        self.folder = tempfile.TemporaryDirectory()
-        self.addCleanup(self.folder.cleanup)
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.folder = pathlib.Path(folder.name)
+        for leaf, text in FILES.items():
+            (cls.folder / leaf).parent.mkdir(exist_ok=True)
+            (cls.folder / leaf).write_bytes(text.encode(ENCODING))
 
-    def file(self, leaf, text=None):
-        path = pathlib.Path(self.folder.name) / leaf
-        if text is not None:
-            path.write_bytes(text if isinstance(text, bytes) else text.encode(ENCODING))
-        return path
+    def bytes(self, leaf):
+        return (self.folder / leaf).read_bytes()
 
-    def quill(self, *words, status=DONE, stdin=b""):
-        run = subprocess.run(PROGRAM + [str(word) for word in words], input=stdin,
-                             capture_output=True, cwd=self.folder.name, timeout=120)
-        self.remarks = run.stderr.decode(ENCODING).replace("\r", "")
-        self.assertEqual(run.returncode, status, self.remarks)
-        return run.stdout.decode(ENCODING)
+    def quill(self, command, status=DONE):
+        """What it prints, and its remarks."""
+        command, _, read = command.partition(" < ")
+        run = subprocess.run(PROGRAM + shlex.split(command), input=read.encode(ENCODING),
+                             capture_output=True, cwd=self.folder, timeout=120)
+        told = run.stderr.decode(ENCODING).replace("\r", "")
+        self.assertEqual(run.returncode, status, command + "\n" + told)
+        return run.stdout.decode(ENCODING), told
 
-    def dictionary(self, leaf, *words):
-        self.quill("dict", "build", leaf)
-        if words:
-            self.quill("dict", "add", leaf, "-", stdin="\n".join(words).encode(ENCODING))
+    def test_1_runs(self):
+        for command, status, printed, remark in RUNS:
+            with self.subTest(command):
+                output, told = self.quill(command, status)
+                self.assertEqual(output, printed)
+                self.assertIn(remark, told)
 
-    def grid(self, leaf, picture):
-        self.file("p.txt", picture)
-        self.quill("grid", "build", leaf, "p.txt")
-
-    def test_usage(self):
-        self.quill(status=WRONGUSAGE)
-        self.assertIn("usage: quill COMMAND", self.remarks)
-        self.assertRegex(self.quill("--version"), r"^quill \d+\.\d+\.\d+\n$")
-        overview = self.quill("help")
+    def test_2_help_and_version(self):
+        self.assertRegex(self.quill("--version")[0], r"^quill \d+\.\d+\.\d+\n$")
+        overview = self.quill("help")[0]
         for command in ("dict build", "dict check", "grid draw", "solve"):
             self.assertIn(command, overview)
-            self.assertIn("usage: quill " + command, self.quill("help", *command.split()))
-        for wrong in (["frobnicate"], ["dict"], ["dict", "words"], ["dict", "words", "a.dic", "b"],
-                      ["solve", "x.qmg", "--max"], ["solve", "x.qmg", "--max", "none"],
-                      ["solve", "x.qmg", "--mark", "1,2,3"], ["solve", "x.qmg", "--mark=3,0,1,0"],
-                      ["dict", "words", "a.dic", "--wordsquare"], ["help", "frobnicate"]):
-            self.assertEqual(self.quill(*wrong, status=WRONGUSAGE), "", wrong)
-            self.assertIn("usage:", self.remarks)
+            self.assertIn("usage: quill " + command, self.quill("help " + command)[0])
 
-    def test_missing_and_damaged_files(self):
-        for words in (["dict", "words", "none.dic"], ["dict", "build", "a.dic", "none.txt"],
-                      ["grid", "draw", "none.qmg"], ["grid", "build", "a.qmg", "none.txt"],
-                      ["solve", "none.qmg"]):
-            self.assertEqual(self.quill(*words, status=FAILED), "")
-            self.assertIn("not found.", self.remarks)
-        self.file("short.dic", b"Quillmere")
-        self.quill("dict", "check", "short.dic", status=FAILED)
-        self.assertIn("Error reading data.", self.remarks)
-        self.file("old.dic", b"\0" * 304)
-        self.quill("dict", "words", "old.dic", status=FAILED)
-        self.assertIn("Dictionary is too old.", self.remarks)
-        self.quill("dict", "build", "noextension", status=FAILED)
-        self.quill("dict", "build", "nofolder/a.dic", status=FAILED)
-
-    def test_a_dictionary_from_texts_to_words(self):
-        self.file("a.txt", "nations\nNation\r\n\r\nNew York\tzebra")
-        self.file("b.txt", "nation\nnational")
-        self.assertEqual(self.quill("dict", "build", "w.dic", "a.txt", "b.txt"), "")
-        size = self.file("w.dic").stat().st_size
-        self.assertEqual(self.remarks, f"5 words, {size} bytes\n")
-        self.assertEqual(self.quill("dict", "words", "w.dic"),
-                         "nation\nnational\nnations\nNewyork\nzebra\n")
-        self.assertEqual(self.quill("dict", "check", "w.dic"), "ok: 5 words, 1 entries\n")
-        self.assertEqual(self.quill("dict", "find", "w.dic", "NATION", "nationa", "aa", "zz"),
-                         "NATION\tfound\t0\tnation\n" "nationa\tabsent\t0\tnation\n"
-                         "aa\tabsent\t0\tnation\n" "zz\tabsent\t4\tzebra\n")
-        self.quill("dict", "build", "empty.dic")
-        self.assertEqual(self.remarks, "0 words, 304 bytes\n")
-        self.assertEqual(self.quill("dict", "words", "empty.dic"), "")
-
-    def test_words_as_they_stand(self):
-        self.dictionary("w.dic", "ice cream", "co-op", "\u00c9t\u00e9", "can't", "x" * 32)
-        self.assertIn("not stored: " + "x" * 32, self.remarks)
-        self.assertEqual(sorted(self.quill("dict", "words", "w.dic").splitlines()),
-                         sorted(["ice cream", "co-op", "\u00c9t\u00e9", "can't"]))
-        self.quill("dict", "add", "w.dic", "ICE cream", "zoo")
-        self.assertIn("ICE cream\n", self.quill("dict", "words", "w.dic"))
-        self.quill("dict", "remove", "w.dic", "Zoo", "absent", "-", stdin=b"co-op\r\nCAN'T\n")
-        self.assertIn("absent: absent", self.remarks)
-        self.assertEqual(sorted(self.quill("dict", "words", "w.dic").splitlines()),
-                         sorted(["ICE cream", "\u00c9t\u00e9"]))
-
-    def test_a_character_that_the_code_page_lacks(self):
-        self.dictionary("w.dic")
-        before = self.file("w.dic").read_bytes()
-        self.quill("dict", "add", "w.dic", "\u03c0", status=FAILED)
-        self.assertIn("U+03C0", self.remarks)
-        self.assertEqual(self.file("w.dic").read_bytes(), before)
-
-    def test_check_finds_a_fault(self):
-        self.dictionary("w.dic", *(f"word{chr(97 + i // 26)}{chr(97 + i % 26)}" for i in range(300)))
-        data = bytearray(self.file("w.dic").read_bytes())
+    def test_3_what_files_hold(self):
+        self.assertEqual(len(self.bytes("w.dic")), 343)  # as it was told
+        self.quill("grid build again.qmg p.txt")
+        self.assertEqual(self.bytes("p.qmg"), self.bytes("again.qmg"))
+        self.assertEqual((self.bytes("p.qmg")[240], self.bytes("ws.qmg")[240]), (0, 1))
+        many = "\n".join(f"word{chr(97 + i // 26)}{chr(97 + i % 26)}" for i in range(300))
+        self.quill("dict build many.dic")
+        self.quill("dict add many.dic - < " + many)
+        self.assertIn("ok: 300 words", self.quill("dict check many.dic")[0])
+        data = bytearray(self.bytes("many.dic"))
         words = struct.unpack_from("<I", data, 268)[0] - 20
-        self.assertIn("ok: 300 words", self.quill("dict", "check", "w.dic"))
         data[284 + words + 20 + 8] ^= 1  # a letter of the first index entry
-        self.file("w.dic", bytes(data))
-        self.assertEqual(self.quill("dict", "check", "w.dic", status=FAILED), "")
-        self.assertNotEqual(self.remarks, "")
+        (self.folder / "many.dic").write_bytes(data)
+        self.assertNotEqual(self.quill("dict check many.dic", FAILED), ("", ""))
 
-    PICTURE = "CAT#.\n.#..E\nabc\u00e9F\n\nleft 2,2 3,0\ntop 1,2\n"
-
-    def test_a_grid_from_a_picture_and_back(self):
-        self.grid("g.qmg", self.PICTURE)
-        self.assertEqual(self.remarks, "5 by 3 cells\n")
-        drawn = self.quill("grid", "draw", "g.qmg")
-        self.assertEqual(drawn.splitlines()[:3], self.PICTURE.splitlines()[:3])
-        self.grid("again.qmg", drawn)
-        self.assertEqual(self.file("g.qmg").read_bytes(), self.file("again.qmg").read_bytes())
-        self.quill("grid", "build", "ws.qmg", "p.txt", "--wordsquare")
-        self.assertEqual(self.file("ws.qmg").read_bytes()[240], 1)
-        self.assertEqual(self.file("g.qmg").read_bytes()[240], 0)
-
-    def test_words_and_clues_of_a_grid(self):
-        self.grid("g.qmg", "CAT\nA#O\nB.P\n")
-        self.assertEqual(self.quill("grid", "words", "g.qmg"), "CAT\nCAB\nTOP\nB P\n")
-        self.assertEqual(self.quill("clues", "g.qmg"),
-                         "Clues across.\r\n1. CAT\n3. B P\n\nClues down.\n\n1. CAB\n2. TOP\n")
-
-    def test_a_bad_picture(self):
-        self.file("p.txt", "ab\nabc\n")
-        self.assertEqual(self.quill("grid", "build", "g.qmg", "p.txt", status=FAILED), "")
-        self.assertIn("Line 2: the row has 3 cells", self.remarks)
-        self.assertFalse(self.file("g.qmg").exists())
-
-    def solvegrid(self):
-        self.dictionary("MainDict.dic", "cat", "cot", "Cut", "tar", "tip", "top", "cart")
-        self.dictionary("Other.dic", "cit")
-        self.grid("g.qmg", "C.T\n##.\n##.\n")
-
-    def solve(self, *words, status=DONE):
-        return self.quill("solve", "g.qmg", "--dictionaries", ".", *words, status=status)
-
-    def test_solve(self):
-        self.solvegrid()
-        self.assertEqual(self.solve("--mark", "0,0,2,0"), "cat\ncot\nCut\n")
-        self.assertEqual(self.remarks, "3 solutions of 1 words\n")
-        self.assertEqual(self.solve("--mark=0,0,2,0", "--mark=2,0,2,2").splitlines(),
-                         [f"{a}\t{b}" for a in ("cat", "cot", "Cut") for b in ("tar", "tip", "top")])
-        self.assertEqual(self.solve("--mark", "0,0,2,0", "--dict", "Other", "--dict", "MainDict"),
-                         "cat\ncot\nCut\ncit\n")
-        limited = self.solve("--mark", "0,0,2,2", "--max", "4")
-        self.assertEqual(len(limited.splitlines()), 5)  # the list stops above the limit
-
-    def test_solve_failures(self):
-        self.solvegrid()
-        mark = ["--mark", "0,0,2,0"]
-        for words, text in (([], "Need marked word!"), (["--mark", "0,0,0,0"], "Nothing to solve!"),
-                            (mark + ["--dict", "Nowhere"], "No dictionary Nowhere")):
-            self.assertEqual(self.solve(*words, status=FAILED), "")
-            self.assertIn(text, self.remarks)
-        self.file("MainDict.dic", b"\0" * 304)
-        self.solve(*mark, status=FAILED)
-        self.assertIn("Dictionary is too old.", self.remarks)
-        self.file("none").mkdir()
-        self.quill("solve", "g.qmg", *mark, "--dictionaries", "none", status=FAILED)
-        self.assertIn("No dictionaries loaded!", self.remarks)
-
-    def test_anagram(self):
-        self.solvegrid()
-        for words, found in ((["c*t"], "cat\ncot\nCut\n"), (["CIT", "--dict", "Other"], "cit\n"),
-                             (["zzz"], ""), (["***", "--max", "1"], "cat\ncot\n")):
-            self.assertEqual(self.quill("anagram", *words, "--dictionaries", "."), found)
-        self.quill("anagram", "x" * 32, "--dictionaries", ".", status=FAILED)
-
-    def test_guess_and_spell(self):
-        self.solvegrid()
-        use = ("--dictionaries", ".")
-        self.assertIn("cat\n", self.quill("guess", "catt", *use))
-        self.assertEqual(self.quill("guess", "zzzzz", *use), "")
-        self.grid("s.qmg", "CATT\n####\nTIPS\n####\nTOP.\n")
-        lines = self.quill("spell", "s.qmg", *use).splitlines()
+    def test_4_guess_and_spell(self):
+        self.assertIn("cat\n", self.quill(f"guess catt {HERE}")[0])
+        self.quill("grid build s.qmg s.txt")
+        lines = self.quill(f"spell s.qmg {HERE}")[0].splitlines()
         for line, word, guess in zip(lines, ("CATT", "TIPS"), ("cat", "tip"), strict=True):
             self.assertEqual(line.split("\t")[0], word)
             self.assertIn(guess, line.split("\t")[1].split(","))
 
-    def test_make_and_find(self):
-        words = ["otter", "badger", "heron", "pine", "elk"]
-        self.file("w.txt", "\n".join(words))
-        self.quill("dict", "build", "MainDict.dic", "w.txt")
-        making = ("make", "w.txt", "--size", "9x8", "--directions", "255", "--seed", "12")
-        places = self.quill(*making, "-o", "g.qmg")
-        self.assertEqual(self.quill(*making, "-o", "h.qmg"), places)
-        self.assertEqual(self.file("g.qmg").read_bytes(), self.file("h.qmg").read_bytes())
-        rows = self.quill("grid", "draw", "g.qmg").splitlines()
+    def test_5_make_fill_and_find(self):
+        self.quill("dict build MainDict.dic plants.txt")
+        making = "make plants.txt --size 9x8 --directions 255 --seed 12 -o "
+        places = self.quill(making + "m.qmg")[0]
+        self.assertEqual(self.quill(making + "n.qmg")[0], places)
+        self.assertEqual(self.bytes("m.qmg"), self.bytes("n.qmg"))
+        rows = self.quill("grid draw m.qmg")[0].splitlines()
         self.assertEqual((len(rows[0]), len(rows)), (9, 8))
-        for line, word in zip(places.splitlines(), words, strict=True):
+        for line, word in zip(places.splitlines(), PLANTS.split(), strict=True):
             text, *place = line.split("\t")
             x, y, dx, dy = map(int, place)
-            self.assertEqual(text, word)
-            self.assertEqual("".join(rows[y + i * dy][x + i * dx] for i in range(len(word))), word)
-        found = self.quill("find", "g.qmg", "--min", "3", "--dictionaries", ".").splitlines()
+            self.assertEqual((text, "".join(rows[y + i * dy][x + i * dx] for i in range(len(word)))),
+                             (word, word))
+        found = self.quill(f"find m.qmg --min 3 {HERE}")[0].splitlines()
         self.assertTrue(set(places.splitlines()) <= set(found))
         self.assertEqual(found, sorted(found, key=lambda line: line.split("\t")[0]))
-        self.assertNotIn("elk", self.quill("find", "g.qmg", "--dictionaries", "."))
-        self.file("long.txt", "elephantine")
-        self.assertEqual(self.quill("make", "long.txt", "--size", "4x4", "-o", "l.qmg"),
-                         "elephantine\t-1\t-1\t-1\t-1\n")
-        for wrong in (["make", "w.txt", "-o", "x.qmg"], ["make", "w.txt", "--size", "9x8"],
-                      ["make", "w.txt", "--size", "0x8", "-o", "x.qmg"],
-                      ["make", "w.txt", "--size", "9x128", "-o", "x.qmg"],
-                      ["fill", "--size", "9x8", "--directions", "256", "-o", "x.qmg"]):
-            self.quill(*wrong, status=WRONGUSAGE)
+        self.assertNotIn("elk", self.quill(f"find m.qmg {HERE}")[0])
 
-    def test_fill(self):
-        self.dictionary("MainDict.dic", "otter", "badger", "heron", "squirrel")
-        filling = ("fill", "--size", "6x5", "--seed", "3", "--dictionaries", ".")
-        self.assertEqual(self.quill(*filling, "-o", "f.qmg"), "")
-        drawn = self.quill("grid", "draw", "f.qmg")
-        self.assertRegex(drawn, r"^([a-z]{6}\n){5}$")
-        self.quill(*filling, "-o", "g.qmg")
-        self.assertEqual(self.quill("grid", "draw", "g.qmg"), drawn)
-        self.quill("fill", "--size", "6x5", "--dictionaries", "nowhere", "-o", "h.qmg",
-                   status=FAILED)
-        self.assertFalse(self.file("h.qmg").exists())
+        filling = f"fill --size 6x5 --seed 3 {HERE} -o "
+        drawn = [self.quill(filling + leaf) and self.quill("grid draw " + leaf)[0]
+                 for leaf in ("f.qmg", "h.qmg")]
+        self.assertEqual(drawn[0], drawn[1])
+        self.assertTrue(re.fullmatch(r"([a-z]{6}\n){5}", drawn[0]))
 
 
 if __name__ == "__main__":
