@@ -4,19 +4,19 @@
 //
 // Tame words are few enough in letters, and in letters without a code, that the
 // format stores each of them; after every step the store must agree with the
-// model, and every invariant of dictionary.h must hold. Wild words are of any
-// shape up to beyond what the format takes: neighbours that it misreads, words
-// that it drops. Those must do no harm, and what comes of them must save and
+// model, and every invariant of dictionary.h must hold, by dictverify. Wild words
+// are of any shape up to beyond what the format takes: neighbours that it misreads,
+// words that it drops. Those must do no harm, and what comes of them must save and
 // load.
 
 #include "dict/dictfile.h"
 #include "dict/dictionary.h"
+#include "dict/dictverify.h"
 #include "tests/fuzz/fuzz.h"
 
 #include <cstring>
 #include <iterator>
 #include <map>
-#include <vector>
 
 namespace
 {
@@ -62,106 +62,41 @@ bool tame(const std::string &word)
     return !word.empty() && word.size() <= TAMELENGTH && bytes < WORDSIZE;
 }
 
-size_t common(const std::string &a, const std::string &b)
-{
-    size_t n = 0;
-    while (n < a.size() && n < b.size() && a[n] == b[n])
-        n++;
-    return n;
-}
-
-// What a record takes from its predecessor, and where it begins.
-struct record {
-    uint32_t woff;
-    uint8_t head;
-};
-
-std::vector<record> records(const Dictionary &dict)
-{
-    std::vector<record> found;
-    int32_t size;
-    flex_size(&dict.words, &size);
-    const auto *bytes = static_cast<const uint8_t *>(dict.words);
-    uint32_t at = 0, end = static_cast<uint32_t>(size);
-    if (!end) return found;
-    FUZZCHECK(end > 2 && bytes[end - 1] == 0 && bytes[end - 2] == 0);
-    while (at + 2 < end) {
-        FUZZCHECK(bytes[at] < 30 && bytes[at + 1] >= 30);
-        found.push_back({at, bytes[at]});
-        for (at++; bytes[at] >= 30; at++)
-            if (bytes[at] == 30) at++;
-    }
-    FUZZCHECK(at + 2 == end);
-    return found;
-}
-
-void checkindex(const Dictionary &dict, const std::vector<record> &found,
-                const std::vector<std::string> &words)
-{
-    int32_t size;
-    flex_size(&dict.index, &size);
-    FUZZCHECK(static_cast<uint32_t>(size) == dict.noindex * sizeof(dictindex));
-    FUZZCHECK((dict.noindex == 0) == words.empty());
-    const auto *entries = static_cast<const dictindex *>(dict.index);
-    for (uint32_t i = 0; i < dict.noindex; i++) {
-        const dictindex &entry = entries[i];
-        FUZZCHECK(i ? entry.wordn > entries[i - 1].wordn : entry.wordn == 0);
-        FUZZCHECK(entry.wordn < words.size());
-        FUZZCHECK(entry.woff == found[entry.wordn].woff);
-        FUZZCHECK(found[entry.wordn].head < INDEXLETTERS);
-        FUZZCHECK(!std::strncmp(entry.word, words[entry.wordn].c_str(), INDEXLETTERS));
-    }
-}
-
 void checkstore(const session &run)
 {
-    std::vector<std::string> words;
-    for (const auto &[key, word] : run.model)
-        words.push_back(word);
-    std::vector<record> found = records(run.dict);
-    FUZZCHECK(dictcount(&run.dict) == words.size() && found.size() == words.size());
-    for (size_t n = 0; n < words.size(); n++)
-        FUZZCHECK(found[n].head == (n ? common(words[n - 1], words[n]) : 0));
-    checkindex(run.dict, found, words);
-
+    char fault[128];
+    FUZZCHECK(!dictverify(&run.dict, fault, sizeof fault));
+    FUZZCHECK(dictcount(&run.dict) == run.model.size());
     dictcursor cursor;
     int more = dictseek(0, &run.dict, &cursor);
-    for (const std::string &word : words) {
+    for (const auto &[key, word] : run.model) {
         FUZZCHECK(more && word == cursor.word);
         more = dictnext(&run.dict, &cursor);
     }
     FUZZCHECK(!more);
 }
 
-void checkfast(const session &run, const std::string &word)
-{
-    auto at = run.model.find(foldkey(word));
-    uint32_t flags = fastfind;
-    char text[WORDSIZE];
-    dictcursor unused;
-    int found = dictfind(word.c_str(), &run.dict, &unused, &flags);
-    FUZZCHECK(found == (at != run.model.end()));
-    if (!found) return;
-    dictfound(text);
-    FUZZCHECK(at->second == text);
-    FUZZCHECK((flags & FINDCASEDIFFERS) == (at->second == word ? 0 : FINDCASEDIFFERS));
-}
-
 void checkfind(const session &run, const std::string &word)
 {
-    if (run.fast) checkfast(run, word);
-    uint32_t flags = 0;
-    dictcursor cursor;
-    int found = dictfind(word.c_str(), &run.dict, &cursor, &flags);
     auto at = run.model.lower_bound(foldkey(word));
-    FUZZCHECK(found == (at != run.model.end() && at->first == foldkey(word)));
+    bool there = at != run.model.end() && at->first == foldkey(word);
+    uint32_t differs = there && at->second != word ? FINDCASEDIFFERS : 0;
+    dictcursor cursor;
+    for (uint32_t option : {fastfind, 0u}) {
+        if (option && !run.fast) continue;
+        uint32_t flags = option;
+        FUZZCHECK(dictfind(word.c_str(), &run.dict, &cursor, &flags) == there);
+        if (there) FUZZCHECK((flags & FINDCASEDIFFERS) == differs);
+        char text[WORDSIZE];
+        if (there && option) dictfound(text);
+        if (there && option) FUZZCHECK(at->second == text);
+    }
     if (run.model.empty()) return;
     // Not there: at the word below, or at the first.
-    if (!found && at != run.model.begin()) --at;
-    FUZZCHECK(at->second == cursor.word);
+    if (!there && at != run.model.begin()) --at;
     auto rank = static_cast<uint32_t>(std::distance(run.model.begin(), at));
+    FUZZCHECK(at->second == cursor.word);
     FUZZCHECK(cursor.wordn == rank && at->second == dictword(rank, &run.dict));
-    if (found) FUZZCHECK((flags & FINDCASEDIFFERS) == (at->second == word ? 0 : FINDCASEDIFFERS));
 }
 
 // The front of the word before, and letters behind it.

@@ -4,25 +4,26 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
-#include <sstream>
 
 namespace
 {
 
+namespace fs = std::filesystem;
+
 struct scratchfolder {
-    std::filesystem::path path;
+    fs::path path =
+        fs::temp_directory_path() / ("quillfuzz" + std::to_string(std::random_device{}()));
 
     scratchfolder()
     {
-        path = std::filesystem::temp_directory_path() /
-               ("quillfuzz" + std::to_string(std::random_device{}()));
-        std::filesystem::create_directories(path);
+        fs::create_directories(path);
     }
     ~scratchfolder()
     {
         std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
+        fs::remove_all(path, ignored);
     }
 };
 
@@ -70,7 +71,5 @@ std::string fuzzread(const std::string &path)
 {
     std::ifstream file(path, std::ios::binary);
     FUZZCHECK(file.good());
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
+    return {std::istreambuf_iterator<char>(file), {}};
 }
