@@ -160,13 +160,4 @@ TEST_CASE("the program's own catalogue")
     REQUIRE(!addtrans(RESOURCESFOLDER, "Messages.txt"));
     CHECK(expanded("{EREPDEC}") == "Repeated decimal point");      // the first entry
     CHECK(expanded("{COPY}") == "(c) 2026 The Quillmere authors"); // the last
-    for (const char *key :
-         {"ENOE",   "EME",   "ERD",  "EWR",  "ETEMP",  "ETEMPX", "ETEMPF", "ENOTF",
-          "ESCAN",  "ELCAN", "ECR",  "ENMW", "ENTS",   "EASW",   "EMDC",   "ENOTFOUND",
-          "EDAX",   "ENOD",  "EASP", "FS10", "EDCOLD", "EAMAT",  "EDCAPS", "ENOSAVE",
-          "AUTHOR", "ABOUT", "HOME", "WEB",  "EMAIL"}) {
-        CAPTURE(key);
-        CHECK(token(key) != key);
-        CHECK(expanded(token(key)) == token(key)); // none stands for another
-    }
 }

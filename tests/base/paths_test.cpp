@@ -159,6 +159,7 @@ TEST_CASE("registry values are written, read and deleted, and a key's entries li
     CHECK(stored(value) == "text \xE9");
     CHECK(stored("no backslash") == ""); // nothing was opened, and nothing is wrong
     CHECK(stored("NOROOT\\a\\b") == "none");
+    CHECK(regwrite("NOROOT\\a\\b", "x"));
 
     char name[64], data[64] = "";
     int32_t index = 0, size = 7;
