@@ -123,6 +123,10 @@ TEST_CASE("a file's record tells its kind, length and time, which can be set")
     CHECK(infoof(path).execaddress == now.execaddress);
     CHECK(!filesettime(none.c_str(), &now));
 
+    fs::permissions(place.folder + "/b", fs::perms::owner_read | fs::perms::group_read);
+    CHECK(isreadonly(infoof(b)));
+    fs::permissions(place.folder + "/b", fs::perms::owner_all);
+
     // Of two paths the second is picked first.
     auto picked = [&](const char *first, const char *second, int32_t type) {
         const char *chosen = "unset";

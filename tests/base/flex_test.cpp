@@ -181,25 +181,13 @@ TEST_CASE("whoever asked is told of each move, when the block is finished, and o
     flex_free(&b);
 }
 
-TEST_CASE("the heap's state, and growing blocks that go down, go to the trace")
+TEST_CASE("the heap's state goes to the trace")
 {
-    flexshake(true);
     headless.keeptrace = true;
     flexptr anchor;
     flex_alloc(&anchor, 10);
     flex_check("now");
     CHECK(headless.tracetext == "Alloc 10 valid -2\r\nCheck memory now valid -2\r\nheap OK\r\n");
-    flex_setreloc(&anchor, moved, reinterpret_cast<intptr_t>(&anchor));
-    std::string lines;
-    headless.tracetext.clear();
-    for (int i = 0; i < 40; i++) {
-        flexptr before = anchor;
-        flex_extend(&anchor, i % 2 ? 10 : 5000);
-        if (anchor < before) lines += "!!!!XXX realloc down\r\n";
-        flex_midextend(&anchor, 1, -1); // a closing gap never is
-    }
-    CHECK(!lines.empty());
-    CHECK(headless.tracetext == lines);
     flex_free(&anchor);
 }
 

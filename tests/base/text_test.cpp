@@ -214,6 +214,8 @@ TEST_CASE("UTF-8: every byte of the code page comes back, and what can't be held
           {"x\xF8\x88\x80\x80", "x" + bad},
           {"x\xF0\x80\x82\xAC", "x" + bad},
           {"\xF0\x9F\x98\x80", " Character U+1F600 is not in code page 1252."}});
+    CHECK(utf8to1252("a", 1, back, 1, &length));
+    CHECK(std::string(back).empty());
     CHECK(!cp1252toutf8("\x80z", 2, utf8, 5, &length));
     CHECK(code(cp1252toutf8("z\x80z", 3, utf8, 4, &length)) == ERRORMAXSTRING);
     CHECK(std::string(utf8) == "z");

@@ -226,14 +226,16 @@ class PictureTest(unittest.TestCase):
             if scale is None:
                 self.checkcrossword(made)
             right, bottom = made.grid.width * made.square + 1, made.grid.height * made.square + 1
-            header = made.files["placeable.wmf"].header
-            self.assertEqual([header[name] for name in
-                              ("left", "top", "right", "bottom", "inch", "checksum")],
-                             [0, 0, right, bottom, 120, 0])
+            self.assertEqual(made.files["placeable.wmf"].header, {
+                "key": 0x9AC6CDD7, "handle": 0, "left": 0, "top": 0, "right": right,
+                "bottom": bottom, "inch": 120, "reserved": 0, "checksum": 0})
             for file in made.files.values():
-                self.assertEqual(file.window["extent"], (right, bottom))
-            description = made.files["enhanced.emf"].header["description"]
-            self.assertEqual(description.split("\0")[0], "Calendar")
+                self.assertEqual(file.window, {"extent": (right, bottom), "origin": (0, 0)})
+            header = made.files["enhanced.emf"].header
+            self.assertEqual(header["description"].split("\0")[0], "Calendar")
+            frame = [length * mm * 100 // pixels for length, mm, pixels in
+                     zip((right, bottom), header["millimetres"], header["device"])]
+            self.assertEqual(header["frame"], (0, 0, *frame))
 
 
 if __name__ == "__main__":
