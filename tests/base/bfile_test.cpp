@@ -66,7 +66,8 @@ std::string steps(bfile *file, unsigned seed)
     size_t position = 0;
     std::mt19937 draw(seed);
     for (int i = 0; i < 300; i++) {
-        std::string data = pattern(draw() % 4 ? draw() % 40 : draw() % 1500);
+        size_t large = draw() % 2 ? draw() % 1500 : draw() % 6 * 256;
+        std::string data = pattern(draw() % 4 ? draw() % 40 : large);
         std::string ahead = position < bytes.size() ? bytes.substr(position, data.size()) : "";
         int32_t byte, told;
         switch (draw() % 5) {

@@ -81,6 +81,8 @@ TEST_CASE("a catalogue that can't be taken in leaves the store as it was")
     const char *folder = place.folder.c_str();
     std::string path = place.path("gone.txt");
     CHECK(token("A") == "A"); // no store at all
+    flexfailafter(0);
+    CHECK(code(add("A:b")) == ERRORMEMORY);
     headless.keeptrace = true;
     CHECK(words(addtrans(folder, "gone.txt")) == "Messages file not found.");
     CHECK(headless.tracetext == "addtrans file " + path + "\r\n");
@@ -134,6 +136,7 @@ TEST_CASE("expanding tokens")
     rows("expandtokens in 11 bytes", [](const auto &in) { return expanded(in, 11); },
          {{"{LONG}", "0123456789"}, {"x{LONG}{B}", "x{LONG}b"}, {"{GROW}{Z}", "x{GROW}z"}});
     CHECK(expanded("{LONG}", 10) == "{LONG}");
+    CHECK(expanded("{{x{LONG}", 13) == "{x0123456789");
     CHECK(expanded("{B}{LONG}", 12) == "b0123456789");
 }
 

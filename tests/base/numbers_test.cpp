@@ -124,6 +124,7 @@ TEST_CASE("escapes of bars and of backslashes")
     rows("gstrans of two bytes", decoded, {{"abc", "ab"}, {"|Mbc", "\rb"}});
 
     char out[100], back[100];
+    std::fill_n(out, 100, '!');
     strescape("a\"b\\c\n", out);
     CHECK(std::string(out) == "a\\\"b\\\\c\n");
     strunescape("\\f\\n\\r\\t\\v\\q\\0\\", back);
