@@ -1,8 +1,8 @@
 ; The installer. tools/package runs it:
-;   makensis -DVERSION=0.1.0 -DBITS=64 -DSOURCE=folder -DOUT=file.exe setup.nsi
+;   makensis -DVERSION=2.20.0 -DBITS=64 -DSOURCE=folder -DOUT=file.exe setup.nsi
 ; SOURCE is the program's folder, as it is to be.
 ;
-;   Quillmere-0.1.0-setup.exe /S /D=C:\Puzzles    installs without a word
+;   Quillmere-2.20.0-setup.exe /S /D=C:\Puzzles    installs without a word
 Unicode true
 !if ${BITS} == 64
     Target amd64-unicode
