@@ -9,7 +9,7 @@
 namespace
 {
 
-// Runs of codes, each a first code and the texts from there on.
+// Runs of groups of letters, each a first code and the texts from there on.
 constexpr const char *GROUPTEXTS =
     "31 ng ss ess on er ed le ion 40 te ble al es ce 46 nt us 58 tion an ate ic ty ent ies "
     "91 se able ne ation re nce 123 st ing ous ge de ly nd ity rd ck sm ry sh en ar ia in ter ul "
@@ -17,28 +17,27 @@ constexpr const char *GROUPTEXTS =
     "ght el and ries ication ant cy age at th ial ious id ke ire one ish ive logy ness ogical il "
     "own ties it ue";
 
-std::vector<std::string> maketexts()
-{
-    std::vector<std::string> texts(256);
-    for (const char *range : {"''", "--", "09", "AZ", "az", "\xC0\xFF"})
-        for (int ch = static_cast<uint8_t>(range[0]); ch <= static_cast<uint8_t>(range[1]); ch++)
-            texts[static_cast<size_t>(ch)] = std::string(1, static_cast<char>(ch));
-    std::istringstream groups(GROUPTEXTS);
-    std::string item;
-    size_t code = 0;
-    while (groups >> item) {
-        if (std::isdigit(static_cast<unsigned char>(item[0])))
-            code = std::stoul(item);
-        else
-            texts[code++] = item;
-    }
-    return texts;
-}
+struct modelcode {
+    char code;
+    std::string text;
+};
 
-const std::vector<std::string> &codetexts()
+// In the order in which they are tried: the groups, then the characters that
+// are codes themselves.
+std::vector<modelcode> makecodes()
 {
-    static const std::vector<std::string> texts = maketexts();
-    return texts;
+    std::vector<modelcode> codes;
+    std::istringstream groups(GROUPTEXTS);
+    int code = 0;
+    for (std::string item; groups >> item;)
+        if (item[0] <= '9')
+            code = std::stoi(item);
+        else
+            codes.push_back({static_cast<char>(code++), item});
+    for (int ch = 0; ch < 256; ch++)
+        if (ch == '\'' || ch == '-' || (ch < 128 && std::isalnum(ch)) || ch >= 192)
+            codes.push_back({static_cast<char>(ch), std::string(1, static_cast<char>(ch))});
+    return codes;
 }
 
 size_t shared(const std::string &a, const std::string &b)
@@ -54,20 +53,16 @@ size_t head(const blockmodel &model, size_t n)
     return n ? shared(model.words[n - 1]->text, model.words[n]->text) : 0;
 }
 
-constexpr size_t RANGES[][2] = {{31, 38}, {40, 44}, {46, 48}, {58, 64}, {91, 96},  {123, 191},
-                                {39, 39}, {45, 45}, {48, 57}, {65, 90}, {97, 122}, {192, 255}};
-
-// The first code in the order of the ranges that stands for all of rest; or,
-// whole being false, for a part of it at its front.
-size_t findcode(const std::string &rest, bool whole)
+// The first code that stands for all of rest; or else for a part of it at its front.
+const modelcode *findcode(const std::string &rest)
 {
-    for (const size_t(&range)[2] : RANGES)
-        for (size_t code = range[0]; code <= range[1]; code++) {
-            const std::string &text = codetexts()[code];
-            if (whole ? text == rest : text.size() < rest.size() && rest.starts_with(text))
-                return code;
-        }
-    return 0;
+    static const std::vector<modelcode> codes = makecodes();
+    const modelcode *front = nullptr;
+    for (const modelcode &code : codes) {
+        if (code.text == rest) return &code;
+        if (!front && rest.starts_with(code.text)) front = &code;
+    }
+    return front;
 }
 
 // The codes of a record's letters; one over 32 bytes stands for those that
@@ -78,11 +73,10 @@ const std::string &codesof(const std::string &letters)
     auto [place, fresh] = known.try_emplace(letters);
     std::string &codes = place->second, rest = letters;
     while (fresh && !rest.empty() && codes.size() < 31) {
-        size_t code = findcode(rest, true);
-        if (!code) code = findcode(rest, false);
-        codes += static_cast<char>(code ? code : 30);
-        if (!code) codes += rest[0];
-        rest.erase(0, code ? codetexts()[code].size() : 1);
+        const modelcode *found = findcode(rest);
+        codes += found ? found->code : 30;
+        if (!found) codes += rest[0];
+        rest.erase(0, found ? found->text.size() : 1);
     }
     if (fresh && !rest.empty()) codes.assign(33, 0);
     return codes;
@@ -176,20 +170,15 @@ void entriesremove(blockmodel *model, uint32_t n)
     }
 }
 
-// For words of apostrophe, hyphen, space, ASCII digits and letters, and the
-// accented e.
-std::string modelkey(const std::string &word)
+std::string modelkey(std::string word)
 {
-    static const std::string lower = "'- 0123456789abcde\xE9"
-                                     "fghijklmnopqrstuvwxyz";
-    static const std::string upper = "'- 0123456789ABCDE\xC9"
-                                     "FGHIJKLMNOPQRSTUVWXYZ";
-    std::string key;
-    for (char ch : word) {
-        size_t place = std::min(lower.find(ch), upper.find(ch));
-        key += static_cast<char>('A' + place);
-    }
-    return key;
+    static const std::string lowers = "'- 0123456789abcde\xE9"
+                                      "fghijklmnopqrstuvwxyz";
+    static const std::string uppers = "'- 0123456789ABCDE\xC9"
+                                      "FGHIJKLMNOPQRSTUVWXYZ";
+    for (char &ch : word)
+        ch = static_cast<char>('A' + std::min(lowers.find(ch), uppers.find(ch)));
+    return word;
 }
 
 const modelword *interned(const std::string &text)
@@ -200,7 +189,6 @@ const modelword *interned(const std::string &text)
     return &place->second;
 }
 
-// Its record in the store of the model.
 std::string record(const blockmodel &model, size_t n)
 {
     return modelrecord(n ? model.words[n - 1]->text : "", model.words[n]->text);

@@ -27,11 +27,12 @@ struct blockmodel {
 // The number of the word, or of the one that it would stand before.
 size_t blockplace(const blockmodel &model, const std::string &word, bool *there);
 
-// As dictadd and dictremove. Words must be ones that any store can hold.
+// As dictadd and dictremove. Words must be ones that any store can hold, of
+// apostrophe, hyphen, space, ASCII digits and letters, and the accented e.
 void blockadd(blockmodel *model, const std::string &word);
 bool blockremove(blockmodel *model, const std::string &word);
 
-// A record, empty when it doesn't fit.
+// A record, of any characters; empty when it doesn't fit.
 std::string modelrecord(const std::string &before, const std::string &word);
 
 std::string modelwords(const blockmodel &model);

@@ -1,13 +1,19 @@
+// Dictionary files, what a load refuses, and stores that pass and are wrong all
+// the same.
+
 #include "dict/dictfile.h"
 
 #include "base/errorcodes.h"
 #include "base/errors.h"
 #include "base/platformfault.h"
-#include "tests/dict/exercise.h"
+#include "dict/dictverify.h"
+#include "dict/storecheck.h"
 #include "tests/dict/teststore.h"
 #include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
+
+using namespace std::string_literals;
 
 namespace
 {
@@ -22,17 +28,11 @@ errorblock *save(const char *name, const Dictionary &dict)
     return dictsave(scratchfolder().c_str(), name, &dict);
 }
 
-std::string filebytes(const char *name)
-{
-    return fileget(scratch(name) + ".dic");
-}
-
 // The bytes of a file that a save writes.
-std::string savedbytes(const wordlist &words)
+std::string saved(const Dictionary &dict)
 {
-    teststore s(words);
-    REQUIRE_FALSE(save("saved", s.dict));
-    return filebytes("saved");
+    REQUIRE_FALSE(save("saved", dict));
+    return fileget(scratch("saved.dic"));
 }
 
 std::string number(size_t n)
@@ -61,53 +61,74 @@ std::string madefile(size_t nwords, const std::string &words, size_t noindex,
            std::string(160, 0) + number(nwords) + number(noindex) + framed(words) + framed(index);
 }
 
-bool nowords(const Dictionary &dict)
+// Of nation, national and nations.
+std::string workedfile()
 {
-    return dictcount(&dict) == 0 && dict.noindex == 0;
+    return madefile(3, std::string("\0n\x5E\6*\6s\0\0", 9), 1,
+                    number(0) + number(0) + "nation\0\0"s);
 }
 
 // The code of the error that loading some bytes gives, or 0. After an error
-// both counts are 0, and nothing is left behind.
+// both counts are 0.
+uint32_t loadcode(const std::string &bytes, Dictionary *dict)
+{
+    fileput(scratch("bytes.dic"), bytes);
+    errorblock *err = load("bytes", dict);
+    if (err) CHECK((dictcount(dict) == 0 && dict->noindex == 0));
+    return err ? err->code : 0;
+}
+
 uint32_t loadcode(const std::string &bytes)
 {
     Dictionary dict = {};
-    fileput(scratch("bytes.dic"), bytes);
-    errorblock *err = load("bytes", &dict);
-    uint32_t code = err ? err->code : 0;
-    if (err) CHECK(nowords(dict));
+    uint32_t code = loadcode(bytes, &dict);
     dictfree(&dict);
     return code;
 }
 
-std::string workedfile()
+// Everything that may be done to a store, done to one that may hold anything:
+// nothing is expected of the words but that they end, and of each edit that the
+// store would still load.
+void exercise(Dictionary *dict)
 {
-    return madefile(3, std::string("\0n\x5E\6*\6s\0\0", 9), 1,
-                    number(0) + number(0) + padded("nation", 8));
+    std::string words[] = {"!",
+                           "nation",
+                           "\xE9t\xE9",
+                           "zebra",
+                           dictword(0, dict),
+                           dictword(dictcount(dict) / 2, dict),
+                           dictword(dictcount(dict) - 1, dict)};
+    REQUIRE(storewords(*dict).size() <= dictcount(dict));
+    storefault(*dict);
+    for (int pass = 0; pass < 2; pass++)
+        for (const std::string &word : words) {
+            char text[WORDSIZE];
+            for (uint32_t options : {0u, FINDHYPHENS, fastfind, fastfind | FINDHYPHENS}) {
+                dictcursor cursor;
+                uint32_t flags = options;
+                if (dictfind(word.c_str(), dict, &cursor, &flags) && (options & fastfind))
+                    dictfound(text);
+            }
+            if (pass)
+                dictremove(word.c_str(), dict);
+            else
+                REQUIRE_FALSE(dictadd(word.c_str(), dict));
+            REQUIRE_FALSE(storecheck(dict));
+        }
 }
 
 } // namespace
 
-TEST_CASE("files are what the format says, byte for byte")
+TEST_CASE("files are what the format says, byte for byte, and come back")
 {
-    CHECK(savedbytes({}) == madefile(0, "", 0, ""));
-    CHECK(savedbytes({"nation", "national", "nations"}) == workedfile());
-}
-
-TEST_CASE("a dictionary comes back as it was saved")
-{
-    teststore s(somewords(3000, 3)), nothing;
+    teststore nothing, worked({"nation", "national", "nations"}), s(somewords(3000, 3));
+    CHECK(saved(nothing.dict) == madefile(0, "", 0, ""));
+    CHECK(saved(worked.dict) == workedfile());
     Dictionary again = {};
-    REQUIRE_FALSE(save("saved", s.dict));
-    for (int n = 0; n < 2; n++) { // the second time over the first
-        REQUIRE_FALSE(load("saved", &again));
-        CHECK(again.nwords == s.dict.nwords);
-        CHECK(blockbytes(again.words) == blockbytes(s.dict.words));
-        CHECK(blockbytes(again.index) == blockbytes(s.dict.index));
+    for (const Dictionary *dict : {&s.dict, &s.dict, &nothing.dict}) { // one over the other
+        CHECK(loadcode(saved(*dict), &again) == 0);
+        CHECK((again.nwords == dict->nwords && saved(again) == saved(*dict)));
     }
-    REQUIRE_FALSE(save("empty", nothing.dict));
-    REQUIRE_FALSE(load("empty", &again));
-    CHECK(dictcount(&again) == 0);
-    CHECK(blockbytes(again.words).empty());
     addwords(&again, {"first"});
     CHECK(storefault(again) == "");
     dictfree(&again);
@@ -115,131 +136,133 @@ TEST_CASE("a dictionary comes back as it was saved")
 
 TEST_CASE("the header: an old version and unknown features are refused, the rest is not looked at")
 {
-    std::string good = workedfile();
-    CHECK(loadcode(good) == 0);
-    auto with = [&good](size_t at, const std::string &bytes) {
-        return std::string(good).replace(at, bytes.size(), bytes);
+    const struct {
+        size_t at;
+        std::string bytes;
+        uint32_t code;
+    } rows[] = {
+        {24, "0.99", EDCOLD},
+        {24, std::string(8, 0), EDCOLD},
+        {24, "1.10", 0},
+        {24, "1.00beta", 0},
+        {24, "\xFF", 0},
+        {96, "\x80", EDCAPS},
+        {99, "\1", EDCAPS},
+        {24, "0.99" + std::string(68, 0) + "\1", EDCAPS},
+        {0, "Somebody else's words..", 0},
+        {32, std::string(64, 'x'), 0},
+        {100, std::string(156, 'x'), 0},
+        {264, "xxxx", 0}, // of a frame only the size counts
+        {272, std::string(12, 'x'), 0},
+        {309, "xxxx", 0},
+        {268, number(0), ERRORREAD}, // sizes beyond the file, before memory is asked for
+        {268, number(19), ERRORREAD},
+        {268, number(60), ERRORREAD},
+        {297, number(0x7FFFFFFF), ERRORREAD},
+        {297, number(0x80000013), ERRORREAD},
+        {297, number(0x80000014), ERRORREAD},
     };
-    CHECK(loadcode(with(24, "0.99")) == EDCOLD);
-    CHECK(loadcode(with(24, std::string(8, 0))) == EDCOLD);
-    CHECK(loadcode(with(24, "1.10")) == 0);
-    CHECK(loadcode(with(24, "1.00beta")) == 0);
-    CHECK(loadcode(with(24, "\xFF")) == 0);
-    for (size_t at = 96; at < 100; at++)
-        CHECK(loadcode(with(at, "\x80")) == EDCAPS);
-    CHECK(loadcode(std::string(with(24, "0.99")).replace(96, 1, "\1")) == EDCAPS);
-    CHECK(loadcode(with(0, "Somebody else's words..")) == 0);
-    CHECK(loadcode(with(32, std::string(64, 'x'))) == 0);
-    CHECK(loadcode(with(100, std::string(156, 'x'))) == 0);
-    for (size_t at : {264, 272, 276, 280, 293, 301, 305, 309})
-        CHECK(loadcode(with(at, "\x55")) == 0);
-    CHECK(loadcode(good + "more") == 0);
-}
-
-TEST_CASE("a file cut short anywhere is a read error")
-{
-    std::string good = savedbytes(somewords(150, 9));
-    for (size_t size = 0; size < good.size(); size++)
-        REQUIRE(loadcode(good.substr(0, size)) == ERRORREAD);
-}
-
-TEST_CASE("sizes beyond the file are a read error, before memory is asked for")
-{
     std::string good = workedfile();
-    for (size_t at : {268u, 297u})
-        for (uint32_t size : {0u, 19u, 60u, 0x7FFFFFFFu, 0x80000013u, 0x80000014u, 0xFFFFFFFFu})
-            CHECK(loadcode(std::string(good).replace(at, 4, number(size))) == ERRORREAD);
+    CHECK((loadcode(good) == 0 && loadcode(good + "more") == 0));
+    for (const auto &[at, bytes, code] : rows)
+        CHECK_MESSAGE(loadcode(std::string(good).replace(at, bytes.size(), bytes)) == code, at);
 }
 
-TEST_CASE("a file with any byte altered is refused, or does no harm")
+TEST_CASE("a file that is cut short or altered anywhere is refused, or does no harm")
 {
+    teststore s(somewords(200, 10));
+    std::string good = saved(s.dict);
     Dictionary dict = {};
     std::mt19937 random(17);
-    std::string good = savedbytes(somewords(200, 10));
     int refused = 0;
-    for (size_t at = 256; at < good.size(); at++) {
+    for (size_t at = 0; at < good.size(); at++) {
+        REQUIRE(loadcode(good.substr(0, at)) == ERRORREAD);
+        if (at < 256) continue;
         std::string bytes = good;
         bytes[at] = static_cast<char>(random() % 2 ? random() % 31 : random() % 256);
-        fileput(scratch("altered.dic"), bytes);
-        errorblock *err = load("altered", &dict);
-        if (err) {
-            REQUIRE((err->code == ECR || err->code == ERRORREAD));
-            REQUIRE(nowords(dict));
-            refused++;
-        }
-        exercisereaders(dict);
-        exerciseedits(&dict, &random, 10);
+        uint32_t code = loadcode(bytes, &dict);
+        REQUIRE((code == 0 || code == ECR || code == ERRORREAD));
+        refused += code != 0;
+        exercise(&dict);
     }
-    CHECK(refused > 10); // most of those in the index are mended
-    CHECK(loadcode(good.replace(264 + 8 + 12, 1, "\x08")) == ECR);
+    CHECK(refused > 20);
     dictfree(&dict);
 }
 
-TEST_CASE("what can't be opened leaves the dictionary as it was")
+TEST_CASE("dictverify tells what is wrong")
 {
-    teststore s({"word"});
-    const std::string toolong(300, 'n');
-    CHECK(load("nosuchfile", &s.dict) != nullptr);
-    errorblock *err = load(toolong.c_str(), &s.dict);
-    REQUIRE(err);
-    CHECK(err->code == ERRORMAXSTRING);
-    CHECK(dictcount(&s.dict) == 1);
-    CHECK(dictsave(scratch("nosuchfolder").c_str(), "x", &s.dict) != nullptr);
-    CHECK(save(toolong.c_str(), s.dict) != nullptr);
+    const struct {
+        std::string records;
+        const char *letters; // of the entry
+        uint32_t nwords;
+        const char *fault;
+    } rows[] = {
+        {"\0a\1b"s, "a", 2, ""},
+        {"\0a\1b"s, "a", 3, "2 words, the count says 3"},
+        {"\0a\1b"s, "a", 1, "2 words, the count says 1"},
+        {"\0b\0a"s, "b", 2, "word 1 (a) at 2: not above the one before (b)"},
+        {"\0a\0A"s, "a", 2, "word 1 (A) at 2: not above the one before (a)"},
+        {"\0ab\0ac"s, "ab", 2, "word 1 (ac) at 3: prefix count 0, shares 1"},
+        {"\0a\2c"s, "a", 2, "word 1 (a) at 2: prefix count 2, shares 1"},
+        {"\0a\1\1b"s, "a", 3, "word 1: no record at 2"},
+        {"\1a"s, "", 1, "word 0 () at 0: prefix count 1, shares 0"},
+        {'\0' + std::string(32, 'x'), "xxxxxxxx", 1, "word 0 at 0: too long"},
+    };
+    for (const auto &[records, letters, nwords, fault] : rows) {
+        std::string index = number(0) + number(0) + padded(letters, 8);
+        Dictionary dict = {};
+        CHECK(loadcode(madefile(nwords, records + "\0\0"s, 1, index), &dict) == 0);
+        CHECK(storefault(dict) == fault);
+        dictfree(&dict);
+    }
+    teststore s(somewords(600, 4));
+    CHECK((dictcheck(&s.dict) == static_cast<int32_t>(s.dict.noindex) && s.dict.noindex > 2));
+    for (size_t at = 0; at < s.dict.noindex * sizeof(dictindex); at++) { // no byte is free
+        uint8_t *byte = static_cast<uint8_t *>(s.dict.index) + at;
+        *byte ^= 4;
+        CHECK((storecheck(&s.dict) || storefault(s.dict) != ""));
+        *byte ^= 4;
+    }
 }
 
-TEST_CASE("a load without memory leaves no words, at every allocation")
+TEST_CASE("a load that lacks memory or meets read errors leaves no words, wherever it does")
 {
     Dictionary dict = {};
-    fileput(scratch("sweep.dic"), workedfile());
-    for (int32_t n = 0;; n++) {
+    uint32_t code = ERRORMEMORY;
+    for (int32_t n = 0; code == ERRORMEMORY; n++) {
         flexfailafter(n);
-        errorblock *err = load("sweep", &dict);
+        code = loadcode(workedfile(), &dict);
         flexfailafter(-1);
-        if (!err) break;
-        CHECK(err->code == ERRORMEMORY);
-        CHECK(nowords(dict));
-        CHECK(n < 20);
-        exercisereaders(dict);
+        exercise(&dict);
     }
-    CHECK(dictcount(&dict) == 3);
-    dictfree(&dict);
-}
-
-TEST_CASE("a load that meets read errors leaves no words")
-{
-    teststore s(somewords(12000, 14)); // more than a buffer
-    REQUIRE_FALSE(save("reads", s.dict));
-    for (int32_t n = 0;; n++) {
-        platformfault.reads = n;
-        errorblock *err = load("reads", &s.dict);
+    CHECK(code == 0);
+    teststore s(somewords(25000, 14)); // some buffers
+    REQUIRE_FALSE(save("large", s.dict));
+    errorblock *err = nullptr;
+    int32_t n = 0;
+    do {
+        platformfault.reads = n++;
+        err = load("large", &dict);
         platformfault = {};
-        if (!err) break;
-        CHECK(nowords(s.dict));
-        CHECK(n < 50);
-    }
+        CHECK(dictcount(&dict) == (err ? 0 : dictcount(&s.dict)));
+    } while (err);
+    CHECK(n > 2);
     platformfault.readlimit = 1000;
-    CHECK_FALSE(load("reads", &s.dict));
+    CHECK_FALSE(load("large", &dict));
     platformfault = {};
-    CHECK(storefault(s.dict) == "");
-}
+    CHECK(storefault(dict) == "");
+    dictfree(&dict);
 
-TEST_CASE("a save that fails is told, and keeps the file of before")
-{
-    teststore s({"old"});
-    REQUIRE_FALSE(save("kept", s.dict));
-    std::string old = filebytes("kept");
-    addwords(&s.dict, somewords(14000, 15));
-    auto fails = [&s, &old] {
-        errorblock *err = save("kept", s.dict);
-        platformfault = {};
-        if (err) CHECK(filebytes("kept") == old);
-        return err != nullptr;
-    };
+    std::string old = saved(teststore({"old"}).dict); // stays when a save fails
     for (int32_t space : {0, 1, 255, 300, 40000}) {
         platformfault.space = space;
-        CHECK(fails());
+        CHECK(save("saved", s.dict) != nullptr);
+        platformfault = {};
+        CHECK(fileget(scratch("saved.dic")) == old);
     }
-    CHECK_FALSE(fails());
-    CHECK(filebytes("kept") != old);
+    const std::string toolong(300, 'n');
+    CHECK((save(toolong.c_str(), s.dict) && load(toolong.c_str(), &s.dict)));
+    CHECK(dictsave(scratch("nosuchfolder").c_str(), "x", &s.dict) != nullptr);
+    CHECK((load("nosuchfile", &s.dict) && storefault(s.dict) == "")); // as it was
+    CHECK(saved(s.dict) == fileget(scratch("large.dic")));
 }

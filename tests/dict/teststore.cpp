@@ -5,10 +5,8 @@
 
 #include <doctest/doctest.h>
 
-#include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <random>
 
 void addwords(Dictionary *dict, const wordlist &words)
 {
@@ -49,32 +47,15 @@ std::string blockbytes(const flexptr &anchor)
     return std::string(static_cast<const char *>(anchor), static_cast<size_t>(size));
 }
 
-static wordlist syllablewords()
+wordlist somewords(size_t count, uint32_t seed)
 {
-    MESSAGE("no data folder: words made of syllables stand in for a real list");
-    const char *syllables[] = {"ba",  "ter", "ing", "co", "re",  "sta", "le",  "nt", "o",
-                               "ski", "Mac", "e",   "un", "ous", "th",  "ati", "on", "s"};
-    wordlist words;
-    for (const char *a : syllables)
-        for (const char *b : syllables)
-            for (const char *c : syllables)
-                for (const char *d : syllables)
-                    words.push_back(std::string(a) + b + c + d);
-    return words;
-}
-
-wordlist somewords(size_t most, uint32_t seed)
-{
-    wordlist words;
-    std::ifstream file(datafile("Puzzle-UK.txt"));
-    for (std::string line; std::getline(file, line);) {
-        while (!line.empty() && (line.back() == '\r' || line.back() == '\n'))
-            line.pop_back();
-        if (!line.empty() && line.size() < 31) words.push_back(line);
-    }
-    if (words.empty()) words = syllablewords();
-    std::shuffle(words.begin(), words.end(), std::mt19937(seed));
-    if (words.size() > most) words.resize(most);
+    static const char *const pieces[] = {"ba", "ter", "ing", "co",  "re", "sta", "le",  "nt", "o",
+                                         "si", "Mac", "e",   "ous", "th", "ati", "'on", "-",  "s"};
+    std::mt19937 random(seed);
+    wordlist words(count);
+    for (std::string &word : words)
+        for (uint32_t more = 2 + random() % 4; more; more--)
+            word += pieces[random() % std::size(pieces)];
     return words;
 }
 

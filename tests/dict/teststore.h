@@ -4,6 +4,7 @@
 
 #include "dict/dictionary.h"
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -27,9 +28,9 @@ std::string storefault(const Dictionary &dict);
 
 std::string blockbytes(const flexptr &anchor);
 
-// A list of real words, shuffled by seed; of syllables, and said so, when
-// there is no data folder.
-wordlist somewords(size_t most, uint32_t seed);
+// Words made of common pieces, of up to 15 letters, in no order; some are there
+// twice.
+wordlist somewords(size_t count, uint32_t seed);
 
 // A file of the scratch folder.
 std::string scratch(const std::string &leaf);

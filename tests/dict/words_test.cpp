@@ -1,0 +1,166 @@
+// Single words: their order, their codes, and how they come out of texts.
+
+#include "base/chars.h"
+#include "base/platformfault.h"
+#include "dict/collation.h"
+#include "dict/dictset.h"
+#include "dict/wordfeed.h"
+#include "dict/wordimport.h"
+#include "tests/dict/blockmodel.h"
+#include "tests/dict/teststore.h"
+
+#include <doctest/doctest.h>
+
+#include <filesystem>
+
+namespace
+{
+
+wordlist fed(const std::string &text)
+{
+    wordlist words;
+    wordfeed feed = {};
+    for (size_t at = 0; at <= text.size(); at++)
+        if (wordfeedbyte(&feed, at < text.size() ? static_cast<uint8_t>(text[at]) : FEEDEND))
+            words.push_back(feed.word);
+    return words;
+}
+
+} // namespace
+
+TEST_CASE("keys put punctuation before digits before letters, and letters by their base")
+{
+    const std::string order = std::string("\0\x1F\x7F'-", 5) +
+                              "\xAD\x97 \xA0\t!&(*,./:@[`{~+<=>\xA2"
+                              "0\xBC"
+                              "1\xB9"
+                              "2\xB2"
+                              "39aA\xE1\xC1\xE0\xC0\xC6"
+                              "bBcC\xE7\xC7"
+                              "d\xF0"
+                              "eE\xE9\xC9\xEB\xCB"
+                              "f\x83"
+                              "iI\xEE"
+                              "lnN\xF1\xD1oO\xBA\xF3\xD8\x9C\x8C"
+                              "pqrsS\x9A\x8A\xDF"
+                              "tT\xFE\xDE\x99uU\xFC\xDCvwxyY\xFD\xDD\xFF\x9FzZ";
+    auto key = [](char ch) { return collation.sort[static_cast<uint8_t>(ch)]; };
+    for (size_t i = 1; i < order.size(); i++)
+        CHECK_MESSAGE(key(order[i - 1]) < key(order[i]), "at ", i);
+    CHECK((key(0) == 0 && key('Z') == 255));
+    for (int ch = 0; ch < 256; ch++) { // the capital stands right behind its letter
+        uint8_t upper = charupper(static_cast<uint8_t>(ch));
+        CHECK(collation.fold[ch] == collation.sort[upper]);
+        CHECK(collation.fold[ch] - collation.sort[ch] == (upper != ch));
+    }
+}
+
+TEST_CASE("words are in order by their first letter that differs by more than case")
+{
+    const uint32_t both = FINDHYPHENS | fastfind;
+    const std::string longest(31, 'x'), a = longest + "a", b = longest + "b";
+    const struct {
+        const char *a, *b;
+        int32_t limit;
+        uint32_t options;
+        int order;
+        uint32_t flags;
+    } rows[] = {
+        {"nation", "nation", 31, 0, 0, 0},
+        {"nation", "national", 31, 0, -1, 0},
+        {"Zebra", "ant", 31, 0, 1, 0},
+        {"can't", "cant", 31, 0, -1, 0},
+        {"co-op", "co op", 31, 0, -1, 0},
+        {"resum\xE9", "resume", 31, 0, 1, 0},
+        {"resum\xE9", "resumf", 31, 0, -1, 0},
+        {"", "", 31, 0, 0, 0},
+        {"nation", "Nation", 31, 0, 0, CASEBELOW},
+        {"nAtion", "naTION", 31, 0, 0, CASEABOVE}, // the first difference tells
+        {"Nation", "nations", 31, 0, -1, 0},
+        {"national", "nationhood", 6, 0, 0, 0},
+        {"national", "nationhood", 7, 0, -1, 0},
+        {a.c_str(), b.c_str(), 31, 0, 0, 0},
+        {"-a-", "a", 31, FINDHYPHENS, 0, FINDHYPHENS},
+        {"ice cream", "Icecream", 31, fastfind, 0, fastfind | CASEBELOW},
+        {"ice cream", "icecream", 31, FINDHYPHENS, -1, FINDHYPHENS},
+        {"ice-cream", "icecream", 31, fastfind, -1, fastfind},
+        {"ice-cream", "icecream", 31, both, 0, both},
+        {"ice cream", "icecream", 31, both, -1, both},
+        {"i-c-e", "ice", 3, FINDHYPHENS, 0, FINDHYPHENS}, // passed over, it uses up nothing
+        {"a", "a", 31, 0xFFC0FFFF, 0, 0xC00000},
+    };
+    for (auto [first, second, limit, options, order, after] : rows) {
+        uint32_t flags = options;
+        int told = wordcompare(first, second, limit, &flags);
+        CHECK_MESSAGE((told > 0) - (told < 0) == order, first);
+        CHECK(flags == after);
+    }
+}
+
+// Of any characters, mostly those of groups. What is coded reads back in walks.
+TEST_CASE("every word is coded as the model says")
+{
+    std::string before;
+    std::mt19937 random(9);
+    for (int n = 0; n < 4000; n++) {
+        std::string word;
+        for (size_t more = 1 + random() % 31; more; more--)
+            word += random() % 8 ? "abcehilnostuy"[random() % 13]
+                                 : static_cast<char>(1 + random() % 255);
+        uint8_t record[RECORDSIZE];
+        auto length = static_cast<size_t>(wordcode(before.c_str(), word.c_str(), record));
+        REQUIRE(std::string(record, record + length) == modelrecord(before, word));
+        before = word;
+    }
+}
+
+TEST_CASE("words are cut out of any text")
+{
+    const std::string longest(31, 'x'), toolong(32, 'y');
+    const struct {
+        std::string text;
+        wordlist words;
+    } rows[] = {
+        {" \t\r\n\n \r", {}},
+        {"one\ntwo\r\nthree\tfour", {"one", "two", "three", "four"}},
+        {"New York\nDon't\nco-op\n", {"Newyork", "Dont", "coop"}},
+        {"USA\nmcDONALD", {"Usa", "mcdonald"}},
+        {"7\n8up\n-x\n\xC9t\xE9\n\xE9", {"7", "8up", "-x", "\xC9t", "\xE9"}}, // the first stands
+        {std::string("a\0b", 3), {"a", "b"}},
+        {longest + "\n" + longest + "---''99\nz", {longest, longest, "z"}},
+        {toolong + "\nnext", {"next"}}, // lost
+        {toolong + "abc\n" + toolong + " tail", {"abc", "tail"}},
+    };
+    for (const auto &[text, words] : rows)
+        CHECK(fed(text) == words);
+}
+
+TEST_CASE("words come in from texts, up to a failure, and go out as they are stored")
+{
+    dictrec *record = &dicts[0];
+    ndicts = 1;
+    REQUIRE_FALSE(dictempty(&record->dict));
+    std::string in = scratch("in.txt"), out = scratch("out.txt");
+    CHECK(wordexport(out.c_str(), &record->dict) == nullptr);
+    CHECK_FALSE(std::filesystem::exists(out)); // no words, no file
+    CHECK(wordimport(out.c_str(), 0) != nullptr);
+    for (const std::string &text :
+         {std::string("\n\n"), std::string(32, 'x'), std::string("a\n")}) {
+        fileput(in, text);
+        CHECK(wordimport(in.c_str(), 0) == nullptr);
+        CHECK((record->changed != 0) == (text == "a\n"));
+    }
+    addwords(&record->dict, {"Zo\xEB", "co-op", "ice cream", "can't"});
+    CHECK(wordexport(out.c_str(), &record->dict) == nullptr);
+    CHECK(fileget(out) == "a\r\ncan't\r\nco-op\r\nice cream\r\nZo\xEB\r\n");
+    CHECK(wordexport(scratch("no/out.txt").c_str(), &record->dict) != nullptr);
+
+    std::string some, first = "b";
+    while (some.size() < 100000) // some buffers, of which the second can't be read
+        some += "word\nWORD\n";
+    fileput(in, first + "\n" + some + "lost");
+    record->changed = 0;
+    platformfault.reads = 1;
+    CHECK(wordimport(in.c_str(), 0) != nullptr);
+    CHECK((record->changed && dictcount(&record->dict) == 7));
+}
