@@ -1,25 +1,30 @@
 #include "tests/find/testdicts.h"
 
-#include "base/text.h"
 #include "dict/dictset.h"
-#include "tests/support/runner.h"
-#include "tools/headless.h"
-
-#include <doctest/doctest.h>
+#include "tests/grid/gridlooks.h"
 
 #include <algorithm>
-#include <fstream>
 
-void testdict(const char *name, const std::vector<std::string> &words)
+std::vector<plaindict> plaindicts;
+
+void testdict(const wordlist &words)
 {
     dictrec *record = &dicts[ndicts];
+    plaindict plain = {.number = ndicts, .words = {}, .lowers = {}, .closed = {}};
     *record = {};
-    strcopyn(record->name, name, sizeof record->name);
-    REQUIRE(dictempty(&record->dict) == nullptr);
+    REQUIRE_FALSE(dictempty(&record->dict));
     for (const std::string &word : words)
-        REQUIRE(dictadd(word.c_str(), &record->dict) == nullptr);
+        REQUIRE_FALSE(dictadd(word.c_str(), &record->dict));
     record->loaded = 1;
-    REQUIRE(dictsetadd(ndicts++) == nullptr);
+    REQUIRE_FALSE(dictsetadd(ndicts++));
+    dictcursor cursor;
+    int more = dictseek(0, &record->dict, &cursor);
+    for (; more; more = dictnext(&record->dict, &cursor)) {
+        plain.words.push_back(cursor.word);
+        plain.lowers.push_back(lower(plain.words.back()));
+        plain.closed.push_back(closedup(plain.words.back()));
+    }
+    plaindicts.push_back(plain);
 }
 
 void testdictsfree()
@@ -28,13 +33,27 @@ void testdictsfree()
     for (uint32_t i = 0; i < ndicts; i++)
         dictunload(i);
     ndicts = 0;
+    plaindicts.clear();
 }
 
-std::vector<std::string> testdictwords(uint32_t number)
+uint32_t below(std::mt19937 &random, size_t n)
 {
-    std::vector<std::string> words;
-    for (uint32_t i = 0; i < dictcount(&dicts[number].dict); i++)
-        words.push_back(dictword(i, &dicts[number].dict));
+    return static_cast<uint32_t>(random() % n);
+}
+
+const std::string &oneof(std::mt19937 &random, const wordlist &list)
+{
+    return list[below(random, list.size())];
+}
+
+wordlist madewords(std::mt19937 &random, size_t count)
+{
+    static const wordlist pieces = {"ba", "ter", "ing", "co", "re",  "sta", "le", "nt", "o",
+                                    "si", "mac", "e",   "un", "ous", "th",  "at", "on", "s"};
+    wordlist words(count);
+    for (std::string &word : words)
+        for (uint32_t more = 1 + below(random, 5); more || word.size() < 2; more -= more > 0)
+            word += oneof(random, pieces);
     return words;
 }
 
@@ -52,36 +71,22 @@ std::string lower(std::string text)
 
 std::string closedup(std::string text)
 {
-    text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
+    std::erase(text, ' ');
     return text;
+}
+
+void gridmarked(const std::string &picture)
+{
+    gridset(picture);
+    for (int32_t x = 0; x < grid.width; x++)
+        for (int32_t y = 0; y < grid.height; y++)
+            if ((grid.flags[x][y] & CELLKIND) == CELLOPEN) grid.flags[x][y] |= CELLMARKED;
+    markrescan();
 }
 
 void searchrun(const errorblock *started)
 {
-    CHECK(started == nullptr);
-    CHECK(headlessrun() == nullptr);
-}
-
-static std::vector<std::string> syllablewords()
-{
-    MESSAGE("no data folder: words made of syllables stand in for a real list");
-    const char *syllables[] = {"ba", "ter", "ing", "co", "re", "sta", "le", "nt", "o", "ski"};
-    std::vector<std::string> words;
-    for (const char *a : syllables)
-        for (const char *b : syllables)
-            for (const char *c : syllables)
-                words.push_back(std::string(a) + b + c);
-    return words;
-}
-
-std::vector<std::string> realwords(size_t step)
-{
-    std::ifstream file(datafile("Puzzle-UK.txt"));
-    if (!file) return syllablewords();
-    std::vector<std::string> words;
-    std::string line;
-    if (shaken()) step *= 10;
-    for (size_t n = 0; std::getline(file, line); n++)
-        if (n % step == 0) words.push_back(line);
-    return words;
+    CHECK_FALSE(started);
+    CHECK_FALSE(headlessrun());
+    CHECK((headless.begins == headless.ends && headless.busy == 0));
 }
