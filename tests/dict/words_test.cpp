@@ -150,17 +150,28 @@ TEST_CASE("words come in from texts, up to a failure, and go out as they are sto
         CHECK(wordimport(in.c_str(), 0) == nullptr);
         CHECK((record->changed != 0) == (text == "a\n"));
     }
+    fileput(in, "\xC3\xA9tude\n\xD0\x96xy\n"); // UTF-8; of the code page, and not
+    CHECK(wordimport(in.c_str(), 0) == nullptr);
+    CHECK(storewords(record->dict) == wordlist{"a", "\xE9tude", "xy"});
+    fileput(in, "\xEF\xBB\xBF"
+                "a\nb\n\xC3"); // marked, and broken at the end
+    CHECK(wordimport(in.c_str(), 0) == nullptr);
+    CHECK(storewords(record->dict) == wordlist{"a", "b", "\xE9tude", "xy"});
+    fileput(in, "\xC3\xA9\nb\xE9\n"); // no UTF-8: its first character is a letter
+    CHECK(wordimport(in.c_str(), 0) == nullptr);
+    for (const char *word : {"\xC3", "b", "\xE9tude", "xy"})
+        CHECK(dictremove(word, &record->dict) == 1);
     addwords(&record->dict, {"Zo\xEB", "co-op", "ice cream", "can't"});
     CHECK(wordexport(out.c_str(), &record->dict) == nullptr);
     CHECK(fileget(out) == "a\r\ncan't\r\nco-op\r\nice cream\r\nZo\xEB\r\n");
     CHECK(wordexport(scratch("no/out.txt").c_str(), &record->dict) != nullptr);
 
     std::string some, first = "b";
-    while (some.size() < 100000) // some buffers, of which the second can't be read
+    while (some.size() < 100000) // read once to see what it is, and then it fails
         some += "word\nWORD\n";
     fileput(in, first + "\n" + some + "lost");
     record->changed = 0;
-    platformfault.reads = 1;
+    platformfault.reads = 6;
     CHECK(wordimport(in.c_str(), 0) != nullptr);
     CHECK((record->changed && dictcount(&record->dict) == 7));
 }

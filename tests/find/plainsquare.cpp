@@ -68,6 +68,20 @@ plainsquare empty()
     return square;
 }
 
+// Whether an empty grid takes the word in any allowed direction.
+bool takes(const std::string &word)
+{
+    uint32_t directions = grid.filldirections & 255 ? grid.filldirections : 15;
+    auto fits = [&](int32_t cells, int step) {
+        return !step || static_cast<int32_t>(word.size()) <= cells;
+    };
+    for (int d = 0; d < 8; d++)
+        if ((directions >> d & 1) && fits(grid.width, STEPS[d][0]) &&
+            fits(grid.height, STEPS[d][1]))
+            return true;
+    return false;
+}
+
 void fill(plainsquare *square)
 {
     for (size_t x = 0, row = static_cast<size_t>(grid.width) + 1; x + 1 < row; x++)
@@ -97,7 +111,7 @@ std::vector<plainword> plainfind()
 plainsquare plainmake(const wordlist &words)
 {
     plainsquare square = empty();
-    if (!place(&square, words, 0))
+    if (!std::all_of(words.begin(), words.end(), takes) || !place(&square, words, 0))
         for (const std::string &word : words)
             square.placed.push_back({word, -1, -1, -1, -1});
     fill(&square);
