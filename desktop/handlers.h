@@ -3,6 +3,9 @@
 // Each call has its twin, which takes the same arguments and removes what the
 // first one added. What a handler is given and when is in events.h.
 //
+// A window says all that it hears in one table (handlertable.h); these calls are
+// for events that are of no window, and for programs on the library alone.
+//
 // Elsewhere: timed calls (timed.h), filters (filters.h), subclassed controls
 // (subclass.h).
 //

@@ -1,0 +1,178 @@
+#include "desktop/handlertable.h"
+
+#include "base/errors.h"
+#include "base/flex.h"
+#include "desktop/dispatch.h"
+#include "desktop/keys.h"
+#include "tests/desktop/fake/fakesource.h"
+
+#include <doctest/doctest.h>
+
+namespace
+{
+
+constexpr window SELF = 10;
+constexpr int32_t FIELD = 3;
+
+template<int32_t number> errorblock *row()
+{
+    fake.log.push_back("row " + std::to_string(number));
+    return number == 9 ? fakeerror() : nullptr;
+}
+
+errorblock *clicked(window self, intptr_t data, mouserecord *mouse)
+{
+    fake.log.push_back("clicked " + std::to_string(self + data + mouse->icon));
+    return nullptr;
+}
+
+errorblock *keyed(window self, intptr_t data, int32_t icon, int32_t *code)
+{
+    fake.log.push_back("keyed " + std::to_string(self + data + icon));
+    if (*code == 'c') *code = KEYCLAIMED;
+    return *code == 'e' ? fakeerror() : nullptr;
+}
+
+errorblock *later(errorblock *(*function)(intptr_t), intptr_t data)
+{
+    fake.log.push_back("later");
+    return function(data);
+}
+
+constexpr handlertable handlers = {
+    {.control = 1, .press = row<1>},
+    {.control = 2, .press = row<2>, .when = later},
+    {.code = KEYESCAPE, .keyed = row<3>},
+    {.control = FIELD, .code = KEYEITHER | KEYRETURN, .keyed = row<4>, .when = later},
+    {.code = KEYPRESS | KEYSHIFT | KEYTAB, .keyed = row<9>},
+    {.data = 100, .key = keyed},
+    {.code = 'x', .keyed = row<5>},
+    {.data = 200, .click = clicked},
+    {.control = 4, .press = row<6>}, // behind a row that takes every click
+    {.closed = row<9>},
+};
+
+template<typename handler> handler any()
+{
+    return reinterpret_cast<handler>(fakereset);
+}
+
+} // namespace
+
+TEST_CASE("clicks, keys and the close of a table go to its rows")
+{
+    REQUIRE(blockstart() == nullptr);
+    REQUIRE(addhandlers(SELF, handlers) == nullptr);
+    CHECK(blockcount() == 3);
+
+    const struct {
+        intptr_t buttons, icon;
+        const char *heard;
+    } clicks[] = {
+        {BUTTONLEFT, 1, "row 1"},        {BUTTONLEFT, 2, "later, row 2"},
+        {BUTTONRIGHT, 1, "clicked 211"}, {BUTTONLEFTDOUBLE, 1, "clicked 211"},
+        {BUTTONLEFT, -1, "clicked 209"}, {BUTTONLEFT, 4, "clicked 214"},
+        {BUTTONLEFT, -2, "clicked 208"},
+    };
+    for (const auto &click : clicks) {
+        mouserecord mouse = {0, 0, click.buttons, SELF, click.icon};
+        CHECK(dispatchfirst(EVENTCLICK, SELF, [&](const block &b) {
+            return handlerof<clickfunction>(b)(SELF, b.data, &mouse);
+        }));
+        CHECK(fakelog() == click.heard);
+    }
+
+    const struct {
+        int32_t icon, code;
+        const char *heard;
+        bool claimed;
+        uint32_t error;
+    } keys[] = {
+        {1, KEYESCAPE, "row 3", true, 0},
+        {1, KEYPRESS | KEYESCAPE, "keyed 111", false, 0},
+        {FIELD, KEYRETURN, "later, row 4", true, 0},
+        {FIELD, KEYPRESS | KEYRETURN, "later, row 4", true, 0},
+        {FIELD, KEYPRESS | KEYSHIFT | KEYRETURN, "keyed 113", false, 0},
+        {-1, KEYRETURN, "keyed 109", false, 0},
+        {-1, KEYPRESS | KEYSHIFT | KEYTAB, "row 9", true, 99},
+        {-1, 'x', "keyed 109, row 5", true, 0},
+        {-1, 'c', "keyed 109", true, 0},
+        {-1, 'e', "keyed 109", false, 99},
+    };
+    for (const auto &key : keys) {
+        int32_t code = key.code;
+        block b = blockat(findblock(EVENTKEY, 0, SELF, BLOCKANY, nullptr));
+        errorblock *err = handlerof<keyfunction>(b)(SELF, b.data, key.icon, &code);
+        CHECK(fakecode(err) == key.error);
+        CHECK(fakelog() == key.heard);
+        CHECK(code == (key.claimed ? KEYCLAIMED : key.code));
+    }
+
+    bool failed = false;
+    CHECK(dispatchfirst(
+        EVENTCLOSE, SELF, [](const block &b) { return handlerof<closefunction>(b)(SELF, b.data); },
+        &failed));
+    CHECK(failed);
+    CHECK(fakelog() == "row 9");
+    CHECK(remhandlers(SELF, handlers) == nullptr);
+    CHECK(blockcount() == 0);
+}
+
+TEST_CASE("every event has its row, registered in the order of the table or not at all")
+{
+    static const handlertable every = {
+        {.redraw = any<redrawfunction>()},
+        {.open = any<openfunction>()},
+        {.close = any<closefunction>()},
+        {.focus = any<focusfunction>()},
+        {.mouse = any<mousefunction>()},
+        {.activate = any<activatefunction>()},
+        {.pointer = any<pointerfunction>()},
+        {.textchange = any<textchangefunction>()},
+        {.textfocus = any<textfocusfunction>()},
+        {.parentdeleted = any<parentfunction>()},
+        {.parentclosed = any<parentfunction>()},
+        {.wheel = any<wheelfunction>()},
+        {.appcommand = any<appcommandfunction>()},
+        {.help = any<helpfunction>()},
+        {.drop = any<dropfunction>()},
+        {.dropload = any<droploadfunction>()},
+        {.dropdone = any<dropdonefunction>()},
+        {.control = FIELD, .data = 7, .subclass = any<subclassfunction>()},
+        {.helptemplate = 7},
+        {.key = any<keyfunction>()},
+        {.click = any<clickfunction>()},
+    };
+    const int32_t types[] = {
+        EVENTREDRAW,       EVENTOPEN,     EVENTCLOSE,      EVENTFOCUS,     EVENTMOUSE,
+        EVENTACTIVATE,     EVENTPOINTER,  EVENTTEXTCHANGE, EVENTTEXTFOCUS, EVENTPARENTDELETED,
+        EVENTPARENTCLOSED, EVENTWHEEL,    EVENTAPPCOMMAND, EVENTHELP,      EVENTDROP,
+        EVENTDROPLOAD,     EVENTDROPDONE, EVENTSUBCLASS,   EVENTHELP,      EVENTKEY,
+        EVENTCLICK,
+    };
+    REQUIRE(blockstart() == nullptr);
+    CHECK(addhandlers(SELF, every) == nullptr);
+    REQUIRE(blockcount() == std::size(types));
+    for (int32_t n = 0; n < blockcount(); n++) {
+        CHECK(blockat(n).type == types[n]);
+        bool data = types[n] == EVENTSUBCLASS || n == 18;
+        CHECK((blockat(n).data == 7) == data);
+    }
+    CHECK(fake.replaced.size() == 1);
+    remhandlers(SELF, every);
+    CHECK(blockcount() == 0);
+    CHECK(fake.replaced.empty());
+
+    // The table is full behind n of the rows, and there is no memory for a larger one.
+    for (int32_t n = 0; n < static_cast<int32_t>(every.size()); n++) {
+        fakefillblocks();
+        for (int32_t freed = 0; freed < n; freed++)
+            remblock(EVENTMESSAGE, blockat(0).subtype, 0, 0, nullptr, nullptr);
+        int32_t before = blockcount();
+        flexfailafter(0);
+        CHECK(fakecode(addhandlers(SELF, every)) == 2);
+        flexfailafter(-1);
+        CHECK(blockcount() == before);
+        CHECK(fake.replaced.empty());
+    }
+}
