@@ -8,8 +8,8 @@
 #include "app/menus.h"
 #include "app/startup.h"
 #include "base/boxes.h"
+#include "desktop/handlertable.h"
 #include "desktop/help.h"
-#include "desktop/keys.h"
 #include "desktop/menus.h"
 #include "desktop/poll.h"
 #include "dict/dicteditwindow.h"
@@ -37,95 +37,20 @@ constexpr const char *HELPFILE =
 constexpr int32_t ABOUTVERSION = 220;
 constexpr const char *ABOUTDATE = "(26-June-2012)";
 
-errorblock *newgrid()
-{
-    gridnew();
-    return nullptr;
-}
-
-errorblock *newwords()
-{
-    gridnewwords();
-    return nullptr;
-}
-
-errorblock *crosswordbegin()
-{
-    gridsetkind(GRIDCROSSWORD);
-    return nullptr;
-}
-
-errorblock *wordsquarebegin()
-{
-    gridsetkind(GRIDWORDSQUARE);
-    return nullptr;
-}
-
-errorblock *sizeask()
-{
-    return gridsizeopen(mainwindow);
-}
-
-errorblock *reflectvertical()
-{
-    gridreflect(REFLECTVERTICAL);
-    return nullptr;
-}
-
-errorblock *reflecthorizontal()
-{
-    gridreflect(REFLECTHORIZONTAL);
-    return nullptr;
-}
-
-errorblock *reflectrising()
-{
-    gridreflect(REFLECTRISING);
-    return nullptr;
-}
-
-errorblock *reflectfalling()
-{
-    gridreflect(REFLECTFALLING);
-    return nullptr;
-}
-
-errorblock *upperswitch()
-{
-    gridcaseswitch(CASEUPPER);
-    return nullptr;
-}
-
-errorblock *lowerswitch()
-{
-    gridcaseswitch(CASELOWER);
-    return nullptr;
-}
-
 errorblock *programexit()
 {
     if (!quitquery()) postquit(0);
     return nullptr;
 }
 
-errorblock *manual()
+errorblock *manual(window owner)
 {
-    return helpcontents(mainwindow, HELPFILE);
+    return helpcontents(owner, HELPFILE);
 }
 
-errorblock *about()
+errorblock *about(window owner)
 {
-    return showabout(mainwindow, ABOUTVERSION, ABOUTDATE, nullptr);
-}
-
-errorblock *newdictionary()
-{
-    return newdictopen(mainwindow);
-}
-
-errorblock *checkspelling()
-{
-    return spellcheck(mainwindow);
+    return showabout(owner, ABOUTVERSION, ABOUTDATE, nullptr);
 }
 
 bool named()
@@ -158,38 +83,52 @@ bool lower()
     return grid.casemode & CASELOWER;
 }
 
+// Opens a dialog over the main window.
+template<auto function> errorblock *over()
+{
+    return function(mainwindow);
+}
+
+// Whether a search that is under way comes to its end first.
+enum searchrule { GOESON, STOPS };
+
+constexpr bool (*ALWAYS)() = nullptr;
+
 struct commandrow {
     int32_t id;
+    searchrule search;
     errorblock *(*function)();
-    bool stops;        // a search that is under way comes to its end first
-    bool (*enabled)(); // 0 for always
-    bool (*ticked)();  // 0 for never
+    bool (*enabled)() = ALWAYS;
+    bool (*ticked)() = nullptr; // 0 for never
 };
 
-const commandrow commands[] = {
-    {COMMANDNEWGRID, newgrid, true, nullptr, nullptr},
-    {COMMANDNEWWORDS, newwords, true, nullptr, nullptr},
-    {COMMANDOPEN, fileopen, true, nullptr, nullptr},
-    {COMMANDSAVE, gridsavecommand, false, named, nullptr},
-    {COMMANDSAVEAS, filesaveas, false, nullptr, nullptr},
-    {COMMANDSAVECLUES, filesaveclues, false, nullptr, nullptr},
-    {COMMANDSAVEDEFAULT, gridsavedefault, false, nullptr, nullptr},
-    {COMMANDEXIT, programexit, false, nullptr, nullptr},
-    {COMMANDSPELLCHECK, checkspelling, true, spellable, nullptr},
-    {COMMANDNEWDICT, newdictionary, true, dictdirectoryexists, nullptr},
-    {COMMANDCROSSWORD, crosswordbegin, true, nullptr, crossword},
-    {COMMANDWORDSQUARE, wordsquarebegin, true, nullptr, wordsquare},
-    {COMMANDSIZE, sizeask, true, nullptr, nullptr},
-    {COMMANDREFLECTVERTICAL, reflectvertical, true, crossword, nullptr},
-    {COMMANDREFLECTHORIZONTAL, reflecthorizontal, true, crossword, nullptr},
-    {COMMANDREFLECTRISING, reflectrising, true, crossword, nullptr},
-    {COMMANDREFLECTFALLING, reflectfalling, true, crossword, nullptr},
-    {COMMANDUPPERCASE, upperswitch, true, nullptr, upper},
-    {COMMANDLOWERCASE, lowerswitch, true, nullptr, lower},
-    {COMMANDCUSTOMISE, customiseopen, true, nullptr, nullptr},
-    {COMMANDCHOICES, choicesopen, true, nullptr, nullptr},
-    {COMMANDHELP, manual, false, nullptr, nullptr},
-    {COMMANDABOUT, about, false, nullptr, nullptr},
+constexpr commandrow commands[] = {
+    {COMMANDNEWGRID, STOPS, calls<gridnew>},
+    {COMMANDNEWWORDS, STOPS, calls<gridnewwords>},
+    {COMMANDOPEN, STOPS, fileopen},
+    {COMMANDSAVE, GOESON, gridsavecommand, named},
+    {COMMANDSAVEAS, GOESON, filesaveas},
+    {COMMANDSAVECLUES, GOESON, filesaveclues},
+    {COMMANDSAVEDEFAULT, GOESON, gridsavedefault},
+    {COMMANDEXIT, GOESON, programexit},
+
+    {COMMANDSPELLCHECK, STOPS, over<spellcheck>, spellable},
+    {COMMANDNEWDICT, STOPS, over<newdictopen>, dictdirectoryexists},
+
+    {COMMANDCROSSWORD, STOPS, calls<gridsetkind, GRIDCROSSWORD>, ALWAYS, crossword},
+    {COMMANDWORDSQUARE, STOPS, calls<gridsetkind, GRIDWORDSQUARE>, ALWAYS, wordsquare},
+    {COMMANDSIZE, STOPS, over<gridsizeopen>},
+    {COMMANDREFLECTVERTICAL, STOPS, calls<gridreflect, REFLECTVERTICAL>, crossword},
+    {COMMANDREFLECTHORIZONTAL, STOPS, calls<gridreflect, REFLECTHORIZONTAL>, crossword},
+    {COMMANDREFLECTRISING, STOPS, calls<gridreflect, REFLECTRISING>, crossword},
+    {COMMANDREFLECTFALLING, STOPS, calls<gridreflect, REFLECTFALLING>, crossword},
+    {COMMANDUPPERCASE, STOPS, calls<gridcaseswitch, CASEUPPER>, ALWAYS, upper},
+    {COMMANDLOWERCASE, STOPS, calls<gridcaseswitch, CASELOWER>, ALWAYS, lower},
+    {COMMANDCUSTOMISE, STOPS, customiseopen},
+
+    {COMMANDCHOICES, STOPS, choicesopen},
+    {COMMANDHELP, GOESON, over<manual>},
+    {COMMANDABOUT, GOESON, over<about>},
 };
 
 errorblock *commandnow(intptr_t row)
@@ -222,16 +161,10 @@ errorblock *commandrun(int32_t id)
 {
     for (const commandrow &row : commands) {
         if (row.id != id) continue;
-        return row.stops ? aftersearch(commandnow, &row - commands) : row.function();
+        if (row.search == GOESON) return row.function();
+        return aftersearch(commandnow, &row - commands);
     }
     return nullptr;
-}
-
-errorblock *commandkey(window, intptr_t, int32_t, int32_t *code)
-{
-    if (*code != (KEYPRESS | KEYF1)) return nullptr;
-    *code = KEYCLAIMED;
-    return manual();
 }
 
 errorblock *commanddictionary(int32_t position, int32_t id)

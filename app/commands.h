@@ -15,9 +15,5 @@ errorblock *commandrun(int32_t id);
 // The same for a choice among the dictionaries, by dict/dictmenu.h.
 errorblock *commanddictionary(int32_t position, int32_t id);
 
-// A handler of the keys of the menu that no part of the window has for itself: F1
-// opens the manual.
-errorblock *commandkey(window self, intptr_t data, int32_t icon, int32_t *code);
-
 // Greys and ticks the entries as the document is now.
 void commandsprepare();

@@ -5,12 +5,11 @@
 #include "app/filecommands.h"
 #include "app/layout.h"
 #include "app/menus.h"
-#include "app/startup.h"
 #include "base/boxes.h"
-#include "desktop/handlers.h"
+#include "desktop/handlertable.h"
+#include "desktop/keys.h"
 #include "desktop/menus.h"
 #include "desktop/mouse.h"
-#include "desktop/poll.h"
 #include "desktop/templates.h"
 #include "find/solutionsview.h"
 #include "graphics/modeinfo.h"
@@ -61,12 +60,6 @@ errorblock *panesplace(const windowstaterecord &main)
     if (!err) err = paneplace(solutionswindow, panes.list);
     if (!err) err = paneplace(gridwindow, panes.grid);
     return err;
-}
-
-errorblock *mainclose(window, intptr_t)
-{
-    if (!quitquery()) postquit(0);
-    return nullptr;
 }
 
 // The main window itself sees the pointer in the gap between its panes alone.
@@ -121,16 +114,25 @@ errorblock *panescreate()
     return err;
 }
 
-errorblock *mainhandlers()
+constexpr handlertable mainhandlers = {
+    {.closed = calls<commandrun, COMMANDEXIT>},
+    {.open = layoutmain},
+    {.click = splitterclick},
+    {.pointer = splitterpointer},
+};
+
+// Keys of the menu that no part of the window has for itself.
+constexpr handlertable menukeys = {
+    {.code = KEYPRESS | KEYF1, .keyed = calls<commandrun, COMMANDHELP>},
+};
+
+errorblock *handlersadd()
 {
-    errorblock *err = addclosehandler(mainclose, mainwindow, 0);
-    if (!err) err = addopenhandler(layoutmain, mainwindow, 0);
+    errorblock *err = addhandlers(mainwindow, mainhandlers);
     for (window w : {mainwindow, gridwindow, solutionswindow})
         if (!err && w) err = dropsaccept(w);
     for (window w : {mainwindow, gridwindow})
-        if (!err && w) err = addkeyhandler(commandkey, w, 0);
-    if (!err) err = addclickhandler(splitterclick, mainwindow, 0);
-    if (!err) err = addpointerhandler(splitterpointer, mainwindow, 0);
+        if (!err && w) err = addhandlers(w, menukeys);
     return err;
 }
 
@@ -175,7 +177,7 @@ errorblock *openmainwindow()
     errorblock *panes = panescreate();
     settitlefromgrid();
     err = attachmenu(mainwindow, MENUMAIN);
-    errorblock *wired = mainhandlers();
+    errorblock *wired = handlersadd();
     errorblock *shown = mainshow();
     if (!err) err = wired;
     if (!err) err = shown;

@@ -1,5 +1,6 @@
 #include "grid/gridkeys.h"
 
+#include "desktop/handlertable.h"
 #include "desktop/keys.h"
 #include "grid/gridfile.h"
 #include "grid/gridreflect.h"
@@ -10,59 +11,29 @@
 namespace
 {
 
-errorblock *move(int32_t dx, int32_t dy)
-{
-    cursormove(dx, dy);
-    return nullptr;
-}
-
-errorblock *reflect(int32_t which, int32_t)
-{
-    gridreflect(which);
-    return nullptr;
-}
-
-errorblock *erase(int32_t, int32_t)
-{
-    griderase();
-    return nullptr;
-}
-
-errorblock *stop(int32_t, int32_t)
-{
-    stoprequest();
-    return nullptr;
-}
-
-errorblock *save(int32_t, int32_t)
-{
-    return gridsavecommand();
-}
-
 struct keyrow {
     int32_t code; // but KEYPRESS
-    errorblock *(*function)(int32_t first, int32_t second);
-    int32_t first, second;
+    errorblock *(*function)();
     bool edits; // not during a search
 };
 
-const keyrow keys[] = {
-    {KEYLEFT, move, -1, 0, true},
-    {KEYRIGHT, move, 1, 0, true},
-    {KEYUP, move, 0, -1, true},
-    {KEYDOWN, move, 0, 1, true},
-    {KEYSHIFT | KEYLEFT, gridviewscroll, -1, 0, false},
-    {KEYSHIFT | KEYRIGHT, gridviewscroll, 1, 0, false},
-    {KEYSHIFT | KEYUP, gridviewscroll, 0, -1, false},
-    {KEYSHIFT | KEYDOWN, gridviewscroll, 0, 1, false},
-    {KEYF1 + 4, reflect, REFLECTVERTICAL, 0, true},
-    {KEYF1 + 5, reflect, REFLECTHORIZONTAL, 0, true},
-    {KEYF1 + 6, reflect, REFLECTRISING, 0, true},
-    {KEYF1 + 7, reflect, REFLECTFALLING, 0, true},
-    {KEYESCAPE, stop, 0, 0, false},
-    {KEYBACKSPACE, erase, 0, 0, true},
-    {KEYDELETE, erase, 0, 0, true},
-    {KEYCTRL | 'S', save, 0, 0, false},
+constexpr keyrow keys[] = {
+    {KEYLEFT, calls<cursormove, -1, 0>, true},
+    {KEYRIGHT, calls<cursormove, 1, 0>, true},
+    {KEYUP, calls<cursormove, 0, -1>, true},
+    {KEYDOWN, calls<cursormove, 0, 1>, true},
+    {KEYSHIFT | KEYLEFT, calls<gridviewscroll, -1, 0>, false},
+    {KEYSHIFT | KEYRIGHT, calls<gridviewscroll, 1, 0>, false},
+    {KEYSHIFT | KEYUP, calls<gridviewscroll, 0, -1>, false},
+    {KEYSHIFT | KEYDOWN, calls<gridviewscroll, 0, 1>, false},
+    {KEYF1 + 4, calls<gridreflect, REFLECTVERTICAL>, true},
+    {KEYF1 + 5, calls<gridreflect, REFLECTHORIZONTAL>, true},
+    {KEYF1 + 6, calls<gridreflect, REFLECTRISING>, true},
+    {KEYF1 + 7, calls<gridreflect, REFLECTFALLING>, true},
+    {KEYESCAPE, calls<stoprequest>, false},
+    {KEYBACKSPACE, calls<griderase>, true},
+    {KEYDELETE, calls<griderase>, true},
+    {KEYCTRL | 'S', gridsavecommand, false},
 };
 
 // The row of a pressed key, 0 if none is for it.
@@ -83,7 +54,7 @@ errorblock *gridkey(window, intptr_t, int32_t, int32_t *code)
     if (press && !row) return nullptr;
     *code = KEYCLAIMED;
     if (searchunderway() && (!row || row->edits)) return nullptr;
-    if (row) return row->function(row->first, row->second);
+    if (row) return row->function();
     if (key >= 0 && key <= 255) gridtype(static_cast<uint8_t>(key));
     return nullptr;
 }
