@@ -4,7 +4,7 @@
 #include "app/mainwindow.h"
 #include "base/boxes.h"
 #include "base/trace.h"
-#include "desktop/handlers.h"
+#include "desktop/handlertable.h"
 #include "desktop/icons.h"
 #include "desktop/keys.h"
 #include "desktop/templates.h"
@@ -24,34 +24,59 @@ window buttonwindow;
 namespace
 {
 
+errorblock *anagrampressed();
+errorblock *wordadd();
+errorblock *stoppressed();
+
+// One of the bars: its template, and what it hears.
+struct barrecord {
+    int32_t number;
+    handlertable handlers;
+};
+
+constexpr barrecord crosswordbar = {
+    TEMPLATEBAR,
+    {
+        {.control = BARSOLVE, .press = solvestart},
+        {.control = BARANAGRAM, .press = anagrampressed},
+        {.control = BARLETTERS, .code = KEYRETURN, .keyed = anagrampressed},
+    },
+};
+
+constexpr barrecord squarebar = {
+    TEMPLATEBARSQUARE,
+    {
+        {.control = BARNEW, .press = wsnew},
+        {.control = BARDELETE, .press = calls<soldeleteselected>},
+        {.control = BARMAKE, .press = wsmake},
+        {.control = BARSQUARESOLVE, .press = wssolve},
+        {.control = BARWORD, .code = KEYRETURN, .keyed = wordadd},
+    },
+};
+
+constexpr barrecord stopbar = {
+    TEMPLATEBARSTOP,
+    {
+        {.control = BARSTOP, .press = stoppressed},
+        {.code = KEYEITHER | KEYESCAPE, .keyed = calls<stoprequest>},
+    },
+};
+
 constexpr int32_t FIELDSIZE = 33; // 32 characters
 
-bool solvingbar; // the bar with Stop is up, or else
-int32_t barkind; // that of this kind of document
-
-// What a bar held that is to come back: the text of the Crossword's, and, over
-// the bar with Stop, the control with the caret; -1 if the caret was elsewhere.
-char savedtext[FIELDSIZE];
-int32_t savedcaret = -1;
-
-errorblock *stoppressed()
-{
-    trace("stop");
-    search.stopflag = 1;
-    return nullptr;
-}
+struct {
+    const barrecord *up; // 0 before there is one
+    // What a bar held that is to come back: the text of the Crossword's, and, over
+    // the bar with Stop, the control with the caret; -1 if the caret was elsewhere.
+    char text[FIELDSIZE];
+    int32_t caret = -1;
+} bar;
 
 errorblock *anagrampressed()
 {
     char typed[FIELDSIZE];
     errorblock *err = copyicontext(buttonwindow, BARLETTERS, typed, sizeof typed);
     return err ? err : anagramstart(typed);
-}
-
-errorblock *deletepressed()
-{
-    soldeleteselected();
-    return nullptr;
 }
 
 // The word goes from the field into the list.
@@ -64,79 +89,37 @@ errorblock *wordadd()
     return err ? err : emptied;
 }
 
-struct actionrow {
-    int32_t control;
-    errorblock *(*function)();
-};
-
-const actionrow presses[] = {
-    {BARSOLVE, solvestart}, {BARANAGRAM, anagrampressed},
-    {BARNEW, wsnew},        {BARDELETE, deletepressed},
-    {BARMAKE, wsmake},      {BARSQUARESOLVE, wssolve},
-    {BARSTOP, stoppressed},
-};
-
-const actionrow returns[] = {
-    {BARLETTERS, anagrampressed},
-    {BARWORD, wordadd},
-};
-
-errorblock *barclick(window, intptr_t, mouserecord *mouse)
+errorblock *stoppressed()
 {
-    if (mouse->buttons != BUTTONLEFT) return nullptr;
-    for (const actionrow &row : presses)
-        if (row.control == mouse->icon) return row.function();
-    return nullptr;
-}
-
-errorblock *barkey(window, intptr_t, int32_t icon, int32_t *code)
-{
-    if ((*code & ~KEYPRESS) == KEYESCAPE && solvingbar) {
-        *code = KEYCLAIMED;
-        stoprequest();
-        return nullptr;
-    }
-    if (*code != KEYRETURN) return nullptr;
-    for (const actionrow &row : returns) {
-        if (row.control != icon) continue;
-        *code = KEYCLAIMED;
-        return row.function();
-    }
+    trace("stop");
+    search.stopflag = 1;
     return nullptr;
 }
 
 void barremember(bool caretwanted)
 {
     caretrecord caret;
-    if (!buttonwindow || solvingbar) return;
-    if (barkind == GRIDCROSSWORD)
-        copyicontext(buttonwindow, BARLETTERS, savedtext, sizeof savedtext);
-    if (caretwanted && !getcaret(&caret) && caret.self == buttonwindow) savedcaret = caret.icon;
+    if (!buttonwindow || bar.up == &stopbar) return;
+    if (bar.up == &crosswordbar) copyicontext(buttonwindow, BARLETTERS, bar.text, sizeof bar.text);
+    if (caretwanted && !getcaret(&caret) && caret.self == buttonwindow) bar.caret = caret.icon;
 }
 
 void barrecall()
 {
-    if (barkind == GRIDCROSSWORD) seticontext(buttonwindow, BARLETTERS, savedtext);
-    if (savedcaret != -1) caretatend(buttonwindow, savedcaret);
-    savedcaret = -1;
+    if (bar.up == &crosswordbar) seticontext(buttonwindow, BARLETTERS, bar.text);
+    if (bar.caret != -1) caretatend(buttonwindow, bar.caret);
+    bar.caret = -1;
 }
 
-errorblock *barremove()
+// After an error of the old bar's end the new one is made all the same.
+errorblock *barchange(const barrecord *next)
 {
-    if (!buttonwindow) return nullptr;
-    remclickhandler(barclick, buttonwindow, 0);
-    remkeyhandler(barkey, buttonwindow, 0);
-    return removewindow(&buttonwindow);
-}
-
-errorblock *barcreate()
-{
-    int32_t number = barkind == GRIDWORDSQUARE ? TEMPLATEBARSQUARE : TEMPLATEBAR;
-    if (solvingbar) number = TEMPLATEBARSTOP;
-    errorblock *err = createchild(number, &buttonwindow, mainwindow);
-    if (!err) err = addclickhandler(barclick, buttonwindow, 0);
-    if (!err) err = addkeyhandler(barkey, buttonwindow, 0);
-    return err;
+    if (bar.up) remhandlers(buttonwindow, bar.up->handlers);
+    errorblock *err = removewindow(&buttonwindow);
+    bar.up = next;
+    errorblock *created = createchild(next->number, &buttonwindow, mainwindow);
+    if (!created) created = addhandlers(buttonwindow, next->handlers);
+    return err ? err : created;
 }
 
 } // namespace
@@ -148,15 +131,12 @@ errorblock *swapbuttons(int solving)
     trace("buttons solve");
     if (!mainwindow) return nullptr;
     barremember(solving);
-    errorblock *err = barremove();
     search.stopflag = 0;
-    solvingbar = solving;
-    barkind = grid.kind;
-    errorblock *created = barcreate();
-    if (!err) err = created;
+    const barrecord *kindbar = grid.kind == GRIDWORDSQUARE ? &squarebar : &crosswordbar;
+    errorblock *err = barchange(solving ? &stopbar : kindbar);
     if (!err) err = layoutnow();
     if (err) return err;
-    if (solving && savedcaret != -1) focuswindow(mainwindow);
+    if (solving && bar.caret != -1) focuswindow(mainwindow);
     if (!solving) barrecall();
     grid.marklength = -1; // the new field is empty
     marklengthshow();
@@ -165,7 +145,7 @@ errorblock *swapbuttons(int solving)
 
 bool barsolving()
 {
-    return solvingbar;
+    return bar.up == &stopbar;
 }
 
 int stopflag()
@@ -192,7 +172,7 @@ void gridkindapply(int32_t kind)
 
 void marklengthfield(int32_t length)
 {
-    if (!buttonwindow || solvingbar || barkind != GRIDCROSSWORD) return;
+    if (!buttonwindow || bar.up != &crosswordbar) return;
     if (length < 0)
         seticontext(buttonwindow, BARMARKLENGTH, "");
     else
@@ -201,5 +181,5 @@ void marklengthfield(int32_t length)
 
 void progressshow(int32_t n)
 {
-    if (solvingbar) seticontextf(buttonwindow, BARPROGRESS, "%d", n);
+    if (bar.up == &stopbar) seticontextf(buttonwindow, BARPROGRESS, "%d", n);
 }

@@ -4,7 +4,7 @@
 #include "app/mainwindow.h"
 #include "base/text.h"
 #include "desktop/filedialogs.h"
-#include "desktop/handlers.h"
+#include "desktop/handlertable.h"
 #include "desktop/windows.h"
 #include "find/wordload.h"
 #include "grid/grid.h"
@@ -89,6 +89,12 @@ errorblock *dropdone(intptr_t)
     return nullptr;
 }
 
+constexpr handlertable drophandlers = {
+    {.dropload = droploaded},
+    {.dropdone = dropdone},
+    {.drop = dropasked},
+};
+
 } // namespace
 
 errorblock *filesaveas()
@@ -121,11 +127,8 @@ errorblock *fileopen()
 
 errorblock *dropsaccept(window w)
 {
-    errorblock *err = adddroploadhandler(w, 0, droploaded);
-    if (!err) err = adddropdonehandler(w, 0, dropdone);
-    if (!err) err = adddrophandler(w, 0, dropasked);
-    if (!err) err = setdrops(w, true);
-    return err;
+    errorblock *err = addhandlers(w, drophandlers);
+    return err ? err : setdrops(w, true);
 }
 
 void wordlistload(const char *path)

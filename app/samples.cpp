@@ -12,7 +12,6 @@
 #include "graphics/textplot.h"
 
 #include <cstring>
-#include <span>
 
 namespace
 {
@@ -21,11 +20,6 @@ constexpr const char *SAMPLETEXT = "ABCabc123";
 constexpr int32_t TEXTLEFT = 6; // OS units from the edge
 constexpr uint32_t FRAMECOLOUR = 0;
 constexpr int32_t CHOSEN = 1; // the bit of a picker's result
-
-std::span<const samplerow> rowsof(const sampleset &set)
-{
-    return {set.rows, static_cast<size_t>(set.count)};
-}
 
 void boxfill(const osbox &box, uint32_t colour)
 {
@@ -72,10 +66,10 @@ errorblock *samplepaint(window self, const samplerow &row, const sampleset &set)
 }
 
 // The samples of fonts are in colours of other rows.
-errorblock *samplesredraw(window self, const sampleset &set)
+errorblock *allredraw(window self, const sampleset &set)
 {
     errorblock *err = nullptr;
-    for (const samplerow &row : rowsof(set)) {
+    for (const samplerow &row : set.rows) {
         osbox box;
         if (!err) err = iconbox(self, row.sample, &box);
         if (!err) err = forceredraw(self, box.x0, box.y0, box.x1, box.y1);
@@ -87,7 +81,7 @@ errorblock *rowspaint(const redrawrecord &r, intptr_t data)
 {
     const sampleset &set = *reinterpret_cast<const sampleset *>(data);
     errorblock *err = nullptr;
-    for (const samplerow &row : rowsof(set))
+    for (const samplerow &row : set.rows)
         if (!err) err = samplepaint(r.self, row, set);
     return err;
 }
@@ -99,14 +93,15 @@ errorblock *samplespaint(window self, const sampleset &set)
     return redrawwith(self, rowspaint, reinterpret_cast<intptr_t>(&set));
 }
 
-errorblock *sampleschoose(window self, const sampleset &set, int32_t icon)
+errorblock *sampleschoose(window self, const sampleset &set, const mouserecord *mouse)
 {
-    for (const samplerow &row : rowsof(set)) {
-        if (row.sample != icon && row.button != icon) continue;
+    if (mouse->buttons != BUTTONLEFT) return nullptr;
+    for (const samplerow &row : set.rows) {
+        if (row.sample != mouse->icon && row.button != mouse->icon) continue;
         int32_t result = 0;
         errorblock *err = row.font ? choosefont(self, 0, row.font, &result)
                                    : choosecolour(self, 0, row.colour, &result);
-        return !err && (result & CHOSEN) ? samplesredraw(self, set) : err;
+        return !err && (result & CHOSEN) ? allredraw(self, set) : err;
     }
     return nullptr;
 }

@@ -9,6 +9,7 @@
 #include "desktop/events.h"
 
 #include <cstdint>
+#include <span>
 
 struct errorblock;
 struct fontrecord;
@@ -20,8 +21,7 @@ struct samplerow {
 };
 
 struct sampleset {
-    const samplerow *rows;
-    int32_t count;
+    std::span<const samplerow> rows;
     const uint32_t *text, *background; // the colours of the samples of fonts
 };
 
@@ -30,4 +30,15 @@ errorblock *samplespaint(window self, const sampleset &set);
 
 // A press of a sample or of its button shows the box of the system; all is drawn
 // again when something was chosen. Other controls do nothing.
-errorblock *sampleschoose(window self, const sampleset &set, int32_t icon);
+errorblock *sampleschoose(window self, const sampleset &set, const mouserecord *mouse);
+
+// Both as rows of the dialog's table, for the set that stands behind the name.
+template<const sampleset &set> errorblock *samplesredraw(window self, intptr_t)
+{
+    return samplespaint(self, set);
+}
+
+template<const sampleset &set> errorblock *samplesclick(window self, intptr_t, mouserecord *mouse)
+{
+    return sampleschoose(self, set, mouse);
+}

@@ -4,7 +4,7 @@
 #include "base/syserr.h"
 #include "base/text.h"
 #include "desktop/filedialogs.h"
-#include "desktop/handlers.h"
+#include "desktop/handlertable.h"
 #include "desktop/hourglass.h"
 #include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
@@ -73,6 +73,12 @@ errorblock *dropdone(intptr_t)
     return nullptr;
 }
 
+constexpr handlertable drophandlers = {
+    {.drop = dropasked},
+    {.dropload = droploaded},
+    {.dropdone = dropdone},
+};
+
 } // namespace
 
 errorblock *editimportbox()
@@ -104,19 +110,12 @@ errorblock *editmenuselect(const int32_t *path, window)
 
 errorblock *editdropsadd()
 {
-    window pane = editor.view.pane;
-    errorblock *err = adddrophandler(pane, 0, dropasked);
-    if (!err) err = adddroploadhandler(pane, 0, droploaded);
-    if (!err) err = adddropdonehandler(pane, 0, dropdone);
-    if (!err) err = setdrops(pane, true);
-    return err;
+    errorblock *err = addhandlers(editor.view.pane, drophandlers);
+    return err ? err : setdrops(editor.view.pane, true);
 }
 
 void editdropsremove()
 {
-    window pane = editor.view.pane;
-    setdrops(pane, false);
-    remdrophandler(pane, 0, dropasked);
-    remdroploadhandler(pane, 0, droploaded);
-    remdropdonehandler(pane, 0, dropdone);
+    setdrops(editor.view.pane, false);
+    remhandlers(editor.view.pane, drophandlers);
 }

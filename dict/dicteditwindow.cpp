@@ -3,11 +3,10 @@
 #include "base/boxes.h"
 #include "base/syserr.h"
 #include "base/text.h"
-#include "desktop/handlers.h"
+#include "desktop/dialogs.h"
 #include "desktop/icons.h"
 #include "desktop/keys.h"
 #include "desktop/menus.h"
-#include "desktop/templates.h"
 #include "desktop/windows.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
@@ -20,27 +19,99 @@ editrecord editor;
 namespace
 {
 
+errorblock *editfill();
+errorblock *editshown();
+void editending();
+errorblock *addpressed();
+errorblock *deletepressed();
+errorblock *okpressed();
+errorblock *cancelpressed();
+errorblock *editclose();
+
+constexpr int32_t ENTER = KEYEITHER | KEYRETURN;
+
+// With a button in focus Return presses that.
+constexpr dialogrecord editdialog = {
+    .self = &editor.self,
+    .number = TEMPLATEEDIT,
+    .handlers =
+        {
+            {.control = EDITADD, .press = addpressed, .when = dictwhenidle},
+            {.control = EDITDELETE, .press = deletepressed, .when = dictwhenidle},
+            {.control = EDITOK, .press = okpressed, .when = dictwhenidle},
+            {.control = DIALOGCANCEL, .press = cancelpressed, .when = dictwhenidle},
+            {.control = EDITWORD, .code = ENTER, .keyed = addpressed, .when = dictwhenidle},
+            {.control = -1, .code = ENTER, .keyed = addpressed, .when = dictwhenidle},
+            {.closed = editclose},
+        },
+    .fill = editfill,
+    .shown = editshown,
+    .ending = editending,
+    .focus = EDITWORD,
+};
+
+// Of the list, which also takes files.
+constexpr handlertable listhandlers = {
+    {.code = ENTER, .keyed = addpressed, .when = dictwhenidle},
+    {.code = KEYPRESS | KEYESCAPE, .keyed = cancelpressed, .when = dictwhenidle},
+};
+
+errorblock *countshow(wordview *view)
+{
+    return seticontextf(editor.self, EDITCOUNT, "%d",
+                        static_cast<int32_t>(dictcount(view->wordrows)));
+}
+
+errorblock *editfill()
+{
+    char title[sizeof "{EDIT} ()" + sizeof editor.name];
+    errorblock *err = xzsnprintf(sizeof title, nullptr, title, "{EDIT} (%s)", editor.name);
+    if (!err) err = settitle(editor.self, title);
+    if (!err)
+        err = wordviewopen(&editor.view, editor.self, EDITWORD, EDITLIST, editor.view.wordrows);
+    if (!err) err = addhandlers(editor.view.pane, listhandlers);
+    if (!err) err = editdropsadd();
+    if (!err) err = countshow(&editor.view);
+    return err;
+}
+
+errorblock *editshown()
+{
+    return wordviewplace(&editor.view);
+}
+
+void editending()
+{
+    if (!editor.view.pane) return;
+    editdropsremove();
+    remhandlers(editor.view.pane, listhandlers);
+    wordviewclose(&editor.view);
+}
+
+errorblock *editclose()
+{
+    return dialogend(editdialog);
+}
+
 // The editor may have closed while a search came to its end.
-errorblock *addpressed(intptr_t)
+errorblock *addpressed()
 {
     return editor.self ? editadd(editor.number) : nullptr;
 }
 
-errorblock *deletepressed(intptr_t)
+errorblock *deletepressed()
 {
     return editor.self ? editdelete(editor.number) : nullptr;
 }
 
-errorblock *editclose();
-
-errorblock *okpressed(intptr_t)
+errorblock *okpressed()
 {
     if (!editor.self) return nullptr;
     dictsavechanges();
     return editclose();
 }
 
-errorblock *cancelpressed(intptr_t)
+errorblock *cancelpressed()
 {
     if (!editor.self) return nullptr;
     bool inuse = false;
@@ -54,94 +125,9 @@ errorblock *cancelpressed(intptr_t)
     return firsterror(kept, err);
 }
 
-struct pressrow {
-    int32_t control;
-    errorblock *(*function)(intptr_t);
-};
-
-const pressrow presses[] = {
-    {EDITADD, addpressed},
-    {EDITDELETE, deletepressed},
-    {EDITOK, okpressed},
-    {DIALOGCANCEL, cancelpressed},
-};
-
-errorblock *editclick(window, intptr_t, mouserecord *mouse)
-{
-    if (mouse->buttons != BUTTONLEFT) return nullptr;
-    for (const pressrow &row : presses)
-        if (row.control == mouse->icon) return dictwhenidle(row.function, 0);
-    return nullptr;
-}
-
-// With a button in focus Return presses that.
-errorblock *editkey(window, intptr_t, int32_t icon, int32_t *code)
-{
-    if ((*code & ~KEYPRESS) != KEYRETURN || (icon != EDITWORD && icon != -1)) return nullptr;
-    *code = KEYCLAIMED;
-    return dictwhenidle(addpressed, 0);
-}
-
-errorblock *listkey(window, intptr_t, int32_t, int32_t *code)
-{
-    bool escape = *code == (KEYPRESS | KEYESCAPE);
-    if (!escape && (*code & ~KEYPRESS) != KEYRETURN) return nullptr;
-    *code = KEYCLAIMED;
-    return dictwhenidle(escape ? cancelpressed : addpressed, 0);
-}
-
-errorblock *editclosed(window, intptr_t)
-{
-    return editclose();
-}
-
 errorblock *listmenu(wordview *)
 {
     return popupmenu(editor.view.pane, MENUWORDLISTITEMS);
-}
-
-errorblock *handlersadd()
-{
-    errorblock *err = addclickhandler(editclick, editor.self, 0);
-    if (!err) err = addkeyhandler(editkey, editor.self, 0);
-    if (!err) err = addclosehandler(editclosed, editor.self, 0);
-    if (!err) err = addkeyhandler(listkey, editor.view.pane, 0);
-    if (!err) err = editdropsadd();
-    return err;
-}
-
-errorblock *editclose()
-{
-    if (!editor.self) return nullptr;
-    remclickhandler(editclick, editor.self, 0);
-    remkeyhandler(editkey, editor.self, 0);
-    remclosehandler(editclosed, editor.self, 0);
-    if (editor.view.pane) {
-        remkeyhandler(listkey, editor.view.pane, 0);
-        editdropsremove();
-    }
-    wordviewclose(&editor.view);
-    return removewindow(&editor.self);
-}
-
-errorblock *countshow(wordview *view)
-{
-    return seticontextf(editor.self, EDITCOUNT, "%d",
-                        static_cast<int32_t>(dictcount(view->wordrows)));
-}
-
-errorblock *editcreate(window parent, const Dictionary *dict)
-{
-    char title[sizeof "{EDIT} ()" + sizeof editor.name];
-    errorblock *err = xzsnprintf(sizeof title, nullptr, title, "{EDIT} (%s)", editor.name);
-    if (!err) err = createwindow(TEMPLATEEDIT, title, &editor.self, parent);
-    if (!err) err = wordviewopen(&editor.view, editor.self, EDITWORD, EDITLIST, dict);
-    if (!err) err = handlersadd();
-    if (!err) err = countshow(&editor.view);
-    if (!err) err = opencentred(editor.self, 0);
-    if (!err) err = wordviewplace(&editor.view);
-    if (!err) err = setcaret(editor.self, EDITWORD, 0, 0, 0, 0);
-    return err;
 }
 
 // One that can't be read as a name any more, or has no record, is gone.
@@ -163,14 +149,10 @@ errorblock *editopen(window parent, uint32_t number, Dictionary *dict, const cha
     strcopyn(editor.name, name, sizeof editor.name);
     editor.view.wordrows = dict;
     editor.view.rowsel = editor.view.rowcaret = -1;
-    if (editor.self) return raisewindow(editor.self, 0, nullptr);
     editor.view.arrowscaret = true;
     editor.view.menu = listmenu;
     editor.view.follow = countshow;
-    errorblock *err = editcreate(parent, dict);
-    if (!err) return nullptr;
-    kepterror kept = keeperror(err);
-    return firsterror(kept, editclose());
+    return dialogopen(editdialog, parent);
 }
 
 errorblock *editadd(uint32_t number)

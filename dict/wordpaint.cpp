@@ -84,9 +84,9 @@ errorblock *listpaint(const redrawrecord &r, intptr_t view)
 
 } // namespace
 
-errorblock *wordviewredraw(window self, intptr_t data)
+errorblock *wordviewredraw(window self, intptr_t)
 {
-    return redrawwith(self, listpaint, data);
+    return redrawwith(self, listpaint, reinterpret_cast<intptr_t>(wordviewof(self)));
 }
 
 void dictmetricsupdate(const fontrecord *font)

@@ -1,6 +1,6 @@
 #include "dict/wordview.h"
 
-#include "desktop/handlers.h"
+#include "desktop/handlertable.h"
 #include "desktop/icons.h"
 #include "desktop/keys.h"
 #include "desktop/templates.h"
@@ -71,9 +71,9 @@ errorblock *rowstep(wordview *view, int32_t by)
     return err;
 }
 
-errorblock *viewkey(window, intptr_t data, int32_t, int32_t *code)
+errorblock *viewkey(window pane, intptr_t, int32_t, int32_t *code)
 {
-    auto view = reinterpret_cast<wordview *>(data);
+    wordview *view = wordviewof(pane);
     int32_t key = *code;
     *code = KEYCLAIMED;
     switch (key) {
@@ -103,9 +103,9 @@ errorblock *rowclick(wordview *view, const mouserecord *mouse)
     return err;
 }
 
-errorblock *viewclick(window, intptr_t data, mouserecord *mouse)
+errorblock *viewclick(window pane, intptr_t, mouserecord *mouse)
 {
-    auto view = reinterpret_cast<wordview *>(data);
+    wordview *view = wordviewof(pane);
     if (mouse->buttons == BUTTONLEFT) return rowclick(view, mouse);
     if (mouse->buttons == BUTTONRIGHT && view->menu) return view->menu(view);
     return nullptr;
@@ -125,52 +125,41 @@ errorblock *caretrow(const wordview *view, int32_t *row)
     return nullptr;
 }
 
-errorblock *viewfocus(window, intptr_t data, int gained)
+errorblock *viewfocus(window pane, intptr_t, int gained)
 {
-    auto view = reinterpret_cast<wordview *>(data);
+    wordview *view = wordviewof(pane);
     int32_t row = view->rowcaret;
     errorblock *err = gained ? caretrow(view, &row) : nullptr;
     view->rowcaret = gained ? row : -1;
     return err || row < 0 ? err : wordviewpaint(view, row);
 }
 
-errorblock *fieldchanged(window, int32_t icon, intptr_t data)
+errorblock *fieldchanged(window owner, int32_t icon, intptr_t)
 {
-    auto view = reinterpret_cast<wordview *>(data);
+    wordview *view = wordviewof(owner);
     return icon == view->field ? wordviewsync(view) : nullptr;
 }
 
-errorblock *handlersadd(wordview *view)
-{
-    auto data = reinterpret_cast<intptr_t>(view);
-    errorblock *err = addredrawhandler(wordviewredraw, view->pane, data);
-    if (!err) err = addclickhandler(viewclick, view->pane, data);
-    if (!err) err = addkeyhandler(viewkey, view->pane, data);
-    if (!err) err = addfocushandler(viewfocus, view->pane, data);
-    if (!err) err = addtextchangehandler(fieldchanged, view->owner, data);
-    return err;
-}
+constexpr handlertable panehandlers = {
+    {.redraw = wordviewredraw},
+    {.click = viewclick},
+    {.key = viewkey},
+    {.focus = viewfocus},
+};
 
-void handlersremove(wordview *view)
-{
-    auto data = reinterpret_cast<intptr_t>(view);
-    remredrawhandler(wordviewredraw, view->pane, data);
-    remclickhandler(viewclick, view->pane, data);
-    remkeyhandler(viewkey, view->pane, data);
-    remfocushandler(viewfocus, view->pane, data);
-    remtextchangehandler(fieldchanged, view->owner, data);
-}
-
-void unlink(wordview *view)
-{
-    for (wordview **link = &views; *link; link = &(*link)->next) {
-        if (*link != view) continue;
-        *link = view->next;
-        return;
-    }
-}
+constexpr handlertable ownerhandlers = {
+    {.textchange = fieldchanged},
+};
 
 } // namespace
+
+wordview *wordviewof(window w)
+{
+    wordview *view = views;
+    while (view && view->pane != w && view->owner != w)
+        view = view->next;
+    return view;
+}
 
 errorblock *wordviewopen(wordview *view, window owner, int32_t field, int32_t place,
                          const Dictionary *store)
@@ -186,7 +175,8 @@ errorblock *wordviewopen(wordview *view, window owner, int32_t field, int32_t pl
     if (err) return err;
     views = view;
     err = setbackground(view->pane, BACKGROUNDWHITE);
-    if (!err) err = handlersadd(view);
+    if (!err) err = addhandlers(view->pane, panehandlers);
+    if (!err) err = addhandlers(owner, ownerhandlers);
     if (!err) err = wordviewextent(view);
     if (err) wordviewclose(view);
     return err;
@@ -213,8 +203,12 @@ errorblock *wordviewplace(wordview *view)
 void wordviewclose(wordview *view)
 {
     if (!view->pane) return;
-    unlink(view);
-    handlersremove(view);
+    wordview **link = &views;
+    while (*link != view)
+        link = &(*link)->next;
+    *link = view->next;
+    remhandlers(view->owner, ownerhandlers);
+    remhandlers(view->pane, panehandlers);
     removewindow(&view->pane);
 }
 

@@ -58,6 +58,9 @@ errorblock *wordviewplace(wordview *view);
 // The pane goes. Does nothing to a closed view.
 void wordviewclose(wordview *view);
 
+// The open view of a pane, or of an owner; 0 for none.
+wordview *wordviewof(window w);
+
 // The store has another number of words.
 errorblock *wordviewextent(wordview *view);
 
@@ -77,8 +80,7 @@ errorblock *wordviewsync(wordview *view);
 // field stays.
 errorblock *wordviewselect(wordview *view, int32_t row);
 
-// Paints the rows that meet the clip: the pane's redraw handler, whose data is the
-// view.
+// Paints the rows that meet the clip: the pane's redraw handler.
 errorblock *wordviewredraw(window self, intptr_t data);
 
 // Words came or went, or stores have moved: every open view, whoever changed them,

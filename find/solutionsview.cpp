@@ -2,7 +2,7 @@
 
 #include "base/boxes.h"
 #include "base/flex.h"
-#include "desktop/handlers.h"
+#include "desktop/handlertable.h"
 #include "desktop/keys.h"
 #include "desktop/redraw.h"
 #include "desktop/templates.h"
@@ -189,6 +189,11 @@ errorblock *listclick(window self, intptr_t, mouserecord *mouse)
     return nullptr;
 }
 
+constexpr handlertable listhandlers = {
+    {.redraw = listredraw},
+    {.click = listclick},
+};
+
 errorblock *listextent()
 {
     return setextent(solutionswindow, 0, -solutions.count * solutions.rowheight,
@@ -202,8 +207,7 @@ errorblock *solutionsopen(window parent)
     metricsupdate();
     errorblock *err = createchild(TEMPLATESOLUTIONS, &solutionswindow, parent);
     if (!err) err = setbackground(solutionswindow, BACKGROUNDWHITE);
-    if (!err) err = addredrawhandler(listredraw, solutionswindow, 0);
-    if (!err) err = addclickhandler(listclick, solutionswindow, 0);
+    if (!err) err = addhandlers(solutionswindow, listhandlers);
     if (!err) err = listextent();
     return err;
 }

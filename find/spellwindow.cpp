@@ -8,13 +8,11 @@
 #include "base/trace.h"
 #include "desktop/combo.h"
 #include "desktop/confirm.h"
+#include "desktop/dialogs.h"
 #include "desktop/eventsource.h"
-#include "desktop/handlers.h"
 #include "desktop/hourglass.h"
 #include "desktop/icons.h"
 #include "desktop/keys.h"
-#include "desktop/subclass.h"
-#include "desktop/templates.h"
 #include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
 #include "find/spell.h"
@@ -28,6 +26,42 @@ namespace
 {
 
 constexpr uint32_t INFORMATION = 2 << 16; // an askbox with OK alone
+
+errorblock *windowfill();
+errorblock *windowshown();
+void windowending();
+errorblock *browseswitch();
+errorblock *addpressed();
+errorblock *nextpressed();
+errorblock *closepressed();
+errorblock *addmessage(const systemmessage *message, intptr_t, int *stop, intptr_t *);
+
+// A search walks the dictionaries and writes into the grid: what would disturb it, or
+// be led astray, waits until it has stopped.
+constexpr dialogrecord checkdialog = {
+    .self = &check.self,
+    .number = TEMPLATECHECK,
+    .handlers =
+        {
+            {.control = CHECKBROWSE, .press = browseswitch},
+            {.control = CHECKADD, .press = addpressed, .when = dictwhenidle},
+            {.control = CHECKADD, .subclass = addmessage},
+            {.control = CHECKCONTINUE, .press = nextpressed, .when = dictwhenidle},
+            {.control = CHECKCLOSE, .press = closepressed, .when = dictwhenidle},
+            {.code = KEYEITHER | KEYRETURN, .keyed = nextpressed, .when = dictwhenidle},
+            {.code = KEYEITHER | KEYESCAPE, .keyed = closepressed, .when = dictwhenidle},
+            {.closed = closepressed, .when = dictwhenidle},
+        },
+    .fill = windowfill,
+    .shown = windowshown,
+    .ending = windowending,
+    .focus = CHECKFIELD,
+};
+
+constexpr handlertable listhandlers = {
+    {.code = KEYEITHER | KEYRETURN, .keyed = nextpressed, .when = dictwhenidle},
+    {.code = KEYEITHER | KEYESCAPE, .keyed = closepressed, .when = dictwhenidle},
+};
 
 const Dictionary nowords = {};
 
@@ -158,8 +192,6 @@ errorblock *checkadd()
     return record ? wordadd(record) : makeerror(ENOD);
 }
 
-errorblock *windowend();
-
 // Yes keeps, No doesn't, and Escape leaves them as they are.
 errorblock *changesask(int *answer)
 {
@@ -192,14 +224,14 @@ errorblock *checkclose()
         listrenew(); // the suggestions are gone
         return firsterror(kept, nullptr);
     }
-    errorblock *err = windowend();
+    errorblock *err = dialogend(checkdialog);
     kept = keeperror(err);
     if (answer == 1) err = dictsavechanges();
     if (answer == 0) err = discard();
     return firsterror(kept, err);
 }
 
-errorblock *browseclick()
+errorblock *browseswitch()
 {
     bool same;
     errorblock *err = namesfollow(&same);
@@ -207,38 +239,26 @@ errorblock *browseclick()
     return err ? err : seticonselected(check.self, CHECKBROWSE, check.browsing);
 }
 
-// A search walks the dictionaries and writes into the grid: what would disturb
-// it, or be led astray, waits until it has stopped. By then the window may be
-// closed.
-errorblock *nextidle(intptr_t)
+// The window may be closed by the time that a search has stopped.
+errorblock *nextpressed()
 {
     return check.self ? checknext() : nullptr;
 }
 
-errorblock *closeidle(intptr_t)
+errorblock *closepressed()
 {
     return check.self ? checkclose() : nullptr;
 }
 
-errorblock *addidle(intptr_t thennext)
+errorblock *addpressed()
 {
-    errorblock *err = check.self ? checkadd() : nullptr;
-    return err || !thennext ? err : nextidle(0);
+    return check.self ? checkadd() : nullptr;
 }
 
-errorblock *clicked(window, intptr_t, mouserecord *mouse)
+errorblock *addthennext(intptr_t)
 {
-    switch (mouse->icon) {
-    case CHECKBROWSE:
-        return browseclick();
-    case CHECKADD:
-        return dictwhenidle(addidle, mouse->buttons & BUTTONRIGHT);
-    case CHECKCONTINUE:
-        return dictwhenidle(nextidle, 0);
-    case CHECKCLOSE:
-        return dictwhenidle(closeidle, 0);
-    }
-    return nullptr;
+    errorblock *err = addpressed();
+    return err ? err : nextpressed();
 }
 
 // The system's buttons answer the left button alone. Fast presses come in pairs.
@@ -247,24 +267,8 @@ errorblock *addmessage(const systemmessage *message, intptr_t, int *stop, intptr
     if (message->message != SYSTEMRIGHTDOWN && message->message != SYSTEMRIGHTDOUBLE)
         return nullptr;
     *stop = 1;
-    mouserecord mouse = {};
-    mouse.buttons = BUTTONRIGHT;
-    mouse.icon = CHECKADD;
-    reporterror(clicked(check.self, 0, &mouse));
+    reporterror(dictwhenidle(addthennext, 0));
     return nullptr;
-}
-
-errorblock *keyed(window, intptr_t, int32_t, int32_t *code)
-{
-    int32_t key = *code & ~KEYPRESS;
-    if (key != KEYRETURN && key != KEYESCAPE) return nullptr;
-    *code = KEYCLAIMED;
-    return dictwhenidle(key == KEYRETURN ? nextidle : closeidle, 0);
-}
-
-errorblock *closed(window, intptr_t)
-{
-    return dictwhenidle(closeidle, 0);
 }
 
 errorblock *chosen(int32_t, window, intptr_t, int32_t index, int32_t)
@@ -275,54 +279,38 @@ errorblock *chosen(int32_t, window, intptr_t, int32_t index, int32_t)
     return check.browsing ? browse() : nullptr;
 }
 
-errorblock *handlersadd()
-{
-    errorblock *err = addclickhandler(clicked, check.self, 0);
-    if (!err) err = addsubclasshandler(check.self, CHECKADD, 0, addmessage);
-    if (!err) err = addkeyhandler(keyed, check.self, 0);
-    if (!err) err = addkeyhandler(keyed, check.view.pane, 0);
-    if (!err) err = addclosehandler(closed, check.self, 0);
-    return err;
-}
-
-// From any point of the opening, or when the window is gone already.
-errorblock *windowend()
-{
-    if (!check.self) return nullptr;
-    if (check.combo) remcombo(check.combo);
-    check.combo = nullptr;
-    remclosehandler(closed, check.self, 0);
-    if (check.view.pane) remkeyhandler(keyed, check.view.pane, 0);
-    remkeyhandler(keyed, check.self, 0);
-    remsubclasshandler(check.self, CHECKADD, 0, addmessage);
-    remclickhandler(clicked, check.self, 0);
-    wordviewclose(&check.view);
-    return removewindow(&check.self);
-}
-
-errorblock *windowmake()
+errorblock *windowfill()
 {
     check.dictionary = 0;
     check.view.follow = storefollow;
-    errorblock *err = createwindow(TEMPLATECHECK, "{SPCH}", &check.self, check.parent);
-    if (!err) err = titleset();
+    errorblock *err = titleset();
     if (!err) err = wordviewopen(&check.view, check.self, CHECKFIELD, CHECKLIST, rowsnow());
-    if (!err) err = handlersadd();
+    if (!err) err = addhandlers(check.view.pane, listhandlers);
     if (!err) err = addcombo(check.self, 0, CHECKDICTIONARY, &check.combo, chosen);
     if (!err) err = namesfill();
-    if (!err) err = opencentred(check.self, 0);
-    if (!err) err = wordviewplace(&check.view);
-    if (!err) err = seticonselected(check.self, CHECKBROWSE, check.browsing);
     return err;
+}
+
+errorblock *windowshown()
+{
+    errorblock *err = wordviewplace(&check.view);
+    return err ? err : seticonselected(check.self, CHECKBROWSE, check.browsing);
+}
+
+void windowending()
+{
+    if (check.combo) remcombo(check.combo);
+    check.combo = nullptr;
+    if (check.view.pane) remhandlers(check.view.pane, listhandlers);
+    wordviewclose(&check.view);
 }
 
 errorblock *windowopen()
 {
-    errorblock *err = windowmake();
+    errorblock *err = dialogopen(checkdialog, check.parent);
     if (!err) return nullptr;
     kepterror kept = keeperror(err);
     spellend();
-    windowend();
     return firsterror(kept, nullptr);
 }
 

@@ -5,6 +5,6 @@
 
 struct errorblock;
 
-// Opens it, or brings it to the front. While it is open, its owner takes no
+// Opens it, or brings it to the front. While it is open, its parent takes no
 // input. A number that can't be a size stands for the one that the grid has.
-errorblock *gridsizeopen(window owner);
+errorblock *gridsizeopen(window parent);

@@ -2,7 +2,7 @@
 
 #include "base/boxes.h"
 #include "base/random.h"
-#include "desktop/handlers.h"
+#include "desktop/handlertable.h"
 #include "desktop/templates.h"
 #include "desktop/windows.h"
 #include "graphics/plot.h"
@@ -21,14 +21,15 @@ window gridwindow;
 namespace
 {
 
-errorblock *handlersadd(window parent)
-{
-    errorblock *err = addredrawhandler(gridpaint, gridwindow, 0);
-    if (!err) err = addclickhandler(gridclick, gridwindow, 0);
-    if (!err) err = addkeyhandler(gridkey, gridwindow, 0);
-    if (!err) err = addkeyhandler(gridkey, parent, 0);
-    return err;
-}
+constexpr handlertable gridhandlers = {
+    {.redraw = gridpaint},
+    {.click = gridclick},
+    {.key = gridkey},
+};
+
+constexpr handlertable parenthandlers = {
+    {.key = gridkey},
+};
 
 errorblock *extentset()
 {
@@ -62,7 +63,8 @@ errorblock *gridviewopen(window parent)
     randomseed(static_cast<uint32_t>(time(nullptr)));
     errorblock *err = createchild(TEMPLATEGRID, &gridwindow, parent);
     if (!err) err = setbackground(gridwindow, BACKGROUNDWHITE);
-    if (!err) err = handlersadd(parent);
+    if (!err) err = addhandlers(gridwindow, gridhandlers);
+    if (!err) err = addhandlers(parent, parenthandlers);
     if (!err) err = setflags(gridwindow, WINDOWFIXED | WINDOWNONAVIGATION, 0);
     if (!err) err = extentset();
     return err;

@@ -2,14 +2,10 @@
 #include "desktop/help.h"
 
 #include "base/messages.h"
-#include "base/syserr.h"
-#include "desktop/handlers.h"
+#include "desktop/dialogs.h"
 #include "desktop/helpsystem.h"
 #include "desktop/icons.h"
 #include "desktop/keys.h"
-#include "desktop/templates.h"
-#include "desktop/wdata.h"
-#include "desktop/windows.h"
 #include "resources/identifiers.h"
 
 #include <cstring>
@@ -17,95 +13,76 @@
 namespace
 {
 
-window box; // 0 while it is closed
+// What it was asked to show.
+struct {
+    window self; // 0 while it is closed
+    int32_t version;
+    const char *date, *name;
+} box;
 
-// What each link opens.
-struct linkrow {
-    int32_t icon;
-    const char *address;
-};
-
-constexpr linkrow LINKS[] = {
-    {INFOWEB, "{WEB}"},
-    {INFOMAIL, "mailto:{EMAIL}"},
-    {INFOHOME, "{HOME}"},
-};
-
-errorblock *linkopen(window w, const char *address)
-{
-    char expanded[256];
-    std::strcpy(expanded, address);
-    expandtokens(expanded, sizeof expanded);
-    return helpsystemopen(w, expanded);
-}
-
+errorblock *boxfill();
+errorblock *linkclick(window self, intptr_t data, mouserecord *mouse);
 errorblock *boxclose();
 
-errorblock *clicked(window self, intptr_t, mouserecord *mouse)
+constexpr dialogrecord aboutdialog = {
+    .self = &box.self,
+    .number = TEMPLATEINFO,
+    .handlers =
+        {
+            {.control = DIALOGOK, .press = boxclose},
+            {.click = linkclick},
+            {.closed = boxclose},
+            {.code = KEYESCAPE, .keyed = boxclose},
+            {.helptemplate = TEMPLATEINFO},
+        },
+    .fill = boxfill,
+    .focus = DIALOGOK,
+};
+
+errorblock *boxfill()
 {
-    if (mouse->icon == DIALOGOK) return boxclose();
-    for (const linkrow &row : LINKS)
-        if (row.icon == mouse->icon) return linkopen(self, row.address);
+    errorblock *err = settitle(box.self, "{ABOUT}");
+    if (!err)
+        err = seticontextf(box.self, INFOVERSION, "%d.%02d %s", static_cast<int>(box.version / 100),
+                           static_cast<int>(box.version % 100), box.date);
+    if (!err) err = seticontextf(box.self, INFONAME, "%s", box.name ? box.name : "{NAME}");
+    if (!err) err = seticontextf(box.self, INFORIGHTS, "{COPY}");
+    if (!err) err = seticontextf(box.self, INFOAUTHOR, "{AUTHOR}");
+    return err;
+}
+
+// Both buttons open a link.
+errorblock *linkclick(window self, intptr_t, mouserecord *mouse)
+{
+    static const struct {
+        int32_t icon;
+        const char *address;
+    } links[] = {
+        {INFOWEB, "{WEB}"},
+        {INFOMAIL, "mailto:{EMAIL}"},
+        {INFOHOME, "{HOME}"},
+    };
+    for (const auto &row : links) {
+        if (row.icon != mouse->icon) continue;
+        char expanded[256];
+        std::strcpy(expanded, row.address);
+        expandtokens(expanded, sizeof expanded);
+        return helpsystemopen(self, expanded);
+    }
     return nullptr;
 }
 
-errorblock *keyed(window, intptr_t, int32_t, int32_t *code)
-{
-    if (*code != KEYESCAPE) return nullptr;
-    *code = KEYCLAIMED;
-    return boxclose();
-}
-
-errorblock *closed(window, intptr_t)
-{
-    return boxclose();
-}
-
-errorblock *handlersadd()
-{
-    errorblock *err = addclickhandler(clicked, box, 0);
-    if (!err) err = addclosehandler(closed, box, 0);
-    if (!err) err = addkeyhandler(keyed, box, 0);
-    if (!err) err = addhelphandler(nullptr, box, TEMPLATEINFO);
-    return err;
-}
-
-// The window may have gone with its parent.
 errorblock *boxclose()
 {
-    remhelphandler(nullptr, box, TEMPLATEINFO);
-    remkeyhandler(keyed, box, 0);
-    remclosehandler(closed, box, 0);
-    remclickhandler(clicked, box, 0);
-    errorblock *err = wdatafind(box) ? removewindow(&box) : nullptr;
-    box = 0;
-    return err;
-}
-
-errorblock *fill(int32_t version, const char *date, const char *name)
-{
-    errorblock *err = seticontextf(box, INFOVERSION, "%d.%02d %s", static_cast<int>(version / 100),
-                                   static_cast<int>(version % 100), date);
-    if (!err) err = seticontextf(box, INFONAME, "%s", name ? name : "{NAME}");
-    if (!err) err = seticontextf(box, INFORIGHTS, "{COPY}");
-    if (!err) err = seticontextf(box, INFOAUTHOR, "{AUTHOR}");
-    return err;
+    return dialogend(aboutdialog);
 }
 
 } // namespace
 
 errorblock *showabout(window w, int32_t version, const char *date, const char *name)
 {
-    if (box && wdatafind(box)) return raisewindow(box, 0, nullptr);
-    if (box) boxclose();
-    errorblock *err = createwindow(TEMPLATEINFO, "{ABOUT}", &box, w);
-    if (err) return err;
-    err = fill(version, date, name);
-    if (!err) err = handlersadd();
-    if (!err) err = opencentred(box, 0);
-    if (!err) err = focusicon(box, DIALOGOK);
-    if (!err) return nullptr;
-    kepterror kept = keeperror(err);
-    boxclose();
-    return firsterror(kept, nullptr);
+    box.version = version;
+    box.date = date;
+    box.name = name;
+    return dialogopen(aboutdialog, w);
 }

@@ -6,7 +6,6 @@
 #include "base/syserr.h"
 #include "base/trace.h"
 #include "desktop/dialogs.h"
-#include "desktop/handlers.h"
 #include "desktop/icons.h"
 #include "desktop/keys.h"
 #include "desktop/poll.h"
@@ -51,36 +50,17 @@ constexpr buttonrow BUTTONS[] = {
 constexpr int32_t ALLBUTTONS[] = {QUESTIONNO,          QUESTIONYES,           QUESTIONDISCARD,
                                   QUESTIONCANCELOFTWO, QUESTIONCANCELOFTHREE, QUESTIONSAVE};
 
-bool iconused(int32_t icon)
+// The row of a button in a question of this kind, 0 if it hasn't that.
+const buttonrow *buttonof(intptr_t icon)
 {
     for (const buttonrow &row : BUTTONS)
-        if (row.icon == icon && row.kind == question.kind) return true;
-    return false;
-}
-
-// Buttons of several kinds share their places in the template.
-errorblock *unusedremove()
-{
-    errorblock *err = nullptr;
-    for (int32_t icon : ALLBUTTONS)
-        if (!err && !iconused(icon)) err = deleteicon(question.open, icon);
-    return err;
-}
-
-// Return presses the button that it stands for, and the system shows which that is.
-errorblock *defaultset()
-{
-    errorblock *err = nullptr;
-    for (const buttonrow &row : BUTTONS)
-        if (!err && row.kind == question.kind && row.otherkey == KEYRETURN)
-            err = seticondefault(question.open, row.icon);
-    return err;
+        if (row.icon == icon && row.kind == question.kind) return &row;
+    return nullptr;
 }
 
 errorblock *clicked(window, intptr_t, mouserecord *mouse)
 {
-    for (const buttonrow &row : BUTTONS)
-        if (row.kind == question.kind && row.icon == mouse->icon) question.answer = row.answer;
+    if (const buttonrow *row = buttonof(mouse->icon)) question.answer = row->answer;
     return nullptr;
 }
 
@@ -98,68 +78,52 @@ errorblock *keyed(window, intptr_t, int32_t, int32_t *code)
     return nullptr;
 }
 
-errorblock *closed(window, intptr_t)
+errorblock *closed()
 {
     question.answer = CANCELLED;
     return nullptr;
 }
 
-errorblock *handlersadd(window w)
+constexpr handlertable handlers = {
+    {.key = keyed},
+    {.click = clicked},
+    {.closed = closed},
+    {.helptemplate = TEMPLATECONFIRM},
+};
+
+// Buttons of several kinds share their places in the template: those of others go.
+// Return presses the button that it stands for, and the system shows which that is.
+errorblock *boxfill(const char *text)
 {
-    errorblock *err = addkeyhandler(keyed, w, 0);
-    if (!err) err = addclickhandler(clicked, w, 0);
-    if (!err) err = addclosehandler(closed, w, 0);
-    if (!err) err = addhelphandler(nullptr, w, TEMPLATECONFIRM);
+    errorblock *err = seticontext(question.open, QUESTIONTEXT, text);
+    for (int32_t icon : ALLBUTTONS)
+        if (!err && !buttonof(icon)) err = deleteicon(question.open, icon);
+    for (const buttonrow &row : BUTTONS)
+        if (!err && row.kind == question.kind && row.otherkey == KEYRETURN)
+            err = seticondefault(question.open, row.icon);
     return err;
 }
 
-void handlersremove(window w)
-{
-    remhelphandler(nullptr, w, TEMPLATECONFIRM);
-    remclosehandler(closed, w, 0);
-    remclickhandler(clicked, w, 0);
-    remkeyhandler(keyed, w, 0);
-}
-
-// The window may go with its parent while the poll runs.
-void answerwait(window w)
-{
-    while (question.answer == PENDING && wdatafind(w))
-        pollonce();
-    if (question.answer == PENDING) question.answer = CANCELLED;
-}
-
-errorblock *answerask(window w)
-{
-    errorblock *err = opencentred(w, 0);
-    if (!err) err = focuswindow(w);
-    if (!err) answerwait(w);
-    return err;
-}
-
-// The parent takes input again before the box goes: the system would make
-// another program's window the active one.
-errorblock *asked(window w, window parent)
-{
-    enablewindow(parent, 0);
-    errorblock *err = handlersadd(w);
-    if (!err) err = answerask(w);
-    kepterror kept = keeperror(err);
-    enablewindow(parent, 1);
-    handlersremove(w);
-    return firsterror(kept, nullptr);
-}
-
+// POLLS. The window may go with its parent meanwhile. Else the parent takes input
+// again before the box goes: the system would make another program's window the
+// active one.
 errorblock *boxask(window parent, const char *text)
 {
     errorblock *err = createwindow(TEMPLATECONFIRM, tasktitle(), &question.open, parent);
     if (err) return err;
     window w = question.open;
-    err = seticontext(w, QUESTIONTEXT, text);
-    if (!err) err = unusedremove();
-    if (!err) err = defaultset();
-    if (!err) err = asked(w, parent);
+    enablewindow(parent, 0);
+    err = boxfill(text);
+    if (!err) err = addhandlers(w, handlers);
+    if (!err) err = opencentred(w, 0);
+    if (!err) err = focuswindow(w);
+    while (!err && question.answer == PENDING && wdatafind(w))
+        pollonce();
+    if (question.answer == PENDING) question.answer = CANCELLED;
+
     kepterror kept = keeperror(err);
+    enablewindow(parent, 1);
+    remhandlers(w, handlers);
     if (wdatafind(w)) err = removewindow(&question.open);
     question.open = 0;
     return firsterror(kept, err);

@@ -1,0 +1,89 @@
+#include "desktop/dialogs.h"
+
+#include "base/errors.h"
+#include "desktop/blocks.h"
+#include "desktop/icons.h"
+#include "desktop/windows.h"
+#include "tests/desktop/win32/eventwindow.h"
+
+#include <doctest/doctest.h>
+
+#include <windows.h>
+
+namespace
+{
+
+window self, locked;
+const char *failing; // the step that fails, 0 for none
+
+errorblock *step(const char *name)
+{
+    said("%s %d;", name, IsWindowVisible(reinterpret_cast<HWND>(self)) != 0);
+    return name == failing ? makeerrortext(77, "It failed") : nullptr;
+}
+
+constexpr char FILL[] = "fill", SHOWN[] = "shown";
+
+errorblock *ended();
+
+constexpr dialogrecord dialog = {
+    .self = &self,
+    .locked = &locked,
+    .number = EVENTCONTROLS,
+    .handlers = {{.control = EVENTBUTTON, .press = ended}, {.closed = ended}},
+    .fill = [] { return step(FILL); },
+    .shown = [] { return step(SHOWN); },
+    .ending = [] { step("ending"); },
+    .focus = EVENTFIELD2,
+};
+
+errorblock *ended()
+{
+    return dialogend(dialog);
+}
+
+bool enabled(window w)
+{
+    return IsWindowEnabled(reinterpret_cast<HWND>(w));
+}
+
+} // namespace
+
+TEST_CASE("a dialog opens step by step, locks its owner, and ends whole from any step")
+{
+    eventwindow owner(EVENTPLAIN);
+    int32_t blocks = blockcount();
+    for (const char *step : {FILL, SHOWN}) {
+        failing = step;
+        errorblock *err = dialogopen(dialog, owner.w);
+        REQUIRE(err);
+        CHECK(err->code == 77);
+        CHECK(taken() == (step == FILL ? "fill 0;ending 0;" : "fill 0;shown 1;ending 1;"));
+        CHECK(self == 0);
+        CHECK(enabled(owner.w));
+        CHECK(blockcount() == blocks);
+    }
+    failing = nullptr;
+    for (bool box : {false, true}) {
+        REQUIRE_FALSE(dialogopen(dialog, owner.w));
+        CHECK(taken() == "fill 0;shown 1;");
+        CHECK_FALSE(enabled(owner.w));
+        CHECK(blockcount() == blocks + 2);
+        window w;
+        int32_t icon;
+        REQUIRE_FALSE(getcaretpair(&w, &icon));
+        CHECK(icon == EVENTFIELD2);
+        REQUIRE_FALSE(dialogopen(dialog, owner.w)); // it is there
+        CHECK(taken() == "");
+        if (box)
+            SendMessageA(reinterpret_cast<HWND>(self), WM_CLOSE, 0, 0);
+        else
+            driveiconclick(self, EVENTBUTTON);
+        CHECK(taken() == "ending 1;");
+        CHECK(self == 0);
+        CHECK(enabled(owner.w));
+        CHECK(blockcount() == blocks);
+    }
+    CHECK_FALSE(dialogend(dialog));
+    CHECK(taken() == "");
+}
