@@ -3,7 +3,6 @@
 #include "desktop/blocks.h"
 #include "desktop/handlers.h"
 #include "desktop/poll.h"
-#include "tests/support/hands.h"
 
 #include <windows.h>
 
@@ -17,26 +16,6 @@ static const DWORD mainthread = GetCurrentThreadId();
 static bool onmain()
 {
     return GetCurrentThreadId() == mainthread;
-}
-
-static HWND handle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
-
-uint32_t driveprocess()
-{
-    return GetCurrentProcessId();
-}
-
-// The window's own thread needs time for each input; the other thread gives it
-// some.
-void drivesettle()
-{
-    if (onmain())
-        drivepump();
-    else
-        Sleep(30);
 }
 
 // Timers that go on for ever, such as a caret's and, under Wine, that of a button
@@ -80,18 +59,16 @@ void drivepump(int quiet)
     }
 }
 
-bool drivewait(const std::function<bool()> &condition, int milliseconds)
+static void pausehere(int quiet)
 {
-    DWORD start = GetTickCount();
-    do {
-        if (condition()) return true;
-        if (onmain())
-            drivepump(10);
-        else
-            Sleep(10);
-    } while (GetTickCount() - start < static_cast<DWORD>(milliseconds));
-    return condition();
+    if (onmain())
+        drivepump(quiet);
+    else
+        Sleep(static_cast<DWORD>(quiet) * 3 / 2);
 }
+
+// Before any hand moves.
+[[maybe_unused]] static const bool chosen = (drivepause = pausehere, true);
 
 void driveaside(const std::function<void()> &work, const std::function<void()> &script)
 {
@@ -106,83 +83,39 @@ void driveaside(const std::function<void()> &work, const std::function<void()> &
     other.join();
 }
 
-namespace
-{
-
-// Of a box that has just come up: its parts need a moment to be there.
-std::string boxtext(HWND box)
-{
-    for (int tries = 0; tries < 100; tries++) {
-        HWND label = GetDlgItem(box, 0xFFFF);
-        char text[1024] = "";
-        if (label && SendMessageA(label, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text)))
-            return text;
-        Sleep(10);
-    }
-    return "";
-}
-
-void boxpress(HWND box, int button)
-{
-    PostMessageA(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
-}
-
-// While work runs, hands the box of the system that comes up to script: whether
-// one did before work was over.
-bool boxaside(const std::function<void()> &work, const std::function<void(HWND)> &script)
+// While work runs, hands the box of the system that comes up to script: whether one
+// did before work was over.
+static bool boxaside(const std::function<void()> &work, const std::function<void(window)> &script)
 {
     std::atomic<bool> worked = false;
-    bool found = false;
-    auto wait = [&] {
-        HWND box = nullptr;
-        DWORD start = GetTickCount();
-        while (!box && !worked && GetTickCount() - start < 10000) {
-            box = handle(drivefind("", "#32770"));
-            if (!box) Sleep(10);
-        }
-        found = box;
-        if (!box) return;
-        drivefront(reinterpret_cast<window>(box));
-        script(box);
-    };
+    window box = 0;
     driveaside(
         [&] {
             work();
             worked = true;
         },
-        wait);
-    return found;
+        [&] {
+            drivewait([&] { return (box = drivefind("", "#32770")) != 0 || worked; }, 10000);
+            if (box) script(driveboxwait());
+        });
+    return box != 0;
 }
-
-} // namespace
 
 std::string drivebox(int button, const std::function<void()> &work)
 {
     std::string text;
-    boxaside(work, [&](HWND box) {
-        text = boxtext(box);
-        // A box with OK alone calls its button Cancel.
-        boxpress(box, GetDlgItem(box, button) ? button : IDCANCEL);
+    boxaside(work, [&](window box) {
+        text = driveboxtext(box);
+        driveboxanswer(box, button);
     });
     return text;
 }
 
 bool drivefilebox(const std::string &path, int row, bool ok, const std::function<void()> &work)
 {
-    return boxaside(work, [&](HWND box) {
+    return boxaside(work, [&](window box) {
         Sleep(100); // its own first messages
-        constexpr int types = 0x470, name = 0x480, names = 0x47C;
-        HWND typelist = GetDlgItem(box, types);
-        if (row && typelist) {
-            SendMessageA(typelist, CB_SETCURSEL, static_cast<WPARAM>(row - 1), 0);
-            SendMessageA(box, WM_COMMAND, MAKEWPARAM(types, CBN_SELENDOK),
-                         reinterpret_cast<LPARAM>(typelist));
-            Sleep(50);
-        }
-        for (int control : {names, name})
-            if (HWND edit = GetDlgItem(box, control); edit && !path.empty())
-                SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
-        boxpress(box, ok ? IDOK : IDCANCEL);
+        driveboxfile(box, path, row);
+        driveboxanswer(box, ok ? IDOK : IDCANCEL);
     });
 }

@@ -1,4 +1,4 @@
-#include "tests/support/hands.h"
+#include "tests/support/driver.h"
 
 #include "tools/gallerysheets/files.h"
 
@@ -8,8 +8,27 @@
 
 #include <cstring>
 
+uint32_t driven;
+
 namespace
 {
+
+constexpr int SETTLED = 20; // milliseconds after an input
+
+uint32_t process()
+{
+    return driven ? driven : GetCurrentProcessId();
+}
+
+// A program answers messages in their order: when it has answered this one, it has
+// seen the input before it. A menu or a box answers too, by its own loop.
+void pauseoutside(int quiet)
+{
+    Sleep(static_cast<DWORD>(quiet) * 3 / 2);
+    DWORD_PTR ignored;
+    if (window w = driven ? drivefind("") : 0)
+        SendMessageTimeoutA(reinterpret_cast<HWND>(w), WM_NULL, 0, 0, SMTO_NORMAL, 5000, &ignored);
+}
 
 HWND handle(window w)
 {
@@ -114,9 +133,9 @@ struct searched {
 BOOL CALLBACK matches(HWND h, LPARAM word)
 {
     auto *s = reinterpret_cast<searched *>(word);
-    DWORD process = 0;
-    GetWindowThreadProcessId(h, &process);
-    if (process != driveprocess() || !IsWindowVisible(h)) return TRUE;
+    DWORD owner = 0;
+    GetWindowThreadProcessId(h, &owner);
+    if (owner != process() || !IsWindowVisible(h)) return TRUE;
     char text[256] = "", name[256] = "";
     GetClassNameA(h, name, sizeof name);
     GetWindowTextA(h, text, sizeof text);
@@ -126,24 +145,51 @@ BOOL CALLBACK matches(HWND h, LPARAM word)
     return FALSE;
 }
 
+// The entries to go down at each level, separators left out, to a command. What opens
+// a menu keeps its identifier.
+bool menupath(HMENU menu, UINT command, std::vector<int> *path)
+{
+    int down = 0;
+    for (int i = 0; i < GetMenuItemCount(menu); i++) {
+        MENUITEMINFOA info = {};
+        info.cbSize = sizeof info;
+        info.fMask = MIIM_ID | MIIM_SUBMENU | MIIM_FTYPE;
+        GetMenuItemInfoA(menu, static_cast<UINT>(i), TRUE, &info);
+        if (info.fType & MFT_SEPARATOR) continue;
+        path->push_back(down++);
+        if (info.wID == command || (info.hSubMenu && menupath(info.hSubMenu, command, path)))
+            return true;
+        path->pop_back();
+    }
+    return false;
+}
+
+void keysdown(int key, int count)
+{
+    while (count-- > 0)
+        drivekey(key);
+}
+
 } // namespace
+
+void (*drivepause)(int) = pauseoutside;
 
 void drivemove(int x, int y)
 {
     placepointer(x, y);
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 void drivepress(drivebutton button)
 {
     sendmouse(downflag(button));
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 void driverelease(drivebutton button)
 {
     sendmouse(upflag(button));
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 void driveclick(int x, int y, drivebutton button, int held)
@@ -153,7 +199,7 @@ void driveclick(int x, int y, drivebutton button, int held)
     drivepress(button);
     driverelease(button);
     hold(held, false);
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 void drivedouble(int x, int y, drivebutton button)
@@ -163,7 +209,7 @@ void drivedouble(int x, int y, drivebutton button)
         sendmouse(downflag(button));
         sendmouse(upflag(button));
     }
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 void drivedrag(const std::vector<driveplace> &places, drivebutton button, int held)
@@ -175,13 +221,13 @@ void drivedrag(const std::vector<driveplace> &places, drivebutton button, int he
         drivemove(place.x, place.y);
     driverelease(button);
     hold(held, false);
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 void drivewheel(int delta, bool horizontal)
 {
     sendmouse(horizontal ? MOUSEEVENTF_HWHEEL : MOUSEEVENTF_WHEEL, static_cast<DWORD>(delta));
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 void drivekey(int key, int held)
@@ -190,7 +236,7 @@ void drivekey(int key, int held)
     sendkey(key, false);
     sendkey(key, true);
     hold(held, false);
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 void drivetype(const std::string &text)
@@ -200,6 +246,23 @@ void drivetype(const std::string &text)
         if (key == -1) continue; // no key of this keyboard types it
         drivekey(LOBYTE(key), (HIBYTE(key) & 1) ? DRIVESHIFT : 0);
     }
+}
+
+// The pointer is out of the way: an entry under it would be chosen.
+bool drivemenu(void *menu, int32_t command, int32_t entry)
+{
+    std::vector<int> path;
+    if (!menupath(static_cast<HMENU>(menu), static_cast<UINT>(command), &path)) return false;
+    if (entry) path.push_back(entry - 1);
+    drivemove(2, 2);
+    drivekey(VK_MENU);
+    keysdown(VK_RIGHT, path[0]);
+    drivekey(VK_DOWN);
+    for (size_t level = 1; level < path.size(); level++) {
+        if (level > 1) drivekey(VK_RIGHT);
+        keysdown(VK_DOWN, path[level]);
+    }
+    return true;
 }
 
 void drivedrop(window w, const std::vector<std::string> &files, driveplace place)
@@ -217,7 +280,7 @@ void drivedrop(window w, const std::vector<std::string> &files, driveplace place
     memcpy(drop + 1, names.data(), names.size());
     GlobalUnlock(block);
     PostMessageA(handle(w), WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0);
-    drivesettle();
+    drivepause(SETTLED);
 }
 
 driveplace drivemiddle(window w)
@@ -248,6 +311,55 @@ void driveiconclick(window w, int icon, drivebutton button)
 {
     driveplace at = driveicon(w, icon);
     driveclick(at.x, at.y, button);
+}
+
+void drivefill(window w, int field, const std::string &text)
+{
+    static int aside = 3; // never twice in one place, which would be a double click
+    aside = -aside;
+    driveplace at = driveicon(w, field);
+    driveclick(at.x + aside, at.y);
+    drivekey(VK_HOME);
+    drivekey(VK_END, DRIVESHIFT);
+    drivekey(VK_DELETE);
+    drivetype(text);
+}
+
+// Its parts need a moment to be there.
+window driveboxwait(int milliseconds)
+{
+    window box = drivewaitwindow("", "#32770", milliseconds);
+    drivewait([&] { return !box || GetWindow(handle(box), GW_CHILD); }, 1000);
+    return box;
+}
+
+std::string driveboxtext(window box)
+{
+    std::string text;
+    drivewait([&] { return !(text = drivetext(box, 0xFFFF)).empty(); }, 1000);
+    return text;
+}
+
+void driveboxanswer(window box, int button)
+{
+    if (!drivecontrol(box, button)) button = IDCANCEL;
+    PostMessageA(handle(box), WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 static_cast<LPARAM>(drivecontrol(box, button)));
+    drivewait([&] { return !IsWindowVisible(handle(box)); });
+}
+
+void driveboxfile(window box, const std::string &path, int row)
+{
+    constexpr int types = 0x470, name = 0x480, names = 0x47C;
+    HWND typelist = handle(drivecontrol(box, types));
+    if (row && typelist) {
+        SendMessageA(typelist, CB_SETCURSEL, static_cast<WPARAM>(row - 1), 0);
+        SendMessageA(handle(box), WM_COMMAND, MAKEWPARAM(types, CBN_SELENDOK),
+                     reinterpret_cast<LPARAM>(typelist));
+    }
+    for (int control : {names, name})
+        if (HWND edit = handle(drivecontrol(box, control)); edit && !path.empty())
+            SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
 }
 
 void drivesize(window w, int *width, int *height)
@@ -287,6 +399,15 @@ drivepicture drivelookscreen()
     return lookat(0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
 }
 
+int drivediffer(const drivepicture &a, const drivepicture &b)
+{
+    if (a.width != b.width || a.height != b.height) return static_cast<int>(a.pixels.size());
+    int count = 0;
+    for (size_t i = 0; i < a.pixels.size(); i++)
+        count += a.pixels[i] != b.pixels[i];
+    return count;
+}
+
 void drivesave(const drivepicture &picture, const std::string &path)
 {
     std::string rows;
@@ -308,6 +429,16 @@ std::string drivetext(window w, int icon)
 {
     window control = drivecontrol(w, icon);
     return control ? drivetext(control) : std::string();
+}
+
+bool drivewait(const std::function<bool()> &condition, int milliseconds)
+{
+    DWORD start = GetTickCount();
+    while (!condition()) {
+        if (GetTickCount() - start >= static_cast<DWORD>(milliseconds)) return false;
+        drivepause(SETTLED / 2);
+    }
+    return true;
 }
 
 window drivefind(const std::string &title, const std::string &classname)

@@ -1,7 +1,8 @@
 #include "tools/tour/outside.h"
 
 #include "resources/identifiers.h"
-#include "tests/support/hands.h"
+#include "tests/support/driver.h"
+#include "tests/support/win32/program.h"
 
 #include <windows.h>
 
@@ -14,7 +15,7 @@
 
 window mainwindow;
 
-static PROCESS_INFORMATION process;
+static program started;
 static std::filesystem::path dictionaries;
 static HMODULE resources; // of the program, for its menu
 
@@ -29,8 +30,7 @@ static HWND handle(window w)
     drivesave(drivelookscreen(), seen);
     std::printf("fault: %s: see %s\n", what.c_str(), seen.c_str());
     std::fflush(stdout);
-    TerminateProcess(process.hProcess, 1);
-    std::exit(1);
+    std::exit(1); // which ends the program too
 }
 
 void say(const char *format, ...)
@@ -44,72 +44,23 @@ void say(const char *format, ...)
     std::fflush(stdout);
 }
 
-// What the driver asks of whoever drives.
-
-uint32_t driveprocess()
-{
-    return process.dwProcessId;
-}
-
-// The program answers messages in their order: when it has answered this one, it
-// has seen the input before it. A menu or a box answers too, by its own loop.
-void drivesettle()
-{
-    Sleep(30);
-    DWORD_PTR ignored;
-    if (mainwindow)
-        SendMessageTimeoutA(handle(mainwindow), WM_NULL, 0, 0, SMTO_NORMAL, 5000, &ignored);
-}
-
-bool drivewait(const std::function<bool()> &condition, int milliseconds)
-{
-    DWORD start = GetTickCount();
-    while (!condition()) {
-        if (GetTickCount() - start >= static_cast<DWORD>(milliseconds)) return false;
-        Sleep(20);
-    }
-    return true;
-}
-
 // The program and its windows.
 
-static window ofclass(const char *name, const char *butnot)
+void outsidestart(const std::string &path, const std::string &file)
 {
-    window w = drivefind("", name);
-    return w && drivetext(w) != butnot ? w : 0;
-}
-
-void outsidestart(const std::string &program, const std::string &file)
-{
-    std::string line = "\"" + program + "\"";
-    if (!file.empty()) line += " \"" + file + "\"";
-    STARTUPINFOA info = {};
-    info.cb = sizeof info;
-    if (!CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &info, &process))
-        outsidefault(program + " can't be started");
-    if (!resources) resources = LoadLibraryExA(program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    dictionaries = std::filesystem::path(program).parent_path() / "Dictionaries";
-    mainwindow = 0;
-    if (!drivewait([] { return ofclass("Task", "") != 0; }, 20000))
-        outsidefault("no window comes up");
-    mainwindow = ofclass("Task", "");
-    SetForegroundWindow(handle(mainwindow));
-    Sleep(500); // the window manager has its say
-    drivesettle();
+    started = programstart(path, file.empty() ? "" : "\"" + file + "\"", false);
+    if (!driven) outsidefault(path + " can't be started");
+    if (!resources) resources = LoadLibraryExA(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    dictionaries = std::filesystem::path(path).parent_path() / "Dictionaries";
+    mainwindow = programwindow();
+    if (!mainwindow) outsidefault("no window comes up");
 }
 
 void outsideend()
 {
     menucommand(COMMANDEXIT);
-    if (drivewaitwindow("", "#32770", 500)) drivekey('Y', DRIVEALT);
-    if (WaitForSingleObject(process.hProcess, 10000) != WAIT_OBJECT_0)
-        outsidefault("the program doesn't end");
-    DWORD status = 0;
-    GetExitCodeProcess(process.hProcess, &status);
-    CloseHandle(process.hProcess);
-    CloseHandle(process.hThread);
-    process = {};
+    if (window box = driveboxwait(500)) driveboxanswer(box, IDYES);
+    int status = programstatus(started);
     mainwindow = 0;
     if (status) outsidefault("the program ends with status " + std::to_string(status));
 }
@@ -149,59 +100,24 @@ window dialog(const std::string &title)
 {
     window w = drivewaitwindow(title);
     if (!w) outsidefault("no window \"" + title + "\" comes up");
-    Sleep(200);
-    drivesettle();
+    drivepause(100);
     return w;
 }
 
 // Menus.
 
-// The entries to go down at each level, separators left out, to a command.
-static bool menupath(HMENU menu, UINT command, std::vector<int> *path)
-{
-    int down = 0;
-    for (int i = 0; i < GetMenuItemCount(menu); i++) {
-        UINT id = GetMenuItemID(menu, i);
-        HMENU deeper = GetSubMenu(menu, i);
-        if (!deeper && !id) continue; // a separator
-        path->push_back(down);
-        if (id == command || (deeper && menupath(deeper, command, path))) return true;
-        path->pop_back();
-        down++;
-    }
-    return false;
-}
-
-static void downs(int count)
-{
-    while (count-- > 0)
-        drivekey(VK_DOWN);
-}
-
 void menuopen(int32_t command, int32_t entry)
 {
     HMENU menu = LoadMenuA(resources, "Main");
-    std::vector<int> path;
-    if (!menupath(menu, static_cast<UINT>(command), &path))
+    if (!drivemenu(menu, command, entry))
         outsidefault("no entry of the menu is " + std::to_string(command));
     DestroyMenu(menu);
-    if (entry) path.push_back(entry - 1);
-    drivemove(2, 2); // or the entry under the pointer would be chosen
-    drivekey(VK_MENU);
-    for (int right = path[0]; right > 0; right--)
-        drivekey(VK_RIGHT);
-    drivekey(VK_DOWN);
-    for (size_t level = 1; level < path.size(); level++) {
-        if (level > 1) drivekey(VK_RIGHT);
-        downs(path[level]);
-    }
 }
 
 void menucommand(int32_t command, int32_t entry)
 {
     menuopen(command, entry);
     drivekey(VK_RETURN);
-    drivesettle();
 }
 
 // They stand in the menu as the system lists the files.
@@ -222,17 +138,12 @@ void press(window w, int32_t control)
 {
     if (!drivecontrol(w, control))
         outsidefault("no control " + std::to_string(control) + " in \"" + drivetext(w) + "\"");
-    driveplace place = driveicon(w, control);
-    driveclick(place.x, place.y);
+    driveiconclick(w, control);
 }
 
 void fill(window w, int32_t field, const std::string &text)
 {
-    press(w, field);
-    drivekey(VK_END);
-    for (size_t n = drivetext(w, field).size(); n; n--)
-        drivekey(VK_BACK);
-    drivetype(text);
+    drivefill(w, field, text);
 }
 
 void leave(window w, int32_t control)
@@ -241,7 +152,6 @@ void leave(window w, int32_t control)
     press(w, control);
     if (!drivewait([w] { return !IsWindowVisible(handle(w)); }))
         outsidefault("the window \"" + title + "\" stays");
-    drivesettle();
 }
 
 void searchwait()
@@ -249,27 +159,20 @@ void searchwait()
     Sleep(300); // it starts a little later than its button is pressed
     if (!drivewait([] { return !drivecontrol(panebar(), BARSTOP); }, 60000))
         outsidefault("a search doesn't end");
-    Sleep(200);
-    drivesettle();
+    drivepause(100);
 }
 
 void filebox(const std::string &path, int32_t type)
 {
-    window box = drivewaitwindow("", "#32770");
+    window box = driveboxwait();
     if (!box) outsidefault("no box for files comes up");
-    Sleep(400); // its own first messages
-    if (type > 1) {
-        drivekey(VK_TAB);
-        downs(type - 1);
-        drivekey(VK_TAB, DRIVESHIFT);
-    }
+    Sleep(300); // its own first messages
+    driveboxfile(box, "", type);
     drivekey('A', DRIVECTRL);
     drivetype(path);
     drivekey(VK_RETURN);
     if (!drivewait([] { return !drivefind("", "#32770"); }))
         outsidefault("the box for files stays");
-    Sleep(200);
-    drivesettle();
 }
 
 // The grid on the screen.
@@ -385,6 +288,5 @@ void shot(window w, const std::string &path)
 {
     drivemove(2, 2);
     Sleep(150);
-    drivesettle();
     drivesave(framed(w), path);
 }

@@ -1,6 +1,9 @@
-// tests/app/win32/program.h - a program under test, run as a user would and
-// watched from outside.
+// tests/support/win32/program.h - a program under test, run as a user would and watched
+// from outside. Its windows are looked at and worked by tests/support/driver.h while
+// driven is its process; programstart sets that, and its end puts it back.
 #pragma once
+
+#include "desktop/events.h"
 
 #include <windows.h>
 
@@ -12,9 +15,12 @@ struct program {
     HANDLE job; // ends the process if the test doesn't
 };
 
-// Starts an exe of the folder that this one is in, without a console, so that it
-// may make its own.
-program programstart(const std::string &exe, const std::string &words = "");
+// Starts an exe of the folder that this one is in, or of a path: without a console, so
+// that it makes its own, or in this program's.
+program programstart(const std::string &exe, const std::string &words = "", bool own = true);
+
+// Its main window, in front and settled: 0 if none comes up in time.
+window programwindow();
 
 // Tells it to quit: once it has a message queue, the notice is in it.
 bool programquit(const program &p);
@@ -28,10 +34,3 @@ bool programstays(const program &p, DWORD milliseconds);
 // The lines in its console once one of them begins with last; empty if that
 // doesn't come to be.
 std::vector<std::string> programtrace(const program &p, const std::string &last);
-
-// Its message box, once it is there: window, title and text.
-struct programbox {
-    HWND window;
-    std::string title, text;
-};
-programbox programboxwait(const program &p);

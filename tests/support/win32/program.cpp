@@ -1,4 +1,6 @@
-#include "tests/app/win32/program.h"
+#include "tests/support/win32/program.h"
+
+#include "tests/support/driver.h"
 
 constexpr DWORD PATIENCE = 30000; // milliseconds; a machine may be busy
 
@@ -10,7 +12,7 @@ static std::string ownfolder()
     return folder.substr(0, folder.find_last_of('\\') + 1);
 }
 
-program programstart(const std::string &exe, const std::string &words)
+program programstart(const std::string &exe, const std::string &words, bool own)
 {
     program p = {};
     p.job = CreateJobObjectA(nullptr, nullptr);
@@ -18,22 +20,35 @@ program programstart(const std::string &exe, const std::string &words)
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     SetInformationJobObject(p.job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
 
-    std::string line = "\"" + ownfolder() + exe + "\" " + words;
+    std::string path = exe.find('\\') == std::string::npos ? ownfolder() + exe : exe;
+    std::string line = "\"" + path + "\" " + words;
     STARTUPINFOA start = {};
     start.cb = sizeof start;
-    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
-                       nullptr, &start, &p.process))
+    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, own ? DETACHED_PROCESS : 0,
+                       nullptr, nullptr, &start, &p.process))
         AssignProcessToJobObject(p.job, p.process.hProcess);
+    driven = p.process.dwProcessId;
     return p;
+}
+
+// Other windows of that class have no menu, nor has the console a class of ours.
+window programwindow()
+{
+    window found = 0;
+    auto up = [&] {
+        found = drivefind("", "Task");
+        return found && !drivetext(found).empty();
+    };
+    if (!drivewait(up, static_cast<int>(PATIENCE))) return 0;
+    SetForegroundWindow(reinterpret_cast<HWND>(found));
+    drivefront(found);
+    return found;
 }
 
 bool programquit(const program &p)
 {
-    for (DWORD waited = 0; waited < PATIENCE; waited += 20) {
-        if (PostThreadMessageA(p.process.dwThreadId, WM_QUIT, 0, 0)) return true;
-        Sleep(20);
-    }
-    return false;
+    return drivewait([&] { return PostThreadMessageA(p.process.dwThreadId, WM_QUIT, 0, 0) != 0; },
+                     static_cast<int>(PATIENCE));
 }
 
 int programstatus(program &p)
@@ -45,6 +60,7 @@ int programstatus(program &p)
     CloseHandle(p.process.hProcess);
     CloseHandle(p.job);
     p = {};
+    driven = 0;
     return static_cast<int>(status);
 }
 
@@ -80,55 +96,16 @@ static std::vector<std::string> consolelines()
 std::vector<std::string> programtrace(const program &p, const std::string &last)
 {
     std::vector<std::string> lines;
-    bool found = false;
-    for (DWORD waited = 0; !found && waited < PATIENCE; waited += 50) {
+    auto seen = [&] {
         FreeConsole();
         if (AttachConsole(p.process.dwProcessId)) {
             lines = consolelines();
             FreeConsole();
         }
         for (const std::string &line : lines)
-            if (line.compare(0, last.size(), last) == 0) found = true;
-        if (!found) Sleep(50);
-    }
-    if (!found) lines.clear();
+            if (line.starts_with(last)) return true;
+        return false;
+    };
+    if (!drivewait(seen, static_cast<int>(PATIENCE))) lines.clear();
     return lines;
-}
-
-struct boxsearch {
-    DWORD process;
-    HWND found;
-};
-
-// Dialogs are of one class, whoever makes them.
-static BOOL CALLBACK isbox(HWND w, LPARAM parameter)
-{
-    auto *search = reinterpret_cast<boxsearch *>(parameter);
-    char name[16];
-    DWORD process = 0;
-    GetWindowThreadProcessId(w, &process);
-    GetClassNameA(w, name, sizeof name);
-    if (process != search->process || std::string(name) != "#32770" || !IsWindowVisible(w))
-        return TRUE;
-    search->found = w;
-    return FALSE;
-}
-
-static std::string textof(HWND w)
-{
-    char text[512] = "";
-    SendMessageA(w, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
-    return text;
-}
-
-programbox programboxwait(const program &p)
-{
-    constexpr int MESSAGETEXT = 0xFFFF; // the control of a message box that has its text
-    boxsearch search = {p.process.dwProcessId, nullptr};
-    for (DWORD waited = 0; !search.found && waited < PATIENCE; waited += 50) {
-        EnumWindows(isbox, reinterpret_cast<LPARAM>(&search));
-        if (!search.found) Sleep(50);
-    }
-    if (!search.found) return {};
-    return {search.found, textof(search.found), textof(GetDlgItem(search.found, MESSAGETEXT))};
 }
