@@ -1,111 +1,69 @@
-// The grid's window, with a user's hands and eyes.
-#include "app/buttons.h"
-#include "app/commands.h"
+// The grid's window: what it shows, and what mouse and keys do in it.
 #include "app/mainwindow.h"
-#include "desktop/icons.h"
-#include "desktop/keys.h"
 #include "desktop/windows.h"
 #include "find/findwindow.h"
-#include "find/solutions.h"
-#include "find/solve.h"
 #include "graphics/modeinfo.h"
 #include "grid/appearance.h"
 #include "grid/grid.h"
-#include "grid/gridfile.h"
 #include "grid/gridview.h"
 #include "grid/gridwindow.h"
-#include "resources/identifiers.h"
-#include "tests/app/screen/gridhands.h"
-#include "tests/app/screen/screen.h"
-#include "tests/support/driver.h"
-#include "tests/support/runner.h"
+#include "tests/app/screen/script.h"
 
 #include <doctest/doctest.h>
 
-#include <fstream>
 #include <random>
-#include <string>
 
 namespace
 {
 
-void begin()
-{
-    screenstart();
-    REQUIRE_FALSE(scrollto(gridwindow, 0, 0));
-}
-
-windowstaterecord view()
-{
-    windowstaterecord state;
-    REQUIRE_FALSE(windowstate(gridwindow, &state));
-    return state;
-}
-
 // Where a cell's frame begins, in pixels of the window. Drawing drops fractions.
 int32_t cellx(int32_t x)
 {
-    return x * grid.cellwidth * modeinfo.xdpi / OSUNITS - ostodevx(view().xscroll);
+    return x * grid.cellwidth * modeinfo.xdpi / OSUNITS;
 }
 
 int32_t celly(int32_t y)
 {
-    return y * grid.cellheight * modeinfo.ydpi / OSUNITS + ostodevy(view().yscroll);
+    return y * grid.cellheight * modeinfo.ydpi / OSUNITS;
 }
 
-driveplace cell(int32_t x, int32_t y)
-{
-    return driveclient(gridwindow, (cellx(x) + cellx(x + 1)) / 2, (celly(y) + celly(y + 1)) / 2);
-}
-
-// A pointer that comes into the window ends what is held, as far as the system
-// of the tests knows, so it is there before.
-void click(int32_t x, int32_t y, drivebutton button = DRIVELEFT, int held = 0)
-{
-    driveplace place = cell(x, y);
-    drivemove(place.x, place.y);
-    driveclick(place.x, place.y, button, held);
-    drivemove(2, 2);
-}
-
-// What the window shows, with the pointer elsewhere.
 drivepicture look()
 {
+    drivepump(5);
     drivemove(2, 2);
     return drivelook(gridwindow);
 }
 
-drivepicture drawnafresh()
-{
-    gridredraw();
-    drivepump();
-    return look();
-}
-
-void randomdocument(uint32_t seed)
+void randomdocument(uint32_t seed, int32_t size)
 {
     std::mt19937 draw(seed);
     gridclear();
-    for (int32_t x = 0; x < grid.width; x++)
-        for (int32_t y = 0; y < grid.height; y++) {
+    grid.width = grid.height = size;
+    for (int32_t x = 0; x < size; x++)
+        for (int32_t y = 0; y < size; y++) {
             grid.letters[x][y] = static_cast<uint8_t>(draw() % 3 ? 'A' + draw() % 26 : ' ');
-            grid.flags[x][y] = static_cast<uint8_t>(draw() % 3);
+            grid.flags[x][y] = static_cast<uint8_t>(draw() % 2);
             if (draw() % 3 == 0) grid.flags[x][y] |= BARLEFT;
             if (draw() % 3 == 0) grid.flags[x][y] |= BARTOP;
         }
-    grid.flags[grid.cursorx][grid.cursory] &= static_cast<uint8_t>(~CELLKIND);
+    gridextent();
+    CHECK_FALSE(scrollto(gridwindow, 0, 0));
+    gridredraw();
+    drivepump();
 }
 
-std::string field(int32_t icon)
+// A view that is wider than the window.
+void wide(int32_t size)
 {
-    return drivetext(buttonwindow, icon);
+    randomdocument(3, size);
+    play({{click, "5,5"}, {undrawn, "0"}});
 }
 
 } // namespace
 
 TEST_CASE("a square has a frame, a bar is two pixels inside it, colours tell its kind")
 {
-    documentbegin("#...\n....\n....\n\nleft 1,1\ntop 2,1\n");
+    play({{crossword, "#.../..../....//left 1,1/top 2,1"}});
     grid.flags[3][0] |= CELLMARKED;
     grid.flags[3][1] |= CELLMARKED;
     grid.cursorx = 3;
@@ -114,7 +72,10 @@ TEST_CASE("a square has a frame, a bar is two pixels inside it, colours tell its
     grid.gridcolour = 0xFF000000; // blue
     cursorcolour = 0x00FFFF00;    // yellow
     selectedcolour = 0x00FF0000;  // green
-    drivepicture p = drawnafresh();
+    gridredraw();
+    drivepicture p = look();
+    cursorcolour = CURSORCOLOURDEFAULT;
+    selectedcolour = SELECTEDCOLOURDEFAULT;
 
     const uint32_t red = 0xFF0000, blue = 0x0000FF, green = 0x00FF00, white = 0xFFFFFF;
     for (int32_t x = 0; x <= 4; x++)
@@ -123,316 +84,245 @@ TEST_CASE("a square has a frame, a bar is two pixels inside it, colours tell its
     for (int32_t y = 0; y <= 3; y++)
         for (int32_t x = 0; x <= cellx(4); x++)
             REQUIRE(p.at(x, celly(y)) == blue);
-    CHECK(p.at(cellx(4) + 1, 5) == white);
-    CHECK(p.at(5, celly(3) + 1) == white);
-
-    CHECK(p.at(1, 1) == red);
-    CHECK(p.at(cellx(1) - 1, celly(1) - 1) == red);
-    CHECK(p.at(cellx(3) + 5, 5) == green);
-    CHECK(p.at(cellx(3) + 5, celly(1) + 5) == green); // the mark goes before the cursor
-    CHECK(p.at(cellx(1) + 5, 5) == white);
-
     int32_t middle = celly(1) + 9;
-    CHECK(p.at(cellx(1) + 1, middle) == blue);
-    CHECK(p.at(cellx(1) + 2, middle) == blue);
-    CHECK(p.at(cellx(1) + 3, middle) == white);
-    CHECK(p.at(cellx(1) - 1, middle) == white);
-    CHECK(p.at(cellx(2) + 9, celly(1) + 2) == blue);
-    CHECK(p.at(cellx(2) + 9, celly(1) + 3) == white);
-
-    cursorcolour = CURSORCOLOURDEFAULT;
-    selectedcolour = SELECTEDCOLOURDEFAULT;
+    const struct {
+        int32_t x, y;
+        uint32_t colour;
+    } dots[] = {
+        {cellx(4) + 1, 5, white},
+        {5, celly(3) + 1, white},
+        {1, 1, red},
+        {cellx(1) - 1, celly(1) - 1, red},
+        {cellx(3) + 5, 5, green},
+        {cellx(3) + 5, celly(1) + 5, green}, // the mark goes before the cursor
+        {cellx(1) + 5, 5, white},
+        {cellx(1) + 1, middle, blue},
+        {cellx(1) + 2, middle, blue},
+        {cellx(1) + 3, middle, white},
+        {cellx(1) - 1, middle, white},
+        {cellx(2) + 9, celly(1) + 2, blue},
+        {cellx(2) + 9, celly(1) + 3, white},
+    };
+    for (const auto &dot : dots) {
+        CAPTURE(dot.x);
+        CAPTURE(dot.y);
+        CHECK(p.at(dot.x, dot.y) == dot.colour);
+    }
 }
 
 TEST_CASE("a part is painted as the whole, at any place of the view")
 {
-    begin();
-    randomdocument(1);
-    SUBCASE("as it comes") {}
-    SUBCASE("letters larger than their squares, on a colour")
+    SUBCASE("as it comes")
     {
+        randomdocument(1, 16);
+    }
+    SUBCASE("letters larger than their squares, on a colour, scrolled")
+    {
+        randomdocument(2, 40);
         grid.gridfont.height = 300;
         grid.backcolour = 0xCCEEFF00;
-    }
-    SUBCASE("scrolled")
-    {
-        grid.width = grid.height = 40;
-        randomdocument(2);
-        gridextent();
         setscrollx(gridwindow, 101);
         setscrolly(gridwindow, 203);
+        gridredraw();
     }
-    drivepicture whole = drawnafresh();
+    drivepicture whole = look();
     std::mt19937 draw(7);
-    auto coordinate = [&] { return static_cast<int32_t>(draw() % 600); };
+    auto to = [&](uint32_t end) { return static_cast<int32_t>(draw() % end); };
     for (int i = 0; i < 20; i++) {
         CAPTURE(i);
-        int32_t x = coordinate(), y = coordinate();
-        REQUIRE_FALSE(forceredraw(gridwindow, x, -y - coordinate(), x + coordinate(), -y));
-        drivepump(5);
-        REQUIRE(differences(look(), whole) == 0);
-    }
-    for (int i = 0; i < 20; i++) {
-        CAPTURE(i);
-        auto one = [&] { return static_cast<int32_t>(draw() % 16); };
-        int32_t left = one(), top = one(), right = left + one() / 2, bottom = top + one() / 2;
-        griddocument kept = grid;
-        for (int32_t x = left; x <= right; x++)
-            for (int32_t y = top; y <= bottom; y++)
-                grid.flags[x][y] ^= CELLBLOCK | BARTOP;
+        int32_t x = to(600), y = to(600);
+        REQUIRE_FALSE(forceredraw(gridwindow, x, -y - to(600), x + to(600), -y));
+        REQUIRE(drivediffer(look(), whole) == 0);
+        int32_t left = to(16), top = to(16), right = left + to(8), bottom = top + to(8);
+        griddocument before = grid;
+        for (int32_t column = left; column <= right; column++)
+            for (int32_t row = top; row <= bottom; row++)
+                grid.flags[column][row] ^= CELLBLOCK | BARTOP;
         gridcellsredraw(left, top, right, bottom);
-        grid = kept;
+        grid = before;
         gridcellsredraw(left, top, right, bottom);
-        REQUIRE(differences(look(), whole) == 0);
+        REQUIRE(drivediffer(look(), whole) == 0);
     }
 }
 
+// The rows of a script are lines.
+// clang-format off
+
 TEST_CASE("scrolling by squares shows what a redraw would")
 {
-    begin();
-    grid.width = grid.height = 60;
-    randomdocument(3);
-    gridextent();
-    drawnafresh();
-    click(5, 5);
-    for (int key : {KEYRIGHT, KEYDOWN, KEYRIGHT, KEYDOWN, KEYDOWN, KEYLEFT, KEYUP}) {
-        drivekey(key, DRIVESHIFT);
-        REQUIRE(undrawn() == 0);
-    }
-    CHECK(view().xscroll == grid.cellwidth);
-    CHECK(view().yscroll == -2 * grid.cellheight);
-    CHECK(grid.cursorx == 5);
+    wide(60);
+    for (int code : {VK_RIGHT, VK_DOWN, VK_RIGHT, VK_DOWN, VK_DOWN, VK_LEFT, VK_UP})
+        play({{key, SHIFT | code}, {undrawn, "0"}});
+    play({{scrolled, "1,2"}, {cursor, "5,5"}});
 }
 
 TEST_CASE("typing fills a word, arrows move, and the view follows")
 {
-    documentbegin("......\n.#####\n......\n");
-    click(0, 0);
-    CHECK(undrawn() == 0);
-    drivetype("cat");
-    CHECK(grid.cursorx == 0); // a crossing: nowhere yet
-    CHECK(documentpicture() == "t.....\n.#####\n......\n");
-    drivekey(KEYRIGHT);
-    drivetype("Ox*5");
-    CHECK(documentpicture() == "tOx*..\n.#####\n......\n");
-    CHECK(grid.cursorx == 4);
-    drivekey(KEYBACKSPACE);
-    drivekey(KEYDELETE);
-    CHECK(documentpicture() == "tOx...\n.#####\n......\n");
-    CHECK(grid.cursorx == 2);
-    drivekey(KEYDOWN);
-    CHECK(grid.cursory == 2);
-    CHECK(undrawn() == 0);
-
+    play({
+        {crossword, "....../.#####/......"}, {click, "0,0"}, {undrawn, "0"},
+        // a crossing: nowhere yet
+        {type, "cat"}, {cursor, "0,0"}, {document, "t...../.#####/......"},
+        {key, VK_RIGHT}, {type, "Ox*5"}, {document, "tOx*../.#####/......"}, {cursor, "4,0"},
+        {key, VK_BACK}, {key, VK_DELETE}, {document, "tOx.../.#####/......"}, {cursor, "2,0"},
+        {key, VK_DOWN}, {cursor, "2,2"}, {undrawn, "0"},
+    });
     grid.width = 60;
     gridextent();
-    for (int i = 0; i < 45; i++)
-        drivekey(KEYRIGHT);
-    CHECK(grid.cursorx == 47);
-    int width, height;
-    drivesize(gridwindow, &width, &height);
-    CHECK(cellx(48) <= width);
-    CHECK(cellx(47) >= 0);
-    CHECK(undrawn() == 0);
+    play({{key, VK_RIGHT, "45"}, {cursor, "47,2"}, {undrawn, "0"}});
+    CHECK(scrolled(0, "") != "0,0");
 }
 
 TEST_CASE("keys come from the main window too, but not from the bar")
 {
-    documentbegin("...\n");
-    click(0, 0);
-    REQUIRE_FALSE(focuswindow(mainwindow));
-    drivetype("a");
-    CHECK(grid.letters[0][0] == 'a');
-    REQUIRE_FALSE(caretatend(buttonwindow, BARLETTERS));
-    drivetype("b");
-    CHECK(documentpicture() == "a..\n");
-    CHECK(field(BARLETTERS) == "b");
-    seticontext(buttonwindow, BARLETTERS, "");
-    drivekey(KEYESCAPE);
+    play({
+        {crossword, "..."}, {click, "0,0"}, {front}, {type, "a"}, {document, "a.."},
+        {press, BARLETTERS}, {type, "b"}, {document, "a.."}, {text, BARLETTERS, "b"},
+        {key, VK_BACK},
+    });
 }
 
-TEST_CASE("function keys reflect, in a Wordsquare too")
+TEST_CASE("function keys and the menu reflect, in a Wordsquare by the keys too")
 {
-    documentbegin("#....\n.....\n");
-    click(1, 0);
-    drivekey(KEYF1 + 5);
-    CHECK(documentpicture() == "#...#\n.....\n");
-    grid.kind = GRIDWORDSQUARE;
-    drivekey(KEYF1 + 7);
-    CHECK(documentpicture() == "#...#\n#...#\n");
-    CHECK(undrawn() == 0);
+    const char *first = "#..#../...#../.##.../..#..#/....../.#....//left 1,1 3,2/top 4,1";
+    const struct {
+        int32_t id, key;
+    } ways[] = {{COMMANDREFLECTVERTICAL, VK_F5},
+                {COMMANDREFLECTHORIZONTAL, VK_F6},
+                {COMMANDREFLECTRISING, VK_F7},
+                {COMMANDREFLECTFALLING, VK_F8}};
+    for (const auto &way : ways) {
+        play({
+            {crossword, first}, {click, "1,0"}, {key, way.key}, {title, "Quillmere*"},
+            {undrawn, "0"},
+        });
+        std::string keyed = document(0, "");
+        CHECK(keyed != first);
+        play({{another, first}, {menu, way.id}, {document, keyed}, {title, "Quillmere*"}});
+    }
+    play({
+        {another, "#..../....."}, {click, "1,0"}, {key, VK_F6}, {document, "#...#/....."},
+        {menu, COMMANDWORDSQUARE}, {another, "#...#/....."}, {setting, 1, "kind"}, {click, "1,0"},
+        {key, VK_F8}, {document, "#...#/#...#"}, {undrawn, "0"},
+    });
 }
 
 TEST_CASE("the right button makes blocks and bars")
 {
-    documentbegin("ab..\n....\n....\n");
-    click(1, 0, DRIVERIGHT);
-    click(2, 1, DRIVERIGHT, DRIVESHIFT);
-    click(1, 1, DRIVERIGHT, DRIVECTRL);
-    CHECK(documentpicture() == "a#..\n....\n....\n\nleft 2,1\ntop 1,1\n");
-    click(1, 0, DRIVERIGHT);
-    CHECK(documentpicture() == "a...\n....\n....\n\nleft 2,1\ntop 1,1\n");
-    CHECK(undrawn() == 0);
-    CHECK(drivetext(mainwindow).back() == '*');
+    play({
+        {crossword, "ab../..../...."}, {click, RIGHT, "1,0"}, {click, RIGHT | SHIFT, "2,1"},
+        {click, RIGHT | CTRL, "1,1"}, {document, "a#../..../....//left 2,1/top 1,1"},
+        {click, RIGHT, "1,0"}, {document, "a.../..../....//left 2,1/top 1,1"}, {undrawn, "0"},
+        {title, "Quillmere*"},
+    });
 }
 
 TEST_CASE("a drag marks, its length shows; a press ends the mark, Ctrl keeps it")
 {
-    documentbegin(".....\n..#..\n.....\n");
-    drivedrag({cell(0, 0), cell(3, 2), cell(3, 0)});
-    CHECK(grid.markright == 3);
-    CHECK(grid.markbottom == 0);
-    CHECK(grid.flags[3][0] == CELLMARKED);
-    CHECK(grid.flags[0][1] == CELLOPEN);
-    CHECK(grid.cursorx == -1);
-    CHECK(field(BARMARKLENGTH) == "4");
-
-    drivemove(cell(4, 2).x, cell(4, 2).y);
-    drivedrag({cell(4, 2), cell(4, 0)}, DRIVELEFT, DRIVECTRL);
-    CHECK(grid.markright == 4);
-    CHECK(grid.markbottom == 2);
-    CHECK(field(BARMARKLENGTH) == "5");
-    click(0, 2, DRIVERIGHT);
-    CHECK(grid.flags[0][2] == CELLMARKED);
-    CHECK(undrawn() == 0);
-
-    click(1, 1);
-    CHECK(grid.markleft == -1);
-    CHECK(grid.flags[0][2] == CELLOPEN);
-    CHECK(grid.cursorx == 1);
-    CHECK(field(BARMARKLENGTH) == "");
-    CHECK(undrawn() == 0);
-}
-
-TEST_CASE("a press with a twitch is a press")
-{
-    documentbegin("...\n...\n");
-    driveplace at = cell(2, 1);
-    drivedrag({at, {at.x + 2, at.y + 1}});
-    CHECK(grid.cursorx == 2);
-    CHECK(grid.cursory == 1);
-    CHECK(grid.markleft == -1);
-    CHECK(grid.flags[2][1] == CELLOPEN);
-    CHECK(undrawn() == 0);
+    play({
+        {crossword, "...../..#../....."}, {drag, "0,0 3,2 3,0"}, {mark, "0,0 3,0"}, {marked, "4"},
+        {cursor, "-1,-1"}, {text, BARMARKLENGTH, "4"}, {document, "...../..#../....."},
+        {drag, CTRL, "4,2 4,0"}, {text, BARMARKLENGTH, "5"}, {marked, "7"},
+        {click, RIGHT, "0,2"}, {marked, "8"}, {undrawn, "0"},
+        {click, "1,1"}, {mark, "none"}, {marked, "0"}, {cursor, "1,1"}, {text, BARMARKLENGTH, ""},
+        {undrawn, "0"},
+        {twitch, "3,1"}, {cursor, "3,1"}, {mark, "none"}, {undrawn, "0"}, // a press
+    });
 }
 
 TEST_CASE("a drag to the window's edge scrolls on")
 {
-    begin();
+    play({{crossword, "..."}});
     grid.width = grid.height = 40;
     gridextent();
-    drawnafresh();
+    gridredraw();
+    drivepump();
     int width, height;
     drivesize(gridwindow, &width, &height);
     driveplace corner = driveclient(gridwindow, width - 4, height - 4);
-    std::vector<driveplace> places = {cell(2, 2)};
+    driveplace from = driveclient(gridwindow, cellx(2) + 9, celly(2) + 9);
+    std::vector<driveplace> places = {from};
     for (int i = 0; i < 10; i++)
         places.push_back({corner.x + i % 2, corner.y});
     drivedrag(places);
-    CHECK(view().xscroll >= 8 * grid.cellwidth);
-    CHECK(view().yscroll <= -8 * grid.cellheight);
     CHECK(grid.markleft == 2);
-    CHECK(cellx(grid.markright + 2) >= width - 2); // the mark came along
-    CHECK(undrawn() == 0);
+    CHECK(grid.markright >= 7 + width / cellx(1)); // the mark came along
+    CHECK(grid.markbottom >= 7 + height / celly(1));
+    CHECK(scrolled(0, "") != "0,0");
+    play({{undrawn, "0"}});
 }
 
 TEST_CASE("during a search the cells are the search's")
 {
-    documentbegin("a.b\n...\n");
-    click(1, 0);
+    play({{crossword, "a.b/..."}, {click, "1,0"}});
     searchbegin();
-    drivetype("x");
-    drivekey(KEYDELETE);
-    drivekey(KEYF1 + 4);
-    drivekey(KEYRIGHT);
-    click(0, 0);
-    click(2, 0, DRIVERIGHT);
-    drivedrag({cell(0, 0), cell(2, 1)});
-    CHECK(documentpicture() == "a.b\n...\n");
-    CHECK(grid.cursorx == 1);
-    CHECK(grid.markleft == -1);
-    CHECK(search.stopflag == 0);
-    drivekey(KEYESCAPE);
-    CHECK(search.stopflag == 1);
+    play({
+        {type, "x"}, {key, VK_DELETE}, {key, VK_F5}, {key, VK_RIGHT}, {click, "0,0"},
+        {click, RIGHT, "2,0"}, {drag, "0,0 2,1"}, {document, "a.b/..."}, {cursor, "1,0"},
+        {mark, "none"}, {value, "stopping", "0"},
+        {key, VK_ESCAPE}, {value, "stopping", "1"},
+    });
     searchend();
-    drivetype("x");
-    CHECK(grid.letters[1][0] == 'x');
-}
-
-TEST_CASE("a grid is dropped on the grid, a word list on a Wordsquare's alone")
-{
-    documentbegin("ab#\n..c\n\nleft 1,1\n");
-    std::string before = documentpicture(), path = scratchfolder() + "\\dropped.qmg";
-    std::string words = scratchfolder() + "\\words.txt";
-    REQUIRE_FALSE(gridwrite(path.c_str()));
-    std::ofstream(words) << "apple\npear\n";
-
-    documentbegin("....\n");
-    drivedrop(gridwindow, {words}, cell(1, 0));
-    CHECK(grid.filename[0] == 0);
-    CHECK(solutions.count == 0);
-    drivedrop(gridwindow, {path}, cell(1, 0));
-    CHECK(documentpicture() == before);
-    CHECK(drivetext(mainwindow) == "Quillmere - dropped.qmg");
-    CHECK(grid.cursorx == -1);
-    CHECK(undrawn() == 0);
-
-    REQUIRE_FALSE(commandrun(40031));
-    drivepump();
-    drivedrop(gridwindow, {words}, cell(1, 0));
-    CHECK(solutions.count == 2);
-    CHECK(drivetext(mainwindow) == "Quillmere - words.txt");
+    play({{type, "x"}, {document, "axb/..."}});
 }
 
 TEST_CASE("the dialog for the size")
 {
-    constexpr int32_t MENUSIZE = 40008, WIDTH = 1008, HEIGHT = 1010, HEIGHTARROWS = 1009;
-    documentbegin("abc\n...\n");
-    click(1, 1);
-    REQUIRE_FALSE(commandrun(MENUSIZE));
-    drivepump();
-    window dialog = drivewaitwindow("Grid Size");
-    REQUIRE(dialog);
-    CHECK(drivetext(dialog, WIDTH) == "3");
-    CHECK(drivetext(dialog, HEIGHT) == "2");
-    REQUIRE_FALSE(commandrun(MENUSIZE)); // again: the same one
-    click(0, 0);                         // the grid takes nothing meanwhile
-    CHECK(grid.cursorx == 1);
-    CHECK(drivefind("Grid Size") == dialog);
+    play({
+        {crossword, "abc/..."}, {click, "1,1"}, {menu, COMMANDSIZE}, {infront, "Grid Size"},
+        {text, SIZEWIDTH, "3"}, {text, SIZEHEIGHT, "2"},
+        {command, COMMANDSIZE}, {click, "0,0"}, {cursor, "1,1"}, // the grid takes nothing meanwhile
+        {front, "Grid Size"}, {focus, SIZEWIDTH, "yes"},
+        {type, "7"}, {key, VK_TAB}, {type, "128"}, {key, VK_RETURN}, // too large: as it was
+        {value, "size", "7,2"}, {value, "unsaved", "1"}, {undrawn, "0"}, {shown, "Grid Size", "no"},
+        {menu, COMMANDSIZE}, {infront, "Grid Size"},
+        {press, SIZEHEIGHTARROWS, "high"}, {press, SIZEHEIGHTARROWS, "high"},
+        {press, SIZEWIDTHARROWS, "low"}, {press, DIALOGOK}, {value, "size", "6,4"},
+        {menu, COMMANDSIZE}, {infront, "Grid Size"},
+        {type, "9"}, {press, DIALOGCANCEL}, {shown, "Grid Size", "no"},
+        {menu, COMMANDSIZE}, {infront, "Grid Size"},
+        {type, "9"}, {key, ALT | VK_F4}, {shown, "Grid Size", "no"}, {value, "size", "6,4"},
+        {click, "0,0"}, {cursor, "0,0"},
+    });
+}
 
-    SUBCASE("typed over and taken by Return")
-    {
-        drivetype("7");
-        drivekey(KEYTAB);
-        drivetype("128"); // too large: as it was
-        drivekey(KEYRETURN);
-        CHECK(grid.width == 7);
-        CHECK(grid.height == 2);
-        CHECK(gridsunsaved() == 1);
-        CHECK(undrawn() == 0);
-    }
-    SUBCASE("by the arrows and OK")
-    {
-        driveplace arrows = driveicon(dialog, HEIGHTARROWS);
-        driveclick(arrows.x, arrows.y - 3);
-        driveclick(arrows.x, arrows.y - 3);
-        driveiconclick(dialog, 1);
-        CHECK(grid.width == 3);
-        CHECK(grid.height == 4);
-    }
-    SUBCASE("dropped by Cancel")
-    {
-        drivetype("9");
-        driveiconclick(dialog, 2);
-        CHECK(grid.width == 3);
-    }
-    SUBCASE("dropped by the close box")
-    {
-        drivetype("9");
-        drivekey(KEYF1 + 3, DRIVEALT);
-        CHECK(grid.width == 3);
-    }
-    CHECK_FALSE(drivefind("Grid Size"));
-    click(0, 0);
-    CHECK(grid.cursorx == 0);
+TEST_CASE("the splitter is dragged within its limits, and the panes follow the window")
+{
+    play({
+        {crossword, "ab./..."}, {layout, "right"},
+        {split, 500}, {layout, "right"}, {value, "split", "500"}, {undrawn, "0"},
+        {split, 1}, {value, "splitlimit", "least"}, {layout, "right"},
+        {split, 999}, {value, "splitlimit", "most"}, {layout, "right"}, {undrawn, "0"},
+        {split, 333}, {layout, "right"}, {value, "unsaved", "0"},
+        {resize, "500,500"}, {layout, "right"}, {undrawn, "0"},
+        {resize, "120,300"}, {layout, "right"}, {undrawn, "0"},
+        {resize, "30,30"}, {resize, "700,700"}, {layout, "right"}, {undrawn, "0"},
+        {resize, "max"}, {layout, "right"}, {undrawn, "0"},
+        {resize, "min"}, {resize, "back"}, {resize, "back"}, {layout, "right"}, {undrawn, "0"},
+    });
+}
+
+TEST_CASE("each kind of grid has its bar, and a text typed there stays with it")
+{
+    play({
+        {crossword, "ab./..."}, {there, BARSOLVE, "yes"},
+        {press, BARLETTERS}, {type, "letters"}, {menu, COMMANDWORDSQUARE}, {value, "kind", "1"},
+        {document, ".../..."}, {title, "Quillmere"}, {there, BARSOLVE, "no"},
+        {there, BARWORD, "yes"}, {there, BARDELETE, "yes"}, {there, BARMAKE, "yes"},
+        {there, BARSQUARESOLVE, "yes"}, {there, BARNEW, "yes"}, {layout, "right"}, {undrawn, "0"},
+        {menu, COMMANDCROSSWORD}, {text, BARLETTERS, "letters"}, {value, "kind", "0"},
+        {fill, BARLETTERS, ""}, {layout, "right"},
+    });
+}
+
+TEST_CASE("cases are ticked, exclude each other, and take the letters along")
+{
+    play({
+        {crossword, "aB#"}, {menu, COMMANDUPPERCASE}, {document, "AB#"},
+        {click, "0,0"}, {type, "x"}, {document, "XB#"},
+        {entries, "2", "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
+        {menu, COMMANDLOWERCASE}, {document, "xb#"},
+        {entries, "2", "Grid Type, Size..., Reflect, Upper Case, +Lower Case, Customise..."},
+        {menu, COMMANDLOWERCASE}, {document, "xb#"}, {undrawn, "0"},
+        {entries, "2", "Grid Type, Size..., Reflect, Upper Case, Lower Case, Customise..."},
+    });
 }

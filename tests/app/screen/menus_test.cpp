@@ -1,248 +1,236 @@
-// Every entry of every menu, and the menu of dictionaries.
-#include "app/mainwindow.h"
-#include "base/text.h"
-#include "desktop/windows.h"
-#include "dict/dicteditwindow.h"
-#include "dict/dictset.h"
-#include "grid/grid.h"
-#include "grid/gridfile.h"
-#include "grid/gridshape.h"
-#include "grid/gridwindow.h"
-#include "tests/app/screen/dictionaryhands.h"
-#include "tests/app/screen/gridhands.h"
-#include "tests/app/screen/menuhands.h"
-#include "tests/app/screen/screen.h"
-#include "tests/support/driver.h"
+// Every entry of every menu, the menu of dictionaries, files and their boxes.
+#include "tests/app/screen/script.h"
 #include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
 
-#include <windows.h>
-
-#include <filesystem>
-#include <string>
-#include <vector>
-
-namespace
-{
-
-using list = std::vector<std::string>;
-
-HWND handle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
-
-// A menu's entries, "!" before those that are grey and "+" before ticked ones.
-std::string shown(const menupath &path)
-{
-    std::string text;
-    for (const menuentry &entry : menulook(path)) {
-        if (entry.text.empty()) continue;
-        if (!text.empty()) text += ' ';
-        std::string name = entry.text.substr(0, entry.text.find('\t'));
-        std::erase(name, '&');
-        std::erase(name, ' ');
-        text += (entry.grey ? "!" : "") + std::string(entry.ticked ? "+" : "") + name;
-    }
-    return text;
-}
-
-// A directory of its own, with these dictionaries.
-void begin(const list &names)
-{
-    screenstart();
-    std::vector<testdictionary> dictionaries;
-    for (const std::string &name : names)
-        dictionaries.push_back({name, {name, "word"}});
-    dictionariesbegin(dictionaries);
-}
-
-// In a script: another window than the main one that has come up, 0 for none.
-window other()
-{
-    window found = 0;
-    drivewait([&] {
-        for (HWND h = nullptr; (h = FindWindowExA(nullptr, h, nullptr, nullptr));) {
-            DWORD process = 0;
-            GetWindowThreadProcessId(h, &process);
-            char name[32] = "";
-            GetClassNameA(h, name, sizeof name);
-            bool ours = process == GetCurrentProcessId() && IsWindowVisible(h) &&
-                        h != handle(mainwindow) &&
-                        (std::string(name) == "Task" || std::string(name) == "#32770");
-            if (ours) found = reinterpret_cast<window>(h);
-        }
-        return found != 0;
-    });
-    return found;
-}
-
-// The title of what comes up by an entry, and for an error its text; it is
-// closed.
-std::string opens(int32_t id)
-{
-    std::string seen;
-    menuchoose(menufindpath(id), [&] {
-        window w = other();
-        Sleep(150); // its own first messages
-        seen = drivetext(w);
-        if (seen == "Quillmere") seen = drivetext(w, 0xFFFF);
-        PostMessageA(handle(w), WM_CLOSE, 0, 0);
-        drivewait([&] { return !IsWindowVisible(handle(w)); });
-    });
-    return seen;
-}
-
-// The position of a dictionary in the menu.
-int at(const char *name)
-{
-    int number = dictnamefind(name);
-    REQUIRE(number >= 0);
-    return number;
-}
-
-list inuse()
-{
-    list names;
-    for (uint32_t i = 0; i < dictset.count; i++)
-        names.push_back(dicts[dictset.numbers[i]].name);
-    return names;
-}
-
-} // namespace
+// The rows of a script are lines.
+// clang-format off
 
 TEST_CASE("an entry is grey only for its cause, and ticked by what it tells of")
 {
-    begin({"one"});
-    const std::string unnamed = "NewGrid NewWords Open... !Save SaveGridAs... SaveCluesAs... "
-                                "SaveAsDefault Exit";
-    CHECK(shown({0}) == unnamed);
-    CHECK(shown({1}) == "SpellCheck... Load Edit Create... Delete");
-    CHECK(shown({2}) == "GridType Size... Reflect UpperCase LowerCase Customise...");
-    CHECK(shown({2, 0}) == "+Crossword Wordsquare");
-    CHECK(shown({2, 2}) == "Vertical- Horizontal| Diagonal/ Diagonal\\");
-    CHECK(shown({3}) == "Choices... Help... AboutQuillmere...");
-    for (int under : {1, 2, 4})
-        CHECK(shown({1, under}) == "one");
-
-    gridsetfilename("C:\\some.qmg");
-    CHECK(shown({0}).find("!") == std::string::npos);
-
-    gridsetkind(GRIDWORDSQUARE);
-    CHECK(shown({0}) == unnamed);
-    CHECK(shown({1}) == "!SpellCheck... Load Edit Create... Delete");
-    CHECK(shown({2}) == "GridType Size... Reflect UpperCase LowerCase Customise...");
-    CHECK(shown({2, 0}) == "Crossword +Wordsquare");
-    CHECK(shown({2, 2}) == "!Vertical- !Horizontal| !Diagonal/ !Diagonal\\");
-    CHECK(shown({3}) == "Choices... Help... AboutQuillmere...");
-
-    gridsetkind(GRIDCROSSWORD);
-    strcopyn(dictdirectory, "C:\\no such folder", sizeof dictdirectory);
-    CHECK(shown({1}) == "!SpellCheck... Load Edit !Create... Delete");
+    const char *filemenu =
+        "New Grid, New Words, Open..., !Save, Save Grid As..., Save Clues As..., "
+        "Save As Default, Exit";
+    play({
+        {dictionaries, "one: one word"}, {entries, "0", filemenu},
+        {entries, "1", "Spell Check..., Load, Edit, Create..., Delete"},
+        {entries, "2", "Grid Type, Size..., Reflect, Upper Case, Lower Case, Customise..."},
+        {entries, "2 0", "+Crossword, Wordsquare"},
+        {entries, "2 2", "Vertical -, Horizontal |, Diagonal /, Diagonal \\"},
+        {entries, "3", "Choices..., Help..., About Quillmere..."}, {entries, "1 1", "one"},
+        {entries, "1 2", "one"}, {entries, "1 4", "one"},
+        {menu, COMMANDWORDSQUARE}, {entries, "0", filemenu},
+        {entries, "1", "!Spell Check..., Load, Edit, Create..., Delete"},
+        {entries, "2 0", "Crossword, +Wordsquare"},
+        {entries, "2 2", "!Vertical -, !Horizontal |, !Diagonal /, !Diagonal \\"},
+        {menu, COMMANDCROSSWORD}, {menu, COMMANDUPPERCASE},
+        {entries, "2", "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
+        {erase, "*"}, {entries, "1", "!Spell Check..., Load, Edit, !Create..., Delete"},
+        {menu, COMMANDDELETEDICT, "one"}, {answer, IDOK}, {known, "one"},
+    });
 }
 
 TEST_CASE("every entry that opens a window opens it, in both kinds of grid")
 {
-    begin({"one"});
-    for (int32_t kind : {GRIDCROSSWORD, GRIDWORDSQUARE}) {
-        CAPTURE(kind);
-        gridsetkind(kind);
-        CHECK(opens(40022) == "Open");
-        CHECK(opens(40004) == "Save As");
-        CHECK(opens(40005) == "Save As");
-        CHECK(opens(40020) == "Create New Dictionary");
-        CHECK(opens(40008) == "Grid Size");
-        CHECK(opens(40026) == "Customisation");
-        CHECK(opens(40027) == "Choices");
-        CHECK(opens(40016) == "About Quillmere");
-        CHECK(IsWindowEnabled(handle(mainwindow)));
+    const struct {
+        int32_t id;
+        const char *title;
+    } windows[] = {
+        {COMMANDOPEN, "Open"},         {COMMANDSAVEAS, "Save As"},
+        {COMMANDSAVECLUES, "Save As"}, {COMMANDNEWDICT, "Create New Dictionary"},
+        {COMMANDSIZE, "Grid Size"},    {COMMANDCUSTOMISE, "Customisation"},
+        {COMMANDCHOICES, "Choices"},   {COMMANDABOUT, "About Quillmere"},
+    };
+    play({{dictionaries, 1, "one: one"}});
+    for (int32_t kind : {COMMANDCROSSWORD, COMMANDWORDSQUARE}) {
+        play({{menu, kind}});
+        for (const auto &[id, title] : windows)
+            play({
+                {menu, id}, {infront, title},
+                {key, VK_ESCAPE}, {shown, title, "no"}, {enabled, "yes"},
+            });
     }
-    gridsetkind(GRIDCROSSWORD);
-    REQUIRE_FALSE(dictuse(0));
-    CHECK(opens(40017) == "No new words!");
+    play({
+        {menu, COMMANDCROSSWORD}, {menu, COMMANDSPELLCHECK}, {box, "No new words!"},
+        {answer, IDOK},
+    });
 }
 
 TEST_CASE("dictionaries are loaded, ticked and unloaded by the menu, and the grid names them")
 {
-    begin({"Alpha", "beta", "Gamma"});
-    documentread("...\n...\n");
-    menuchoose({1, 1, at("Gamma")});
-    menuchoose({1, 1, at("Alpha")});
-    CHECK(drivetext(mainwindow) == "Quillmere*");
-    CHECK(dicts[at("Alpha")].loaded);
-    CHECK(dictcount(&dicts[at("Gamma")].dict) == 2);
-    CHECK_FALSE(dicts[at("beta")].loaded);
-    std::string load = shown({1, 1});
-    CHECK(load.find("+Alpha") != std::string::npos);
-    CHECK(load.find("+Gamma") != std::string::npos);
-    CHECK(load.find("+beta") == std::string::npos);
-    CHECK(shown({1, 2}).find('+') == std::string::npos);
-    CHECK(shown({1, 4}).find('+') == std::string::npos);
-    CHECK(shown({1, 1}) == load);
-
-    list both = inuse();
-    std::string file = scratchfolder() + "\\named.qmg";
-    REQUIRE_FALSE(gridwrite(file.c_str()));
-    menuchoose({1, 1, at("Gamma")});
-    CHECK(inuse() == list{"Alpha"});
-    CHECK_FALSE(dicts[at("Gamma")].loaded);
-    menuchoose({1, 1, at("beta")});
-    drivedrop(mainwindow, {file}, drivemiddle(mainwindow));
-    CHECK(inuse() == both);
-    CHECK(dictcount(&dicts[at("Gamma")].dict) == 2);
-    CHECK_FALSE(dicts[at("beta")].loaded);
-    CHECK(drivetext(mainwindow) == "Quillmere - named.qmg");
-
-    // A name that is no longer known is passed over.
-    menuchoose({1, 4, at("Alpha")});
-    CHECK_FALSE(std::filesystem::exists(dictionaryplace("Alpha.dic")));
-    CHECK(dictnamefind("Alpha") == -1);
-    CHECK(inuse() == list{"Gamma"});
-    CHECK(shown({1, 1}).find("Alpha") == std::string::npos);
-    CHECK(shown({1, 1}).find("+Gamma") != std::string::npos);
-    drivedrop(mainwindow, {file}, drivemiddle(mainwindow));
-    CHECK(inuse() == list{"Gamma"});
+    play({
+        {dictionaries, "Alpha: a b; beta: b c; Gamma: c d"}, {another, ".../..."},
+        {menu, COMMANDLOADDICT, "Gamma"}, {menu, COMMANDLOADDICT, "Alpha"}, {title, "Quillmere*"},
+        {words, "Alpha", "a b"}, {words, "Gamma", "c d"}, {words, "beta", "not loaded"},
+        {entries, "1 1", "+Alpha, beta, +Gamma"}, {entries, "1 2", "Alpha, beta, Gamma"},
+        {entries, "1 4", "Alpha, beta, Gamma"}, {inuse, "Alpha Gamma"},
+        {menu, COMMANDSAVEAS}, {choose, 0, "named"}, {menu, COMMANDLOADDICT, "Gamma"},
+        {inuse, "Alpha"}, {words, "Gamma", "not loaded"},
+        {menu, COMMANDLOADDICT, "beta"}, {inuse, "Alpha beta"},
+        {drop, ONMAIN, "named.qmg"}, {inuse, "Alpha Gamma"}, {words, "Gamma", "c d"},
+        {words, "beta", "not loaded"}, {title, "Quillmere - named.qmg"},
+        // A name that is no longer known is passed over.
+        {menu, COMMANDDELETEDICT, "Alpha"}, {file, "Alpha.dic", "none"}, {known, "beta Gamma"},
+        {inuse, "Gamma"}, {entries, "1 1", "beta, +Gamma"},
+        {drop, ONMAIN, "named.qmg"}, {inuse, "Gamma"},
+    });
 }
 
 TEST_CASE("a dictionary is edited, made and taken away by the menu")
 {
-    begin({"Alpha", "beta"});
-    documentread("...\n");
-    menuchoose({1, 2, at("beta")});
-    REQUIRE(editor.self);
-    CHECK(drivetext(editor.self).find("beta") != std::string::npos);
-    SendMessageA(handle(editor.self), WM_CLOSE, 0, 0);
-    drivepump();
-    CHECK(gridsunsaved() == 0);
-
-    menuchoose(menufindpath(40020));
-    drivetype("newest");
-    drivekey(VK_RETURN);
-    CHECK(std::filesystem::exists(dictionaryplace("newest.dic")));
-    for (int under : {1, 2, 4}) {
-        std::string names = shown({1, under});
-        CHECK(names.find("newest") != std::string::npos);
-        CHECK(names.find("+newest") == std::string::npos);
-    }
-    if (editor.self) SendMessageA(handle(editor.self), WM_CLOSE, 0, 0);
-    drivepump();
-
-    // What can't be deleted is told of, and stays.
-    HANDLE held = CreateFileA(dictionaryplace("beta.dic").c_str(), GENERIC_READ, FILE_SHARE_READ,
-                              nullptr, OPEN_EXISTING, 0, nullptr);
-    std::string said;
-    menuchoose({1, 4, at("beta")}, [&] {
-        window box = drivewaitwindow("", "#32770");
-        Sleep(100);
-        said = drivetext(box, 0xFFFF);
-        PostMessageA(handle(box), WM_COMMAND, IDCANCEL, 0);
-        drivewait([] { return !drivefind("", "#32770"); });
+    play({
+        {dictionaries, "Alpha: a; beta: b"}, {another, "..."}, {menu, COMMANDEDITDICT, "beta"},
+        {infront, "Edit (beta)"},
+        {shut, "Edit (beta)"}, {shown, "Edit (beta)", "no"}, {value, "unsaved", "0"},
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"}, {enabled, "no"},
+        {type, "newest"}, {key, VK_RETURN}, {shown, "Create New Dictionary", "no"},
+        {enabled, "yes"}, {known, "Alpha beta newest"}, {inuse, ""}, {kept, "newest", ""},
+        {words, "newest", ""},
+        {front}, {entries, "1 4", "Alpha, beta, newest"},
+        // What can't be deleted is told of, and stays.
+        {hold, "beta.dic"}, {menu, COMMANDDELETEDICT, "beta"}, {answer, IDOK}, {letgo},
+        {readonly, 1, "Alpha.dic"}, {menu, COMMANDDELETEDICT, "Alpha"}, {answer, IDOK},
+        {readonly, 0, "Alpha.dic"}, {kept, "Alpha", "a"}, {known, "Alpha beta newest"},
+        {menu, COMMANDDELETEDICT, "beta"}, {known, "Alpha newest"}, {box, "none"},
     });
-    CloseHandle(held);
-    CHECK(said != "");
-    CHECK(dictnamefind("beta") >= 0);
-    menuchoose({1, 4, at("beta")});
-    CHECK(dictnamefind("beta") == -1);
-    CHECK_FALSE(drivefind("", "#32770"));
+}
+
+TEST_CASE("names that can't be a dictionary's are told of, and make none")
+{
+    const std::string longest(31, 'n');
+    auto name = [](const std::string &with, const char *said) {
+        play({
+            {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+            {type, with}, {key, VK_RETURN}, {box, said},
+            {answer, IDOK}, {known, "mine"},
+        });
+    };
+    play({{dictionaries, "mine: ant"}});
+    name("MINE", "Dictionary already exists.");
+    play({
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+        {type, longest + "n"}, {key, VK_RETURN}, {answer, IDOK}, {known, "mine"},
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+        {type, "no\\such\\folder"}, {key, VK_RETURN}, {answer, IDOK}, {known, "mine"},
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+        {type, "no*name"}, {key, VK_RETURN}, {answer, IDOK}, {known, "mine"},
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+        {key, VK_RETURN}, {enabled, "yes"}, {box, "none"}, {known, "mine"}, // the user knows
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+        {type, "never"}, {press, DIALOGCANCEL}, {enabled, "yes"}, {known, "mine"},
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+        {type, "never"}, {key, ALT | VK_F4}, {enabled, "yes"}, {known, "mine"},
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+        {type, longest}, {key, VK_RETURN}, {known, "mine " + longest}, {kept, longest, ""},
+    });
+}
+
+TEST_CASE("no more than 32 dictionaries are known, and none is made beyond them")
+{
+    std::string all, listed;
+    for (int i = 100; i < 132; i++) {
+        all += (i > 100 ? "; x" : "x") + std::to_string(i) + ": a";
+        listed += (i > 100 ? " x" : "x") + std::to_string(i);
+    }
+    play({
+        {dictionaries, all}, {known, listed},
+        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
+        {type, "onemore"}, {key, VK_RETURN}, {box, "ENUD"},
+        {answer, IDOK}, {file, "onemore.dic", "none"},
+    });
+}
+
+TEST_CASE("a grid is saved under a typed name, and opened again")
+{
+    play({
+        {crossword, "ab#/..."}, {menu, COMMANDSAVEAS}, {choose, 0, "first"},
+        {file, 14, "first.qmg", "Quillmere Grid"}, {value, "file", "first.qmg"},
+        {value, "unsaved", "0"},
+        {another, "x"}, {menu, COMMANDOPEN}, {choose}, {document, "x"},
+        {menu, COMMANDOPEN}, {choose, 0, "first.qmg"}, {document, "ab#/..."},
+        {title, "Quillmere - first.qmg"},
+        // An extension in another case stays, and Save asks nothing.
+        {menu, COMMANDSAVEAS}, {choose, 1, "second.QMG"}, {value, "file", "second.QMG"},
+        {erase, "second.QMG"}, {click, "2,1"}, {type, "z"}, {menu, COMMANDSAVE}, {box, "none"},
+        {title, "Quillmere - second.QMG"}, {quill, "grid draw @second.QMG", "ab#|..z"},
+        {click, "1,1"}, {type, "y"}, {key, CTRL | 'S'}, {title, "Quillmere - second.QMG"},
+        {quill, "grid draw @second.QMG", "ab#|.yz"},
+    });
+}
+
+TEST_CASE("a type of picture makes a picture, and leaves the document its name")
+{
+    play({
+        {crossword, "ab#/..."}, {click, "0,0"}, {drag, CTRL, "1,0 1,1"}, {menu, COMMANDSAVEAS},
+        {choose, 2, "marked"}, {menu, COMMANDSAVEAS}, {choose, 3, "plain.qmg"},
+        {menu, COMMANDSAVEAS}, {choose, 4, "placeable.wmf"}, {value, "file", ""},
+        {menu, COMMANDSAVEAS}, {choose, 2, ""}, {menu, COMMANDSAVECLUES}, {choose, 0, "clues"},
+    });
+    // Cursor and mark are in no picture.
+    play({{another, "ab#/..."}, {menu, COMMANDSAVEAS}, {choose, 3, "unmarked"}});
+    CHECK(file(0, "plain.wmf") == file(0, "unmarked.wmf"));
+    CHECK(file(4, "marked.emf") == std::string("\1\0\0\0", 4));
+    CHECK(file(4, "plain.wmf") == std::string("\1\0\t\0", 4));
+    CHECK(file(4, "placeable.wmf") == "\xD7\xCD\xC6\x9A");
+    CHECK(file(0, "clues.txt").find("Clues across.") != std::string::npos);
+}
+
+TEST_CASE("the title tells the document and whether it is changed")
+{
+    play({
+        {crossword, ".../..."}, {title, "Quillmere"},
+        {click, "0,0"}, {title, "Quillmere"},
+        {type, "a"}, {title, "Quillmere*"},
+        {menu, COMMANDNEWGRID}, {title, "Quillmere"}, {document, ".../..."},
+        {another, "ab#/.*."}, {menu, COMMANDNEWWORDS}, {document, "..#/..."}, {title, "Quillmere*"},
+        {undrawn, "0"},
+    });
+}
+
+TEST_CASE("a default grid keeps size, kind, looks and window for the next start")
+{
+    play({
+        {crossword, "ab#/..."}, {menu, COMMANDWORDSQUARE}, {menu, COMMANDCUSTOMISE},
+        {infront, "Customisation"},
+        {pickcolour, CUSTOMTEXTPICKER, "255 0 0"}, {press, DIALOGOK},
+        {shown, "Customisation", "no"},
+        {resize, "620,410"}, {setting, cell(0, 0), "cursor"}, {type, "a"},
+        {menu, COMMANDSAVEDEFAULT}, {title, "Quillmere*"}, // the document itself isn't saved
+        {file, 14, "Default", "Quillmere Grid"},
+        {resize, "400,300"}, {menu, COMMANDCROSSWORD}, {another, "."}, {nextstart},
+        {value, "kind", "1"}, {value, "text", "ff0000"}, {value, "size", "3,2"},
+        {framed, "620,410", "yes"}, {layout, "right"}, {undrawn, "0"},
+    });
+}
+
+TEST_CASE("a dropped grid brings its window size along; what is no grid is told of")
+{
+    play({
+        {crossword, "ab#/..."}, {resize, "560,420"}, {menu, COMMANDSAVEAS}, {choose, 0, "sized"},
+        {put, "bad.qmg zebra|"}, {resize, "400,300"}, {another, "...."},
+        {drop, ONMAIN, "sized.qmg"}, {document, "ab#/..."}, {title, "Quillmere - sized.qmg"},
+        {framed, "560,420", "yes"}, {layout, "right"},
+        {another, "...."}, {drop, ONLIST, "sized.qmg"}, {document, "ab#/..."},
+        {another, "...."}, {drop, ONGRID, "sized.qmg"}, {document, "ab#/..."}, {cursor, "-1,-1"},
+        {undrawn, "0"},
+        {another, "...."}, {drop, ONMAIN, "bad.qmg"}, {box, "Corruption in file."},
+        {answer, IDOK}, {document, "...."},
+        {drop, ONMAIN, "missing.qmg"}, {document, "...."},
+        {put, "words.txt apple|pear|"}, {drop, ONGRID, "words.txt"}, {count, "0"},
+        {menu, COMMANDWORDSQUARE}, {drop, ONGRID, "words.txt"}, {count, "2"},
+        {title, "Quillmere - words.txt"},
+    });
+}
+
+TEST_CASE("an edited grid is asked about before the program ends")
+{
+    const char *asked = "Grid edited and not saved. Continue?";
+    play({
+        {crossword, "..."}, {click, "0,0"}, {type, "a"}, {key, ALT | VK_F4}, {box, asked},
+        {answer, IDNO}, {document, "a.."}, {title, "Quillmere*"},
+        {shut, "Quillmere*"}, {box, asked},
+        {answer, IDNO}, {menu, COMMANDEXIT}, {box, asked},
+        {type, "n"}, {box, "none"}, {title, "Quillmere*"},
+    });
 }

@@ -17,7 +17,7 @@
 #include "grid/appearance.h"
 #include "grid/grid.h"
 #include "grid/gridwindow.h"
-#include "tests/app/screen/screen.h"
+#include "tests/app/screen/inside.h"
 #include "tests/support/driver.h"
 #include "tests/support/runner.h"
 
@@ -83,6 +83,8 @@ void dialogsclose()
         if (w) SendMessageA(reinterpret_cast<HWND>(w), WM_CLOSE, 0, 0);
 }
 
+} // namespace
+
 void documentreset()
 {
     solreset();
@@ -95,8 +97,6 @@ void documentreset()
     gridredraw();
     settitlefromgrid();
 }
-
-} // namespace
 
 void modulesreset()
 {
@@ -116,12 +116,8 @@ void modulesreset()
     dictmenubuild();
     documentreset();
     openwindow(&firststate);
-    drivepump();
-}
-
-void screenstart()
-{
-    REQUIRE(IsWindowVisible(reinterpret_cast<HWND>(mainwindow)));
+    for (const char *own : {"Default", "Choices"})
+        std::filesystem::remove(place(own));
     setactive(mainwindow);
     drivefront(mainwindow);
     drivepump();

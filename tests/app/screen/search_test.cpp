@@ -1,32 +1,16 @@
-// The searches of a Crossword, stopped in the middle, and the list that they fill.
-#include "app/buttons.h"
-#include "app/commands.h"
-#include "app/mainwindow.h"
-#include "base/chars.h"
-#include "desktop/icons.h"
-#include "desktop/windows.h"
+// The searches: what they list, stopped in the middle, and what quill finds in the file
+// that the program has saved.
 #include "dict/dictset.h"
-#include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/solutionsview.h"
-#include "find/solve.h"
 #include "graphics/modeinfo.h"
-#include "grid/grid.h"
 #include "grid/gridview.h"
-#include "resources/identifiers.h"
-#include "tests/app/screen/boxhands.h"
-#include "tests/app/screen/dictionaryhands.h"
-#include "tests/app/screen/gridhands.h"
-#include "tests/app/screen/menuhands.h"
-#include "tests/app/screen/searchhands.h"
-#include "tests/support/driver.h"
+#include "tests/app/screen/script.h"
 
 #include <doctest/doctest.h>
 
-#include <windows.h>
-
 #include <algorithm>
-#include <string>
+#include <sstream>
 #include <vector>
 
 namespace
@@ -34,62 +18,21 @@ namespace
 
 int dark(const drivepicture &p, int left, int top, int right, int bottom)
 {
-    int count = 0;
+    int dots = 0;
     for (int y = std::max(top, 0); y < std::min(bottom, p.height); y++)
         for (int x = std::max(left, 0); x < std::min(right, p.width); x++)
-            count += (p.at(x, y) & 0xFF) < 0x60;
-    return count;
+            dots += (p.at(x, y) & 0xFF) < 0x60;
+    return dots;
 }
 
-} // namespace
-
-TEST_CASE("Solve lists what fits, and a press on a row writes it into the grid")
+// Pictures in the list have letters along their top and their left, and none in their
+// middle.
+void crossingpictures(int32_t rows)
 {
-    crosswordbegin("c.t..\n..###\n..###\n");
-    markdrag(0, 0, 2, 0);
-    searchrun(BARSOLVE);
-    CHECK(listrows() == list{"cat", "cot"});
-    CHECK(undrawn() == 0);
-    rowclick(2); // below the last
-    CHECK(documentpicture() == "c.t..\n..###\n..###\n");
-    rowclick(1, DRIVERIGHT);
-    CHECK(documentpicture() == "c.t..\n..###\n..###\n");
-    rowclick(1);
-    CHECK(documentpicture() == "cot..\n..###\n..###\n");
-    CHECK(drivetext(mainwindow) == "Quillmere*");
-    driveplace first = rowplace(0);
-    drivedouble(first.x, first.y);
-    CHECK(documentpicture() == "cat..\n..###\n..###\n");
-    CHECK(listrows() == list{"cat", "cot"});
-    CHECK(undrawn() == 0);
-
-    // Another mark, and the rows are gone.
-    drivepicture full = drivelook(solutionswindow);
-    cellclick(4, 0);
-    CHECK(solutions.count == 0);
-    CHECK(differences(full, drivelook(solutionswindow)) > 0);
-    CHECK(undrawn() == 0);
-}
-
-TEST_CASE("words that cross are solved together, and shown as they lie")
-{
-    crosswordbegin("....\n.###\n.###\n");
-    markdrag(0, 0, 2, 2);
-    searchrun(BARSOLVE);
-    list pairs;
-    for (const std::string &across : WORDS)
-        for (const std::string &down : WORDS)
-            if (across.size() == 3 && down.size() == 3 && across[0] == down[0])
-                pairs.push_back(across + " " + down);
-    CHECK(listrows() == pairs);
-    REQUIRE(solutions.slotcount == 2);
-
-    // Each picture has letters along its top and its left, and none in its middle.
-    drivemove(2, 2);
     drivepicture p = drivelook(solutionswindow);
     int left = ostodevx(6), height = ostodevy(solutions.textheight),
         width = ostodevx(solutions.charwidth), top = ostodevy(10);
-    for (int32_t at = 0; at < 2; at++) {
+    for (int32_t at = 0; at < rows; at++) {
         int y = ostodevy(at * solutions.rowheight) + top;
         for (int i = 0; i < 3; i++) {
             CHECK(dark(p, left + i * width, y, left + (i + 1) * width, y + height) > 0);
@@ -97,155 +40,257 @@ TEST_CASE("words that cross are solved together, and shown as they lie")
         }
         CHECK(dark(p, left + width + 1, y + height + 1, left + 3 * width, y + 3 * height) == 0);
     }
+}
 
-    // A row further down, after the wheel.
-    int32_t last = solutions.count - 1;
-    drivemove(drivemiddle(solutionswindow).x, drivemiddle(solutionswindow).y);
-    for (int i = 0; i < 60; i++)
-        drivewheel(-120);
-    windowstaterecord state;
-    REQUIRE_FALSE(windowstate(solutionswindow, &state));
-    CHECK(state.yscroll < 0);
-    rowclick(last);
-    std::string across = wordtext(solref(last, 0));
-    CHECK(documentpicture().substr(0, 4) == across + ".");
-    CHECK(undrawn() == 0);
+std::string said; // by a box
 
-    // A phrase is shown as it is written into the grid, closed up.
-    crosswordbegin("c...\n.###\n.###\n");
-    REQUIRE_FALSE(dictadd("c at", &dicts[dictset.numbers[0]].dict));
-    markdrag(0, 0, 2, 2);
-    searchrun(BARSOLVE);
-    REQUIRE(listrows()[0] == "c at c at");
-    drivemove(2, 2);
-    p = drivelook(solutionswindow);
-    for (int i = 0; i < 3; i++)
-        CHECK(dark(p, left + i * width, top, left + (i + 1) * width, top + height) > 0);
-    rowclick(0);
-    CHECK(documentpicture() == "cat.\na###\nt###\n");
+void remember(int32_t, const std::string &)
+{
+    said = box(0, "");
+}
+
+std::string sorted(const std::string &all, char between)
+{
+    std::vector<std::string> items;
+    std::istringstream in(all);
+    for (std::string one; std::getline(in >> std::ws, one, between);)
+        items.push_back(one);
+    std::sort(items.begin(), items.end());
+    std::string joined;
+    for (const std::string &one : items)
+        joined += one + "\n";
+    return joined;
+}
+
+// The rows of a Wordsquare's list as quill prints them: words and places.
+std::string placed()
+{
+    std::string lines;
+    for (int32_t i = 0; i < solutions.count; i++) {
+        const wsentry *entry = solword(i);
+        lines += entry->text;
+        for (int32_t n : {entry->x, entry->y, int32_t{entry->dx}, int32_t{entry->dy}})
+            lines += '\t' + std::to_string(n);
+        lines += '|';
+    }
+    return sorted(lines, '|');
+}
+
+} // namespace
+
+// The rows of a script are lines.
+// clang-format off
+
+TEST_CASE("Solve lists what fits, and a press on a row writes it into the grid")
+{
+    play({
+        {crossword, "c.t../..###/..###"}, {drag, "0,0 2,0"}, {searched, BARSOLVE},
+        {listed, "cat, cot"}, {undrawn, "0"},
+        {pick, 2}, {document, "c.t../..###/..###"}, // below the last
+        {pick, 1, "right"}, {document, "c.t../..###/..###"},
+        {pick, 1}, {document, "cot../..###/..###"}, {title, "Quillmere*"},
+        {pick, 0, "double"}, {document, "cat../..###/..###"}, {listed, "cat, cot"}, {undrawn, "0"},
+        {click, "4,0"}, {count, "0"}, {undrawn, "0"}, // another mark, and the rows are gone
+    });
+}
+
+TEST_CASE("words that cross are solved together, and shown as they lie")
+{
+    play({
+        {crossword, "..../.###/.###"}, {drag, "0,0 2,2"}, {searched, BARSOLVE},
+        {value, "slots", "2"},
+        {listed, "act act, act art, art act, art art, bat bat, cat cat, cat cot, cot cat, cot cot, oat oat, rat rat, tar tar, tar tea, tar toe, tea tar, tea tea, tea toe, toe tar, toe tea, toe toe"},
+    });
+    crossingpictures(2);
+    play({
+        {wheel, -60}, {pick, 19}, {document, "toe./o###/e###"}, {undrawn, "0"},
+        // A phrase is shown as it is written into the grid, closed up.
+        {crossword, "c.../.###/.###"}, {menu, COMMANDEDITDICT, "words"}, {fill, EDITWORD, "c at"},
+        {key, VK_RETURN}, {press, EDITOK}, {drag, "0,0 2,2"}, {searched, BARSOLVE},
+        {listed, "c at c at, c at cat, c at cot, cat c at, cat cat, cat cot, cot c at, cot cat, cot cot"},
+    });
+    crossingpictures(1);
+    play({{pick, 0}, {document, "cat./a###/t###"}});
 }
 
 TEST_CASE("what Solve and Anagram can't do is said")
 {
-    crosswordbegin("....\n.###\n");
-    CHECK(complaint([] { barpress(BARSOLVE); }) == "Need marked word!");
-    CHECK(complaint([] { barpress(BARANAGRAM); }) == "Need marked word!");
-    grid.flags[3][0] |= CELLMARKED;
-    markrescan();
-    CHECK(complaint([] { barpress(BARSOLVE); }) == "Nothing to solve!");
-    markdrag(0, 0, 3, 1);
-    CHECK(complaint([] { barpress(BARANAGRAM); }) == "An anagram must be a single marked word!");
-    cellclick(1, 0);
-    markdrag(0, 0, 3, 0);
-    CHECK(complaint([] { barpress(BARANAGRAM); }) == "Can't have space in anagram");
-    bartype(BARLETTERS, "tea");
-    CHECK(
-        complaint([] { drivekey(VK_RETURN); }) ==
-        "The marked area of grid must have the same number of characters as in the anagram text.");
-    REQUIRE_FALSE(dictunuse(0));
-    CHECK(complaint([] { barpress(BARSOLVE); }) == "No dictionaries loaded!");
-    CHECK_FALSE(barsolving());
-    seticontext(buttonwindow, BARLETTERS, "");
+    play({
+        {crossword, "..../.###"}, {press, BARSOLVE}, {box, "Need marked word!"},
+        {answer, IDOK}, {press, BARANAGRAM}, {box, "Need marked word!"},
+        {answer, IDOK}, {drag, "3,0 3,1"}, {press, BARSOLVE}, {box, "Nothing to solve!"},
+        {answer, IDOK}, {drag, "0,0 3,1"}, {press, BARANAGRAM},
+        {box, "An anagram must be a single marked word!"},
+        {answer, IDOK}, {click, "1,0"}, {drag, "0,0 3,0"}, {press, BARANAGRAM},
+        {box, "Can't have space in anagram"},
+        {answer, IDOK}, {fill, BARLETTERS, "tea"}, {key, VK_RETURN},
+        {box, "The marked area of grid must have the same number of characters as in the anagram text."},
+        {answer, IDOK}, {menu, COMMANDLOADDICT, "words"}, {press, BARSOLVE},
+        {box, "No dictionaries loaded!"},
+        {answer, IDOK}, {there, BARSOLVE, "yes"},
+        {fill, BARLETTERS, ""},
+    });
 }
 
 TEST_CASE("Anagram takes the typed letters, by button and Return, or those of the grid")
 {
-    crosswordbegin("...t\n....\n");
-    markdrag(0, 0, 2, 0);
-    bartype(BARLETTERS, "tac");
-    drivekey(VK_RETURN);
-    drivepump(250);
-    CHECK(listrows() == list{"act", "cat"});
-    CHECK(drivetext(buttonwindow, BARLETTERS) == "tac");
-    caretrecord caret;
-    REQUIRE_FALSE(getcaret(&caret));
-    CHECK(caret.self == buttonwindow);
-    CHECK(caret.icon == BARLETTERS);
-    CHECK(drivetext(buttonwindow, BARMARKLENGTH) == "3");
-    drivekey(VK_BACK);
-    drivetype("*");
-    searchrun(BARANAGRAM);
-    CHECK(listrows() == list{"act", "art", "bat", "cat", "oat", "rat", "tar", "tea"});
-    rowclick(2);
-    CHECK(documentpicture() == "batt\n....\n");
-    CHECK(undrawn() == 0);
-
-    barpress(BARLETTERS);
-    drivekey('A', DRIVECTRL);
-    drivekey(VK_DELETE);
-    searchrun(BARANAGRAM); // "bat" itself
-    CHECK(listrows() == list{"bat"});
+    play({
+        {crossword, "...t/...."}, {drag, "0,0 2,0"}, {fill, BARLETTERS, "tac"}, {key, VK_RETURN},
+        {listed, "act, cat"}, {text, BARLETTERS, "tac"}, {focus, BARLETTERS, "yes"},
+        {text, BARMARKLENGTH, "3"},
+        {key, VK_BACK}, {type, "*"}, {searched, BARANAGRAM},
+        {listed, "act, art, bat, cat, oat, rat, tar, tea"},
+        {pick, 2}, {document, "batt/...."}, {undrawn, "0"},
+        {fill, BARLETTERS, ""}, {searched, BARANAGRAM}, {listed, "bat"},
+    });
 }
 
 TEST_CASE("a long Solve counts, repaints and stops, and the bar comes back as it was")
 {
-    crosswordbegin(".....\n.####\n.####\n.####\n.####\n");
-    if (!dictionarylarge()) return;
-    solutions.maxsolutions = 1000000;
-    markdrag(0, 0, 4, 4);
-    bartype(BARLETTERS, "keep me");
-    bool stopper = false, counted = false, right = true, painted = false;
-    bool escape = false;
-    SUBCASE("by the button") {}
-    SUBCASE("by Escape")
-    {
-        escape = true;
-    }
-    DWORD stoppedat = 0;
-    searchrun(BARSOLVE, [&] {
-        stopper = drivewait([] { return drivecontrol(buttonwindow, BARSTOP) != 0; });
-        counted = drivewait([&] {
-            std::string text = drivetext(buttonwindow, BARPROGRESS);
-            right = right && (text.empty() || shownprogress(text));
-            return text.size() >= 3;
+    if (!largehere()) return;
+    for (bool escape : {false, true})
+        play({
+            {crossword, "...../.####/.####/.####/.####"}, {large, 1, "MainDict"},
+            {setting, 1000000, "limit"}, {drag, "0,0 4,4"}, {fill, BARLETTERS, "keep me"},
+            {press, BARSOLVE}, {there, BARSTOP, "yes"}, {value, "counting", "yes"},
+            {repainted, ONGRID, "yes"},
+            {escape ? step{key, VK_ESCAPE} : step{press, BARSTOP}}, {there, BARSTOP, "no"},
+            {searchend}, {value, "slots", "2"}, {value, "crossing", "yes"},
+            {text, BARLETTERS, "keep me"}, {focus, BARSOLVE, "yes"},
+            {pick, 0}, {undrawn, "0"},
+            {fill, BARLETTERS, ""},
         });
-        painted = repaints(gridwindow);
-        stoppedat = GetTickCount();
-        if (escape)
-            drivekey(VK_ESCAPE);
-        else
-            stoppress();
-    });
-    CHECK(stopper);
-    CHECK(counted);
-    CHECK(right);
-    CHECK(painted);
-    CHECK(GetTickCount() - stoppedat < 3000);
-    CHECK(solutions.count >= 100);
-    CHECK(solutions.slotcount == 2);
-    CHECK(drivetext(buttonwindow, BARLETTERS) == "keep me");
-    caretrecord caret;
-    REQUIRE_FALSE(getcaret(&caret));
-    CHECK(caret.self == buttonwindow);
-    CHECK(caret.icon == BARSOLVE); // which was pressed
-
-    int crossed = 0;
-    for (int32_t at = 0; at < solutions.count; at++) {
-        std::string across = wordtext(solref(at, 0)), down = wordtext(solref(at, 1));
-        crossed +=
-            charlower(static_cast<uint8_t>(across[0])) == charlower(static_cast<uint8_t>(down[0]));
-    }
-    CHECK(crossed == solutions.count);
-    rowclick(0);
-    drivepump();
-    CHECK(undrawn() == 0);
-    seticontext(buttonwindow, BARLETTERS, "");
 }
 
 TEST_CASE("a command in the middle of a search ends it first")
 {
-    crosswordbegin("......\n......\n......\n......\n......\n......\n");
-    if (!dictionarylarge()) return;
-    markdrag(0, 0, 5, 5);
-    bool ticked = false;
-    menupath upper = menufindpath(40013);
-    searchrun(BARSOLVE, [&] {
-        menupress(upper);
-        ticked = drivewait([] { return grid.casemode == CASEUPPER; });
+    if (!largehere()) return;
+    play({
+        {crossword, "...../.####/.####/.####/.####"}, {setting, 1000000, "limit"}, {large, 1, "MainDict"},
+        {drag, "0,0 4,4"}, {press, BARSOLVE}, {there, BARSTOP, "yes"},
+        {menu, COMMANDUPPERCASE}, {there, BARSOLVE, "yes"}, {count, "0"}, {mark, "none"},
+        {undrawn, "0"},
+        {entries, "2", "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
     });
-    CHECK(ticked);
-    CHECK(solutions.count == 0);
-    CHECK(grid.markleft == -1);
-    CHECK(drivecontrol(buttonwindow, BARSOLVE));
-    CHECK(undrawn() == 0);
+}
+
+TEST_CASE("a word that is added under a search waits for the search's end")
+{
+    if (!largehere()) return;
+    play({
+        {crossword, "...../.####/.####/.####/.####"}, {setting, 1000000, "limit"}, {large, 1, "mine"},
+        {menu, COMMANDEDITDICT, "mine"}, {infront, "Edit (mine)"},
+        {fill, EDITWORD, "zzyzx"}, {wordrow, "-1"},
+        {front}, {drag, "0,0 4,4"}, {press, BARSOLVE}, {there, BARSTOP, "yes"},
+        {press, EDITADD}, {there, BARSTOP, "no"},
+        {searchend}, {changed, "yes"}, {count, "0"}, // they would be other words now
+    });
+    CHECK(wordrow(0, "") != "-1");
+}
+
+TEST_CASE("words are typed into a Wordsquare's list, selected there, and deleted")
+{
+    play({
+        {square, 9}, {fill, BARWORD, "stare"}, {key, VK_RETURN}, {text, BARWORD, ""},
+        {type, "tea"}, {key, VK_RETURN}, {type, "Rat"}, {key, VK_RETURN},
+        {type, "toolongtofitinhere"}, {key, VK_RETURN},
+        {listed, "stare, tea, Rat, toolongtofitinhere"}, {undrawn, "0"},
+        {pick, 3}, {press, BARDELETE}, {listed, "stare, tea, Rat"},
+        {searched, BARMAKE}, {value, "filled", "yes"}, {listed, "stare, tea, Rat"}, {lying, "3"},
+        {title, "Quillmere*"}, {undrawn, "0"},
+        {pick, 0}, {marked, "5"}, {undrawn, "0"},
+        {pick, 1}, {marked, "3"},
+        {pick, 1}, {marked, "3"}, // the only one selected: it stays so
+        {pick, 2, "ctrl"}, {pick, 0, "right"}, {selected, "3"}, {undrawn, "0"},
+        {pick, 1, "right"}, {pick, 5, "right"}, {selected, "2"}, // below the last
+        {press, BARDELETE}, {listed, "tea"}, {marked, "0"}, {undrawn, "0"},
+        {press, BARDELETE}, {listed, "tea"}, // nothing is selected
+    });
+}
+
+TEST_CASE("a Make that finds no end is stopped with what it has")
+{
+    // One more than lie beside each other, and all letters differ where they'd cross.
+    std::string crowd;
+    for (char first = 'a'; first < 'a' + 11; first++)
+        crowd += std::string(9, first) + static_cast<char>(first + 11) + "|";
+    for (bool escape : {false, true}) {
+        play({{fresh}, {square, 10}, {press, BARWORD}});
+        for (size_t at = 0; at < crowd.size(); at += 11)
+            play({{type, crowd.substr(at, 10)}, {key, VK_RETURN}});
+        play({
+            {count, "11"},
+            {press, BARMAKE}, {there, BARSTOP, "yes"}, {value, "progress", "yes"},
+            {repainted, ONLIST, "yes"},
+            {escape ? step{key, VK_ESCAPE} : step{press, BARSTOP}}, {boxthere, "yes"},
+            {remember}, {answer, IDOK}, {searchend}, {value, "filled", "yes"}, {undrawn, "0"},
+        });
+        int fitted = std::stoi(lying(0, ""));
+        CHECK(fitted > 0);
+        CHECK(fitted < 11);
+        CHECK(said == "Fitted " + std::to_string(fitted) + " words, up to " +
+                          crowd.substr(static_cast<size_t>(fitted) * 11, 10));
+    }
+}
+
+TEST_CASE("a New without end is stopped, and its square filled")
+{
+    play({
+        {square, 9}, {dictionaries, 1, "short: cat dog"}, // which fit over themselves for ever
+        {press, BARNEW}, {there, BARSTOP, "yes"},
+        {press, BARSTOP}, {there, BARSTOP, "no"},
+        {searchend}, {box, "none"}, {count, "0"}, {value, "filled", "yes"}, {undrawn, "0"},
+    });
+}
+
+TEST_CASE("a long Solve of a Wordsquare is stopped with what it has")
+{
+    if (!largehere()) return;
+    play({
+        {square, 127}, {large, 1, "MainDict"}, {setting, 2, "minimum"}, {searched, BARNEW},
+        {searched, BARSQUARESOLVE},
+    });
+    int all = std::stoi(count(0, ""));
+    play({
+        {press, BARSQUARESOLVE}, {there, BARSTOP, "yes"},
+        {press, BARSTOP}, {there, BARSTOP, "no"},
+        {searchend}, {value, "sorted", "yes"}, {undrawn, "0"},
+    });
+    CHECK(std::stoi(count(0, "")) < all);
+}
+
+TEST_CASE("quill finds the same in the saved file as the program in its window")
+{
+    if (!largehere()) return;
+    const std::string with = " --dictionaries @ --dict MainDict";
+    play({
+        {crossword, "c.t.a/..###/.e###/....."}, {large, 1, "MainDict"}, {drag, "0,0 4,0"},
+        {menu, COMMANDSAVEAS}, {choose, 0, "searched"}, {searched, BARSOLVE},
+    });
+    CHECK(sorted(listed(0, ""), ',') ==
+          sorted(quill(0, "solve @searched.qmg --mark 0,0,4,0" + with), '|'));
+    CHECK(count(0, "") != "0");
+    for (std::string letters : {"stare", "t*r*s"}) {
+        play({
+            {click, "0,1"}, {drag, "0,3 4,3"}, {fill, BARLETTERS, letters}, {searched, BARANAGRAM},
+        });
+        CHECK(sorted(listed(0, ""), ',') == sorted(quill(0, "anagram " + letters + with), '|'));
+        CHECK(std::stoi(count(0, "")) > 1);
+    }
+    play({
+        {fill, BARLETTERS, ""}, {square, 12}, {setting, 3, "minimum"}, {searched, BARNEW},
+        {value, "filled", "yes"}, {count, "0"},
+        {searched, BARSQUARESOLVE}, {undrawn, "0"},
+        {menu, COMMANDSAVEAS}, {choose, 0, "square"},
+    });
+    auto found = [](const char *least) {
+        return sorted(
+            quill(0, std::string("find @square.qmg --dictionaries @ --dict words --min ") + least),
+            '|');
+    };
+    CHECK(std::stoi(count(0, "")) > 4);
+    CHECK(lying(0, "") == count(0, ""));
+    CHECK(placed() == found("3"));
+    play({{setting, 5, "minimum"}, {searched, BARSQUARESOLVE}});
+    CHECK(placed() == found("5"));
 }

@@ -1,0 +1,632 @@
+// What a user of a script sees.
+#include "app/buttons.h"
+#include "app/mainwindow.h"
+#include "base/chars.h"
+#include "base/platform.h"
+#include "desktop/icons.h"
+#include "desktop/keys.h"
+#include "desktop/windows.h"
+#include "dict/dicteditwindow.h"
+#include "dict/dictfile.h"
+#include "dict/dictset.h"
+#include "find/findwindow.h"
+#include "find/solutions.h"
+#include "find/solutionsview.h"
+#include "find/solve.h"
+#include "find/spellwindow.h"
+#include "graphics/modeinfo.h"
+#include "grid/appearance.h"
+#include "grid/grid.h"
+#include "grid/gridfile.h"
+#include "grid/gridpicture.h"
+#include "grid/gridshape.h"
+#include "grid/gridview.h"
+#include "tests/app/screen/inside.h"
+#include "tests/support/runner.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+namespace
+{
+
+std::string hex(uint32_t rgb)
+{
+    char digits[8];
+    snprintf(digits, sizeof digits, "%06x", rgb);
+    return digits;
+}
+
+std::string number(int64_t n)
+{
+    return std::to_string(n);
+}
+
+void add(std::string *all, const std::string &item, const char *between = ", ")
+{
+    *all += (all->empty() ? "" : between) + item;
+}
+
+// Lines parted by "|".
+std::string joined(const std::string &lines, char with)
+{
+    std::string out;
+    for (char c : lines)
+        if (c != '\r') out += c == '\n' ? with : c;
+    while (!out.empty() && out.back() == with)
+        out.pop_back();
+    return out;
+}
+
+// A row of the list of words in pixels of its pane, as it stands.
+int wordtop(int32_t row)
+{
+    windowstaterecord state = {};
+    if (windowstate(wordlist()->pane, &state)) return 0;
+    return ostodevy(row * wordmetrics.rowheight + state.yscroll);
+}
+
+// The colour of a row right of its word, inside any outline.
+uint32_t wordground(const drivepicture &p, int top)
+{
+    int y = top + ostodevy(wordmetrics.rowheight) / 2;
+    return y >= 0 && y < p.height ? p.at(p.width - 6, y) : 0;
+}
+
+std::string wordsof(const Dictionary &dict)
+{
+    std::string all;
+    for (uint32_t i = 0; i < dictcount(&dict); i++)
+        add(&all, dictword(i, &dict), " ");
+    return all;
+}
+
+const fontrecord &fontof(const std::string &name)
+{
+    return name == "grid font"   ? grid.gridfont
+           : name == "clue font" ? grid.cluefont
+           : name == "dict font" ? dictfont
+                                 : solfont;
+}
+
+// It counts 1, then in tens, then in hundreds.
+bool progressright(int least)
+{
+    std::string shown = drivetext(buttonwindow, BARPROGRESS);
+    int n = shown.empty() ? 0 : std::stoi(shown);
+    return n >= least && (n == 1 || (n <= 100 ? n : n - 10) % (n <= 100 ? 10 : 100) == 0);
+}
+
+bool squarefilled()
+{
+    for (int32_t x = 0; x < grid.width; x++)
+        for (int32_t y = 0; y < grid.height; y++)
+            if (grid.letters[x][y] < 'a' || grid.letters[x][y] > 'z') return false;
+    return true;
+}
+
+// Words cross in their first letters; the words of a square are in their order. What is
+// wrong.
+std::string listright(const std::string &how)
+{
+    for (int32_t i = how == "sorted"; i < solutions.count; i++) {
+        if (how == "sorted" && std::string(solword(i - 1)->text) > solword(i)->text) return "order";
+        if (how == "sorted") continue;
+        int across = wordtext(solref(i, 0))[0], down = wordtext(solref(i, 1))[0];
+        if (charlower(static_cast<uint8_t>(across)) != charlower(static_cast<uint8_t>(down)))
+            return "a crossing";
+    }
+    return solutions.count ? "" : "none";
+}
+
+bool inmenus()
+{
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(handle(mainwindow), nullptr), &info);
+    return info.flags & GUI_INMENUMODE;
+}
+
+struct topsearch {
+    int32_t control;
+    window found;
+};
+
+BOOL CALLBACK owns(HWND h, LPARAM word)
+{
+    auto *s = reinterpret_cast<topsearch *>(word);
+    HWND control = GetDlgItem(h, s->control);
+    if (!control || !IsWindowVisible(control)) return TRUE;
+    s->found = reinterpret_cast<window>(h);
+    return FALSE;
+}
+
+BOOL CALLBACK ownsbelow(HWND h, LPARAM word)
+{
+    DWORD process = 0;
+    GetWindowThreadProcessId(h, &process);
+    if (process != GetCurrentProcessId() || !IsWindowVisible(h) || !IsWindowEnabled(h)) return TRUE;
+    return owns(h, word) &&
+           (EnumChildWindows(h, owns, word), !reinterpret_cast<topsearch *>(word)->found);
+}
+
+} // namespace
+
+window ownerof(int32_t control)
+{
+    topsearch s = {control, 0};
+    drivewait([&] { return EnumWindows(ownsbelow, reinterpret_cast<LPARAM>(&s)), s.found != 0; },
+              2000);
+    return s.found;
+}
+
+wordview *wordlist()
+{
+    bool checking = check.self && (!editor.self || GetForegroundWindow() == handle(check.self));
+    return checking ? &check.view : &editor.view;
+}
+
+std::string yes(bool holds)
+{
+    return holds ? "yes" : "no";
+}
+
+std::string place(const std::string &leaf)
+{
+    if (leaf == "Default" || leaf == "Choices") {
+        char directory[PATHSIZE] = "", login[256] = "";
+        if (platformprogramdirectory(directory, sizeof directory) ||
+            platformloginname(login, sizeof login))
+            return "";
+        return directory + leaf + "\\" + login + (leaf == "Default" ? ".qmg" : ".dat");
+    }
+    return (leaf.ends_with(".dic") ? std::string(dictdirectory) : scratchfolder()) + "\\" + leaf;
+}
+
+std::string title(int32_t, const std::string &)
+{
+    return drivetext(mainwindow);
+}
+
+std::string document(int32_t, const std::string &)
+{
+    return ask([] {
+        std::string lines;
+        picturetextwrite(&lines);
+        return joined(lines, '/');
+    });
+}
+
+std::string cursor(int32_t, const std::string &)
+{
+    return number(grid.cursorx) + "," + number(grid.cursory);
+}
+
+std::string mark(int32_t, const std::string &)
+{
+    if (grid.markleft == -1) return "none";
+    return number(grid.markleft) + "," + number(grid.marktop) + " " + number(grid.markright) + "," +
+           number(grid.markbottom);
+}
+
+std::string marked(int32_t, const std::string &)
+{
+    int cells = 0;
+    for (int32_t x = 0; x < grid.width; x++)
+        for (int32_t y = 0; y < grid.height; y++)
+            cells += (grid.flags[x][y] & CELLKIND) == CELLMARKED;
+    return number(cells);
+}
+
+std::string listed(int32_t, const std::string &)
+{
+    return ask([] {
+        std::string all;
+        for (int32_t i = 0; i < solutions.count; i++) {
+            std::string row;
+            if (grid.kind == GRIDWORDSQUARE) row = solword(i)->text;
+            for (int32_t slot = 0; grid.kind != GRIDWORDSQUARE && slot < solutions.slotcount;
+                 slot++)
+                add(&row, wordtext(solref(i, slot)), " ");
+            add(&all, row);
+        }
+        return all;
+    });
+}
+
+std::string count(int32_t, const std::string &)
+{
+    return number(solutions.count);
+}
+
+std::string selected(int32_t, const std::string &)
+{
+    return ask([] { return number(solselected()); });
+}
+
+std::string lying(int32_t, const std::string &)
+{
+    return ask([] {
+        int lie = 0;
+        for (int32_t n = 0; n < solutions.count; n++) {
+            const wsentry &entry = *solword(n);
+            bool right = true;
+            for (int i = 0; entry.text[i]; i++) {
+                int32_t x = entry.x + i * entry.dx, y = entry.y + i * entry.dy;
+                right = right && gridinside(x, y) &&
+                        grid.letters[x][y] == charlower(static_cast<uint8_t>(entry.text[i]));
+            }
+            lie += right;
+        }
+        return number(lie);
+    });
+}
+
+std::string text(int32_t control, const std::string &)
+{
+    window w = ownerof(control);
+    return w ? drivetext(w, control) : "no control";
+}
+
+std::string ticked(int32_t control, const std::string &)
+{
+    window w = ownerof(control);
+    return ask([&] {
+        int on = 0;
+        return w && !iconselected(w, control, &on) ? yes(on) : "no control";
+    });
+}
+
+std::string there(int32_t control, const std::string &)
+{
+    return yes(drivecontrol(buttonwindow, control));
+}
+
+std::string focus(int32_t control, const std::string &)
+{
+    return ask([&] {
+        caretrecord caret = {};
+        if (getcaret(&caret)) return std::string("nowhere");
+        bool pane = wordlist()->pane && caret.self == wordlist()->pane;
+        return yes(control == -1 ? pane : !pane && caret.icon == control);
+    });
+}
+
+std::string box(int32_t, const std::string &)
+{
+    window w = drivefind("", "#32770");
+    return w ? drivetext(w, 0xFFFF).empty() ? drivetext(w) : drivetext(w, 0xFFFF) : "none";
+}
+
+std::string boxthere(int32_t, const std::string &)
+{
+    return yes(drivefind("", "#32770"));
+}
+
+std::string shown(int32_t, const std::string &named)
+{
+    return yes(drivefind(named));
+}
+
+std::string infront(int32_t, const std::string &)
+{
+    return drivetext(reinterpret_cast<window>(GetForegroundWindow()));
+}
+
+std::string enabled(int32_t, const std::string &)
+{
+    return yes(IsWindowEnabled(handle(mainwindow)));
+}
+
+// They are as the program makes them when the menu opens: "!" stands before those that
+// are grey, "+" before ticked ones.
+std::string entries(int32_t, const std::string &path)
+{
+    HMENU shownmenu = GetMenu(handle(mainwindow));
+    std::istringstream in(path);
+    drivemove(2, 2); // an entry under the pointer would be chosen
+    drivekey(VK_MENU);
+    int at, level = 0;
+    for (; in >> at; shownmenu = GetSubMenu(shownmenu, at), level++) {
+        int down = 0;
+        for (int i = 0; i < at; i++)
+            down += level == 0 ||
+                    GetMenuState(shownmenu, static_cast<UINT>(i), MF_BYPOSITION) != MF_SEPARATOR;
+        for (; down; down--)
+            drivekey(level ? VK_DOWN : VK_RIGHT);
+        drivekey(level ? VK_RIGHT : VK_DOWN);
+    }
+    std::string all;
+    for (int i = 0; i < GetMenuItemCount(shownmenu); i++) {
+        char name[256] = "";
+        GetMenuStringA(shownmenu, static_cast<UINT>(i), name, sizeof name, MF_BYPOSITION);
+        std::string plain = std::string(name).substr(0, std::string(name).find('\t'));
+        std::erase(plain, '&');
+        UINT state = GetMenuState(shownmenu, static_cast<UINT>(i), MF_BYPOSITION);
+        if (plain.empty()) continue;
+        add(&all,
+            (state & MF_GRAYED ? "!" : "") + std::string(state & MF_CHECKED ? "+" : "") + plain);
+    }
+    for (int tries = 0; inmenus() && tries < 8; tries++)
+        drivekey(VK_ESCAPE);
+    return all;
+}
+
+std::string word(int32_t row, const std::string &)
+{
+    return ask(
+        [&] { return std::string(dictword(static_cast<uint32_t>(row), wordlist()->wordrows)); });
+}
+
+std::string wordrow(int32_t, const std::string &)
+{
+    return number(wordlist()->rowsel);
+}
+
+std::string caretrow(int32_t, const std::string &)
+{
+    return number(wordlist()->rowcaret);
+}
+
+// They reach below the rows of a first start.
+std::string wordtall(int32_t where, const std::string &)
+{
+    constexpr int FIRST = 20; // pixels
+    drivepicture p = drivelook(where == ONLIST ? solutionswindow : wordlist()->pane);
+    auto lowest = std::find(p.pixels.rbegin(), p.pixels.rend(), 0U);
+    int rows = where == ONLIST ? 1 : 3;
+    return (p.pixels.rend() - lowest) / p.width > rows * FIRST ? "large" : "small";
+}
+
+std::string wordseen(int32_t row, const std::string &)
+{
+    return ask([&] {
+        int width, height;
+        drivesize(wordlist()->pane, &width, &height);
+        return yes(wordtop(row) >= 0 && wordtop(row + 1) <= height + 1);
+    });
+}
+
+std::string wordink(int32_t row, const std::string &)
+{
+    return ask([&] { return hex(wordground(drivelook(wordlist()->pane), wordtop(row))); });
+}
+
+// Dots down its left edge.
+std::string outlined(int32_t row, const std::string &)
+{
+    return ask([&] {
+        drivepicture p = drivelook(wordlist()->pane);
+        int dots = 0, end = wordtop(row) + ostodevy(wordmetrics.rowheight) - 3;
+        for (int y = wordtop(row) + 2; y < std::min(end, p.height); y++)
+            dots += p.at(0, y) != wordground(p, wordtop(row));
+        return yes(dots > 0);
+    });
+}
+
+std::string words(int32_t, const std::string &named)
+{
+    return ask([&] {
+        int n = dictnamefind(named.c_str());
+        return n < 0 ? "unknown" : dicts[n].loaded ? wordsof(dicts[n].dict) : "not loaded";
+    });
+}
+
+std::string kept(int32_t, const std::string &named)
+{
+    return ask([&] {
+        Dictionary dict = {};
+        std::string all =
+            dictload(dictdirectory, named.c_str(), &dict) ? "an error" : wordsof(dict);
+        dictfree(&dict);
+        return all;
+    });
+}
+
+std::string inuse(int32_t, const std::string &)
+{
+    return ask([] {
+        std::string all;
+        for (uint32_t i = 0; i < dictset.count; i++)
+            add(&all, dicts[dictset.numbers[i]].name, " ");
+        return all;
+    });
+}
+
+std::string known(int32_t, const std::string &)
+{
+    return ask([] {
+        std::string all;
+        for (uint32_t i = 0; i < ndicts; i++)
+            add(&all, dicts[i].name, " ");
+        return all;
+    });
+}
+
+std::string changed(int32_t, const std::string &)
+{
+    return yes(dictanychanges());
+}
+
+std::string file(int32_t bytes, const std::string &leaf)
+{
+    std::ifstream in(place(leaf), std::ios::binary);
+    if (!in) return "none";
+    std::string whole((std::istreambuf_iterator<char>(in)), {});
+    return joined(bytes ? whole.substr(0, static_cast<size_t>(bytes)) : whole, '|');
+}
+
+std::string filesize(int32_t, const std::string &leaf)
+{
+    std::error_code none;
+    auto bytes = std::filesystem::file_size(place(leaf), none);
+    return none ? "none" : number(static_cast<int64_t>(bytes));
+}
+
+std::string quill(int32_t, const std::string &named)
+{
+    char self[MAX_PATH];
+    GetModuleFileNameA(nullptr, self, sizeof self);
+    std::string line =
+        "\"\"" + (std::filesystem::path(self).parent_path() / "quill.exe").string() + "\"";
+    std::istringstream in(named);
+    for (std::string one; in >> one;)
+        line += one == "@"      ? " \"" + std::string(dictdirectory) + "\""
+                : one[0] == '@' ? " \"" + place(one.substr(1)) + "\""
+                                : " " + one;
+    FILE *pipe = _popen((line + "\"").c_str(), "r");
+    std::string lines;
+    char part[256];
+    while (pipe && fgets(part, sizeof part, pipe))
+        lines += part;
+    if (!pipe || _pclose(pipe)) return "quill failed";
+    return joined(lines, '|');
+}
+
+// Records whose controls are closed by now, and fonts in points.
+std::string value(int32_t, const std::string &name)
+{
+    const struct {
+        const char *name;
+        int64_t is;
+    } values[] = {
+        {"kind", grid.kind},
+        {"limit", solutions.maxsolutions},
+        {"scale", grid.squarescale},
+        {"cell", grid.cellwidth},
+        {"minimum", grid.minwordlength},
+        {"show", grid.showsolutions},
+        {"directions", grid.filldirections},
+        {"slots", solutions.slotcount},
+        {"row", solutions.rowheight},
+        {"unsaved", gridsunsaved()},
+    };
+    for (const auto &one : values)
+        if (name == one.name) return number(one.is);
+    const struct {
+        const char *name;
+        uint32_t is;
+    } colours[] = {
+        {"cursor", cursorcolour},   {"selected", selectedcolour}, {"text", grid.textcolour},
+        {"lines", grid.gridcolour}, {"blocks", grid.fillcolour},  {"behind", grid.backcolour},
+    };
+    for (const auto &one : colours) // stored as 0xBBGGRR00
+        if (name == one.name)
+            return hex((one.is >> 24 & 0xFF) | (one.is >> 8 & 0xFF00) | (one.is << 8 & 0xFF0000));
+    if (name.ends_with(" font"))
+        return number((fontof(name).height + 8) / 16) + (fontof(name).width ? " and wide" : "");
+    if (name == "split") // in thousandths of the window, as far as pixels can tell
+        return number((int64_t{grid.splitfraction} * 1000 / 65536 + 5) / 10 * 10);
+    if (name == "splitlimit")
+        return grid.splitfraction == SPLITMIN   ? "least"
+               : grid.splitfraction == SPLITMAX ? "most"
+                                                : "none";
+    if (name == "roomy") return yes(grid.cellwidth > 90); // than any scale makes a small font's
+    if (name == "stopping") return number(search.stopflag);
+    if (name == "progress") return yes(progressright(1));
+    if (name == "counting") return yes(progressright(100));
+    if (name == "filled") return yes(squarefilled());
+    if (name == "crossing" || name == "sorted")
+        return yes(ask([&] { return listright(name); }).empty());
+    if (name == "size") return number(grid.width) + "," + number(grid.height);
+    return name == "file" ? std::filesystem::path(grid.filename).filename().string() : "unknown";
+}
+
+std::string colour(int32_t cellat, const std::string &)
+{
+    return ask([&] {
+        windowstaterecord state = {};
+        if (windowstate(gridwindow, &state)) return std::string("no window");
+        int32_t x = cellat / 1000, y = cellat % 1000;
+        driveplace at =
+            driveclient(gridwindow, ostodevx(grid.cellwidth * (2 * x + 1) / 2 - state.xscroll),
+                        ostodevy(grid.cellheight * (2 * y + 1) / 2 + state.yscroll));
+        return hex(drivepixel(at.x, at.y));
+    });
+}
+
+std::string sample(int32_t control, const std::string &)
+{
+    window w = ownerof(control);
+    if (!w) return "no control";
+    driveplace at = driveicon(w, control);
+    return hex(drivepixel(at.x, at.y));
+}
+
+std::string inks(int32_t where, const std::string &rgb)
+{
+    drivepicture p = drivelook(where ? drivecontrol(ownerof(where), where) : gridwindow);
+    auto wanted = static_cast<uint32_t>(std::stoul(rgb, nullptr, 16));
+    auto dots = std::count(p.pixels.begin(), p.pixels.end(), wanted);
+    return dots > 200 ? "many" : dots ? "some" : "none";
+}
+
+std::string framed(int32_t, const std::string &pixels)
+{
+    int width = 0, height = 0;
+    sscanf(pixels.c_str(), "%d,%d", &width, &height);
+    RECT r;
+    GetWindowRect(handle(mainwindow), &r);
+    return yes(std::abs(r.right - r.left - width) <= 1 && std::abs(r.bottom - r.top - height) <= 1);
+}
+
+std::string undrawn(int32_t, const std::string &)
+{
+    drivemove(2, 2); // the pointer is in no picture
+    drivepicture before = drivelook(mainwindow);
+    RedrawWindow(handle(mainwindow), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    drivepause(0);
+    return number(drivediffer(before, drivelook(mainwindow)));
+}
+
+std::string repainted(int32_t where, const std::string &)
+{
+    window w = where == ONGRID ? gridwindow : solutionswindow;
+    drivepicture before = drivelook(w);
+    HDC dc = GetDC(handle(w));
+    RECT all = {0, 0, before.width, before.height};
+    FillRect(dc, &all, static_cast<HBRUSH>(GetStockObject(DKGRAY_BRUSH)));
+    ReleaseDC(handle(w), dc);
+    GdiFlush();
+    if (!drivewait([&] { return drivediffer(drivelook(w), before) > 1000; }))
+        return "not painted over";
+    InvalidateRect(handle(w), nullptr, TRUE);
+    return yes(drivewait([&] { return drivediffer(drivelook(w), before) < 200; }));
+}
+
+std::string scrolled(int32_t, const std::string &)
+{
+    return ask([] {
+        windowstaterecord state = {};
+        if (windowstate(gridwindow, &state)) return std::string("no window");
+        return number(state.xscroll / grid.cellwidth) + "," +
+               number(-state.yscroll / grid.cellheight);
+    });
+}
+
+// The bar on top, below it the list and the grid with the gap of 4 between.
+std::string layout(int32_t, const std::string &)
+{
+    auto placed = [](window w) {
+        RECT r;
+        GetWindowRect(handle(w), &r);
+        MapWindowPoints(nullptr, handle(mainwindow), reinterpret_cast<POINT *>(&r), 2);
+        return r;
+    };
+    int width, height;
+    drivesize(mainwindow, &width, &height);
+    RECT bar = placed(buttonwindow), list = placed(solutionswindow), cells = placed(gridwindow);
+    if (bar.left || bar.top || bar.right != width) return "the bar is wrong";
+    if (list.left || list.top != bar.bottom || list.bottom != height) return "the list is wrong";
+    if (cells.left != list.right + 4 || cells.top != bar.bottom)
+        return "the grid's corner is wrong";
+    if (cells.right != width || cells.bottom != height) return "the grid's end is wrong";
+    bool split = list.right == static_cast<int>(int64_t{width} * grid.splitfraction / 65536) - 2;
+    return split ? "right" : "the split is wrong";
+}
