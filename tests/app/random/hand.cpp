@@ -55,24 +55,21 @@ HWND frontbox()
     return box;
 }
 
-std::string textof(HWND h)
-{
-    char text[300] = "";
-    DWORD_PTR result = 0;
-    SendMessageTimeoutA(h, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text),
-                        SMTO_ABORTIFHUNG, 2000, &result);
-    return text;
-}
-
+// Not waited for: what follows may be another box.
 void press(HWND box, int button)
 {
     PostMessageA(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
 }
 
+window word(HWND h)
+{
+    return reinterpret_cast<window>(h);
+}
+
 void click(HWND control)
 {
-    driveplace at = drivemiddle(reinterpret_cast<window>(control));
+    driveplace at = drivemiddle(word(control));
     driveclick(at.x, at.y);
 }
 
@@ -90,8 +87,8 @@ void messageanswer(HWND box)
     std::vector<HWND> buttons = buttonsof(box);
     if (buttons.empty()) return;
     HWND button = pick(otherdice, buttons);
-    note("  the box \"%s\": \"%s\", button %d", textof(box).c_str(),
-         textof(GetDlgItem(box, 0xFFFF)).c_str(), GetDlgCtrlID(button));
+    note("  the box \"%s\": \"%s\", button %d", drivetext(word(box)).c_str(),
+         drivetext(word(box), 0xFFFF).c_str(), GetDlgCtrlID(button));
     switch (roll(otherdice, 4)) {
     case 0:
         drivekey(chance(otherdice, 50) ? VK_RETURN : VK_ESCAPE);
@@ -104,34 +101,17 @@ void messageanswer(HWND box)
     }
 }
 
-constexpr int FILETYPES = 0x470, FILENAME = 0x480, FILENAMES = 0x47C;
-
-void typechoose(HWND box)
-{
-    HWND types = GetDlgItem(box, FILETYPES);
-    if (!types) return;
-    DWORD_PTR result = 0;
-    auto row = static_cast<WPARAM>(roll(otherdice, 4));
-    SendMessageTimeoutA(types, CB_SETCURSEL, row, 0, SMTO_ABORTIFHUNG, 2000, &result);
-    PostMessageA(box, WM_COMMAND, MAKEWPARAM(FILETYPES, CBN_SELENDOK),
-                 reinterpret_cast<LPARAM>(types));
-    note("  type of file %d", static_cast<int>(row));
-    Sleep(50);
-}
+constexpr int FILENAME = 0x480, FILENAMES = 0x47C;
 
 // No keys in here: the system's list of files would take them, and delete.
 void filesanswer(HWND box, int tries)
 {
-    if (chance(otherdice, 40)) typechoose(box);
+    int row = chance(otherdice, 40) ? roll(otherdice, 4) + 1 : 0;
     std::string name = typedname(otherdice);
     bool ok = tries < BOXPLAY && chance(otherdice, 75);
-    for (int id : {FILENAMES, FILENAME}) {
-        DWORD_PTR result = 0;
-        if (HWND field = GetDlgItem(box, id))
-            SendMessageTimeoutA(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()),
-                                SMTO_ABORTIFHUNG, 2000, &result);
-    }
-    note("  the box \"%s\": %s, %s", textof(box).c_str(), name.c_str(), ok ? "OK" : "Cancel");
+    driveboxfile(word(box), name, row);
+    note("  the box \"%s\": %s, type %d, %s", drivetext(word(box)).c_str(), name.c_str(), row,
+         ok ? "OK" : "Cancel");
     fileschosen += ok;
     // With the mouse: Wine falls over a second OK that a box hears in its first.
     SetForegroundWindow(box);
@@ -157,12 +137,12 @@ void choiceanswer(HWND box, int tries)
     EnumChildWindows(box, childadd, reinterpret_cast<LPARAM>(&children));
     if (tries >= BOXPLAY || children.empty() || chance(otherdice, 25)) {
         bool ok = tries < 2 * BOXPLAY && chance(otherdice, 70);
-        note("  the box \"%s\": %s", textof(box).c_str(), ok ? "OK" : "Cancel");
+        note("  the box \"%s\": %s", drivetext(word(box)).c_str(), ok ? "OK" : "Cancel");
         press(box, ok ? IDOK : IDCANCEL);
         return;
     }
     HWND child = pick(otherdice, children);
-    note("  the box \"%s\": control %d", textof(box).c_str(), GetDlgCtrlID(child));
+    note("  the box \"%s\": control %d", drivetext(word(box)).c_str(), GetDlgCtrlID(child));
     if (ofclass(child, "Edit") || ofclass(child, "ComboBox")) {
         click(child);
         static const char *const typed[] = {"0", "-7", "12", "72", "2000", "999999", "abc", ""};
@@ -201,9 +181,9 @@ void menuplay(int times, HWND owner)
         drivekey(VK_ESCAPE);
     } else if (popup && chance(otherdice, 15)) {
         int width, height;
-        drivesize(reinterpret_cast<window>(popup), &width, &height);
-        driveplace at = driveclient(reinterpret_cast<window>(popup), roll(otherdice, width + 1),
-                                    roll(otherdice, height + 1));
+        drivesize(word(popup), &width, &height);
+        driveplace at =
+            driveclient(word(popup), roll(otherdice, width + 1), roll(otherdice, height + 1));
         driveclick(at.x, at.y);
     } else {
         int key = chance(otherdice, 8)    ? VK_ESCAPE

@@ -17,7 +17,7 @@ namespace
 {
 
 constexpr size_t RINGLINES = 400;
-constexpr int FRAMES = 40;
+constexpr DWORD64 FRAMES = 40;
 
 std::mutex ringlock;
 std::string ring[RINGLINES];
@@ -31,36 +31,21 @@ void ringprint()
         std::printf("%s\n", ring[i % RINGLINES].c_str());
 }
 
-// Places in this program stand as its linker saw them, for a list of lines.
-void placeprint(DWORD64 place)
+// What on the stack could be a place in this program, the innermost first, as its linker
+// saw it, for a list of lines.
+void stackprint(const CONTEXT &context)
 {
-    HMODULE module = nullptr;
-    char path[MAX_PATH] = "";
-    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCSTR>(place), &module);
-    GetModuleFileNameA(module, path, sizeof path);
-    DWORD64 base = reinterpret_cast<DWORD64>(module);
-    if (module == GetModuleHandleA(nullptr))
-        std::printf("  at 0x%llx\n", place - base + 0x140000000);
-    else
-        std::printf("  in %s+0x%llx\n", path, place - base);
-}
-
-void stackprint(CONTEXT context)
-{
-    for (int i = 0; i < FRAMES && context.Rip; i++) {
-        placeprint(context.Rip);
-        DWORD64 base = 0, frame = 0;
-        void *data = nullptr;
-        RUNTIME_FUNCTION *function = RtlLookupFunctionEntry(context.Rip, &base, nullptr);
-        if (!function) {
-            context.Rip = *reinterpret_cast<DWORD64 *>(context.Rsp);
-            context.Rsp += 8;
-        } else {
-            RtlVirtualUnwind(UNW_FLAG_NHANDLER, base, context.Rip, function, &context, &data,
-                             &frame, nullptr);
-        }
+    constexpr DWORD64 LINKED = 0x140000000, WORDS = 1000;
+    auto base = reinterpret_cast<DWORD64>(GetModuleHandleA(nullptr));
+    auto *header = reinterpret_cast<const IMAGE_DOS_HEADER *>(base);
+    auto *image = reinterpret_cast<const IMAGE_NT_HEADERS *>(base + header->e_lfanew);
+    DWORD64 end = base + image->OptionalHeader.BaseOfCode + image->OptionalHeader.SizeOfCode;
+    auto *stack = reinterpret_cast<const DWORD64 *>(context.Rsp);
+    for (DWORD64 i = 0, printed = 0; i <= WORDS && printed < FRAMES; i++) {
+        DWORD64 place = i ? stack[i - 1] : context.Rip;
+        if (place <= base + image->OptionalHeader.BaseOfCode || place >= end) continue;
+        std::printf("  at 0x%llx\n", place - base + LINKED);
+        printed++;
     }
 }
 
@@ -133,28 +118,31 @@ bool chance(dice &from, int percent)
     return roll(from, 100) < percent;
 }
 
-void note(const char *format, ...)
+static std::string formatted(const char *format, va_list arguments)
 {
     char text[400];
+    std::vsnprintf(text, sizeof text, format, arguments);
+    return text;
+}
+
+void note(const char *format, ...)
+{
     va_list arguments;
     va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
-    va_end(arguments);
     char stamp[32];
     std::snprintf(stamp, sizeof stamp, "%8.2f ", GetTickCount() / 1000.0);
+    std::string line = stamp + formatted(format, arguments);
+    va_end(arguments);
     std::lock_guard<std::mutex> guard(ringlock);
-    ring[lines++ % RINGLINES] = std::string(stamp) + text;
-    if (telling) std::printf("%s%s\n", stamp, text);
+    ring[lines++ % RINGLINES] = line;
+    if (telling) std::printf("%s\n", line.c_str());
 }
 
 void fault(const char *format, ...)
 {
-    char text[400];
     va_list arguments;
     va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
-    va_end(arguments);
-    stop(text, nullptr);
+    stop(formatted(format, arguments).c_str(), nullptr);
 }
 
 void faultswatch()

@@ -27,20 +27,6 @@ const char *const calls[] = {
     "SetFileTime", "FlushFileBuffers", "CreateEnhMetaFile",
 };
 
-// A star stands for anything.
-bool likeformat(const char *text, const char *format)
-{
-    for (; *format; format++, text++) {
-        if (*format == '*') {
-            for (; *text; text++)
-                if (likeformat(text, format + 1)) return true;
-            return likeformat(text, format + 1);
-        }
-        if (*text != *format) return false;
-    }
-    return !*text;
-}
-
 bool known(const char *text)
 {
     // A kind of window behind a manual's name is no part of the name.
@@ -53,9 +39,10 @@ bool known(const char *text)
     }
     for (const char *call : calls)
         if (std::strstr(text, ("(" + std::string(call) + ") (").c_str())) return true;
-    for (const char *format : {"Fitted * words, up to *", "File * not found.", "*hhctrl.ocx*"})
-        if (likeformat(text, format)) return true;
-    return false;
+    std::string said = text;
+    return (said.starts_with("Fitted ") && said.find(" words, up to ") != std::string::npos) ||
+           (said.starts_with("File ") && said.ends_with(" not found.")) ||
+           said.find("hhctrl.ocx") != std::string::npos;
 }
 
 } // namespace

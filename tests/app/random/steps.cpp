@@ -84,21 +84,18 @@ void move()
     drivemove(at.x, at.y);
 }
 
+// Once, or twice; the keys are held only for the one.
 void press()
 {
     driveplace at = spot(firstdice);
     drivebutton which = button(firstdice);
     int keys = held(firstdice);
-    note("press %d at %d,%d with %d", which, at.x, at.y, keys);
-    driveclick(at.x, at.y, which, keys);
-}
-
-void doublepress()
-{
-    driveplace at = spot(firstdice);
-    drivebutton which = button(firstdice);
-    note("double press %d at %d,%d", which, at.x, at.y);
-    drivedouble(at.x, at.y, which);
+    bool twice = chance(firstdice, 30);
+    note("press %d at %d,%d with %d%s", which, at.x, at.y, keys, twice ? " twice" : "");
+    if (twice)
+        drivedouble(at.x, at.y, which);
+    else
+        driveclick(at.x, at.y, which, keys);
 }
 
 void drag()
@@ -171,20 +168,15 @@ void key()
         drivekey(code, with);
 }
 
+// Letters with Ctrl, and those of the menu bar and of the system's menu with Alt.
 void shortcut()
 {
-    int code = 'A' + roll(firstdice, 26);
-    int with = chance(firstdice, 80) ? DRIVECTRL : DRIVECTRL | DRIVESHIFT;
-    note("Ctrl+%c with %d", code, with);
+    static const int menus[] = {'F', 'W', 'G', 'H', VK_SPACE, VK_MENU};
+    bool alt = chance(firstdice, 40);
+    int code = alt ? pick(firstdice, menus) : 'A' + roll(firstdice, 26);
+    int with = alt ? DRIVEALT : chance(firstdice, 80) ? DRIVECTRL : DRIVECTRL | DRIVESHIFT;
+    note("key %d with %d", code, with);
     drivekey(code, with);
-}
-
-void menukey()
-{
-    static const int keys[] = {'F', 'W', 'G', 'H', VK_SPACE, VK_MENU};
-    int code = pick(firstdice, keys);
-    note("Alt and %d", code);
-    drivekey(code, DRIVEALT);
 }
 
 void menupress()
@@ -216,15 +208,35 @@ void commandgive(int32_t id)
 
 void command()
 {
-    static const int32_t ids[] = {40001, 40002, 40022, 40028, 40004, 40005, 40006, 40007,
-                                  40017, 40020, 40030, 40031, 40008, 40009, 40010, 40023,
-                                  40011, 40013, 40014, 40026, 40027, 40015, 40016};
+    static const int32_t ids[] = {COMMANDNEWGRID,
+                                  COMMANDNEWWORDS,
+                                  COMMANDOPEN,
+                                  COMMANDSAVE,
+                                  COMMANDSAVEAS,
+                                  COMMANDSAVECLUES,
+                                  COMMANDSAVEDEFAULT,
+                                  COMMANDEXIT,
+                                  COMMANDSPELLCHECK,
+                                  COMMANDNEWDICT,
+                                  COMMANDCROSSWORD,
+                                  COMMANDWORDSQUARE,
+                                  COMMANDSIZE,
+                                  COMMANDREFLECTVERTICAL,
+                                  COMMANDREFLECTHORIZONTAL,
+                                  COMMANDREFLECTRISING,
+                                  COMMANDREFLECTFALLING,
+                                  COMMANDUPPERCASE,
+                                  COMMANDLOWERCASE,
+                                  COMMANDCUSTOMISE,
+                                  COMMANDCHOICES,
+                                  COMMANDHELP,
+                                  COMMANDABOUT};
     commandgive(pick(firstdice, ids));
 }
 
 void kindcommand()
 {
-    commandgive(chance(firstdice, 50) ? 40030 : 40031);
+    commandgive(chance(firstdice, 50) ? COMMANDCROSSWORD : COMMANDWORDSQUARE);
 }
 
 void dictionary()
@@ -310,28 +322,19 @@ void mark()
     drivedrag({from, to}, DRIVELEFT, chance(firstdice, 20) ? DRIVECTRL : 0);
 }
 
-void bar()
-{
-    if (!reachable() || !buttonwindow) return;
-    std::vector<HWND> all = controls(buttonwindow);
-    if (all.empty()) return;
-    HWND control = pick(firstdice, all);
-    driveplace at = drivemiddle(word(control));
-    note("press %d of the bar", GetDlgCtrlID(control));
-    driveclick(at.x, at.y);
-    drivepump(chance(firstdice, 50) ? 150 : 10); // what it asks for begins a little later
-}
-
+// Any control of any window, or one of the bar's, whose search begins a little later.
 void control()
 {
+    bool bar = reachable() && buttonwindow && chance(firstdice, 50);
     std::vector<window> tops = topwindows();
-    if (tops.empty()) return;
-    std::vector<HWND> all = controls(pick(firstdice, tops));
+    if (tops.empty() && !bar) return;
+    std::vector<HWND> all = controls(bar ? buttonwindow : pick(firstdice, tops));
     if (all.empty()) return;
     HWND chosen = pick(firstdice, all);
     driveplace at = drivemiddle(word(chosen));
     note("press control %d", GetDlgCtrlID(chosen));
     driveclick(at.x, at.y, chance(firstdice, 90) ? DRIVELEFT : DRIVERIGHT);
+    drivepump(chance(firstdice, 50) ? 150 : 10);
 }
 
 void field()
@@ -347,12 +350,8 @@ void field()
     if (fields.empty()) return;
     HWND chosen = pick(firstdice, fields);
     const char *text = pick(firstdice, texts);
-    driveplace at = drivemiddle(word(chosen));
     note("field %d: \"%s\"", GetDlgCtrlID(chosen), text);
-    driveclick(at.x, at.y);
-    drivekey(VK_HOME);
-    drivekey(VK_END, DRIVESHIFT);
-    drivetype(text);
+    drivefill(word(GetParent(chosen)), GetDlgCtrlID(chosen), text);
     if (chance(firstdice, 40)) drivekey(VK_RETURN);
 }
 
@@ -367,34 +366,22 @@ void size()
     drivepump();
 }
 
-void show()
+// Its system menu does something with a window, or the user fetches it to the front.
+void windowmenu()
 {
-    static const WPARAM commands[] = {SC_MINIMIZE, SC_MAXIMIZE, SC_MAXIMIZE, SC_RESTORE,
-                                      SC_RESTORE,  SC_RESTORE,  SC_MOVE,     SC_SIZE};
-    if (!reachable()) return;
+    static const WPARAM commands[] = {SC_MINIMIZE, SC_MAXIMIZE, SC_RESTORE, SC_RESTORE, SC_MOVE,
+                                      SC_SIZE,     SC_CLOSE,    SC_CLOSE,   0,          0};
+    std::vector<window> tops = topwindows();
+    if (tops.empty()) return;
     WPARAM command = pick(firstdice, commands);
-    note("system command %x", static_cast<unsigned>(command));
-    PostMessageA(handle(mainwindow), WM_SYSCOMMAND, command, 0);
-    drivepump();
-}
-
-void close()
-{
-    std::vector<window> tops = topwindows();
-    if (tops.empty()) return;
-    window chosen = pick(firstdice, tops);
-    note("close \"%s\"", drivetext(chosen).c_str());
-    PostMessageA(handle(chosen), WM_SYSCOMMAND, SC_CLOSE, 0);
-    drivepump();
-}
-
-void activate()
-{
-    std::vector<window> tops = topwindows();
-    if (tops.empty()) return;
-    window chosen = pick(firstdice, tops);
-    note("to the front: \"%s\"", drivetext(chosen).c_str());
-    SetForegroundWindow(handle(chosen));
+    bool any = command == SC_CLOSE || !command;
+    window chosen = any ? pick(firstdice, tops) : mainwindow;
+    if (!any && !reachable()) return;
+    note("\"%s\": system command %x", drivetext(chosen).c_str(), static_cast<unsigned>(command));
+    if (command)
+        PostMessageA(handle(chosen), WM_SYSCOMMAND, command, 0);
+    else
+        SetForegroundWindow(handle(chosen));
     drivepump();
 }
 
@@ -454,10 +441,10 @@ void wait()
 void crosswordsearch()
 {
     if (!reachable() || IsIconic(handle(mainwindow))) return;
-    commandgive(40030);
+    commandgive(COMMANDCROSSWORD);
     dictionaryuse();
     if (chance(firstdice, 30)) dropon(gridwindow, {scratchfile("crossword13.qmg")});
-    if (chance(firstdice, 70)) commandgive(40002);
+    if (chance(firstdice, 70)) commandgive(COMMANDNEWWORDS);
     for (int n = rollbetween(firstdice, 1, 3); n; n--)
         mark();
     barpress(chance(firstdice, 75) ? BARSOLVE : BARANAGRAM, "a Crossword's search");
@@ -481,12 +468,11 @@ struct steprow {
 };
 
 const steprow table[] = {
-    {6, move},         {10, press},    {4, doublepress},    {6, drag},        {1, halfpress},
-    {4, wheel},        {8, letters},   {2, sign},           {12, key},        {4, shortcut},
-    {3, menukey},      {4, menupress}, {8, command},        {2, kindcommand}, {6, dictionary},
-    {5, drop},         {3, sample},    {5, mark},           {8, bar},         {8, control},
-    {5, field},        {3, size},      {2, show},           {2, close},       {2, activate},
-    {1, clipboard},    {1, settings},  {1, dictionaryfile}, {5, wait},        {6, crosswordsearch},
+    {6, move},         {14, press},      {6, drag},           {1, halfpress}, {4, wheel},
+    {8, letters},      {2, sign},        {12, key},           {7, shortcut},  {4, menupress},
+    {8, command},      {2, kindcommand}, {6, dictionary},     {5, drop},      {3, sample},
+    {5, mark},         {16, control},    {5, field},          {3, size},      {6, windowmenu},
+    {1, clipboard},    {1, settings},    {1, dictionaryfile}, {5, wait},      {6, crosswordsearch},
     {5, squaresearch},
 };
 
