@@ -5,6 +5,7 @@
 #include "desktop/dispatch.h"
 #include "desktop/keys.h"
 #include "tests/desktop/fake/fakesource.h"
+#include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
 
@@ -54,7 +55,7 @@ constexpr handlertable handlers = {
 
 template<typename handler> handler any()
 {
-    return reinterpret_cast<handler>(fakereset);
+    return reinterpret_cast<handler>(modulesreset);
 }
 
 } // namespace
