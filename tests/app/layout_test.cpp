@@ -15,11 +15,6 @@ bool same(const pixelbox &a, const pixelbox &b)
     return !memcmp(&a, &b, sizeof a);
 }
 
-bool rightway(const pixelbox &box)
-{
-    return box.right >= box.left && box.bottom >= box.top;
-}
-
 } // namespace
 
 TEST_CASE("the bar is on top, the panes share what is left round a gap of four pixels")
@@ -34,7 +29,8 @@ TEST_CASE("the bar is on top, the panes share what is left round a gap of four p
         for (int32_t height = -1; height < 8; height++)
             for (uint32_t fraction : {SPLITMIN, SPLITDEFAULT, SPLITMAX}) {
                 panes = layoutpanes({10, 20, 10 + width, 20 + height}, 5, fraction);
-                CHECK((rightway(panes.bar) && rightway(panes.list) && rightway(panes.grid)));
+                for (const pixelbox &box : {panes.bar, panes.list, panes.grid})
+                    CHECK((box.right >= box.left && box.bottom >= box.top));
                 CHECK(panes.bar.bottom == 25);
             }
 }

@@ -1,3 +1,4 @@
+#include "desktop/events.h"
 #include "tests/desktop/script.h"
 
 #include <doctest/doctest.h>
@@ -99,4 +100,26 @@ TEST_CASE("a dropped file goes to the first handlers of its window")
              "drop a 4093 55 1"},
             {"nobody to ask", "dropped a 12", ""},
         });
+}
+
+// Their reading has a second telling in a fuzz target.
+TEST_CASE("a shell's commands are done in turn, up to one that doesn't fit")
+{
+    const std::string longest(259, 'x'), print = "shell print(\"" + longest;
+    scriptcheck("+load 4093; +print " + std::to_string(BROADCASTPRINT) + "; ",
+                {
+                    {"", "shell [open(\"a b.txt\")]; send 65543", "load a b.txt 4093 0 0"},
+                    {"", "shell [PrintTo\t(\"a\"\t, \"LPT1: on \xDC\" ) ]",
+                     "print a to LPT1: on \xDC 4093"},
+                    {"", "shell [print(\"1\")] what [print(\"2\")]", "print 1 4093"},
+                    {"an unknown one", "shell [FileOpen(\"1\")][print(\"2\")]", "print 2 4093"},
+                    {"", print + "\")", "print " + longest + " 4093"},
+                    {"", print + "x\")", ""},
+                    {"no commands",
+                     "shell [; shell open; shell [open(\"1\"); shell [print(1)]; shell "
+                     "[print(\"\")]; shell [print(\"1)]; shell [(\"1\")]; shell "
+                     "[print(\"1\",\"2\")]; shell [printto(\"1\")]; shell [printto(\"1\",)]; "
+                     "shell [print2(\"1\")]; shell [[print(\"1\")]]; send 65543",
+                     ""},
+                });
 }

@@ -4,6 +4,7 @@
 #include "base/filetypes.h"
 #include "base/flex.h"
 #include "desktop/blocks.h"
+#include "desktop/ddecommand.h"
 #include "desktop/drop.h"
 #include "desktop/eventsource.h"
 #include "desktop/filters.h"
@@ -98,6 +99,16 @@ template<literal kind, typename... types> errorblock *hears(types... given)
     return std::exchange(fails, false) ? fakeerror() : nullptr;
 }
 
+// Of a file to print, its name and the printer's.
+errorblock *printed(intptr_t *record, int *)
+{
+    auto *name = reinterpret_cast<const char *>(record[11]);
+    auto *printer = reinterpret_cast<const char *>(record[12]);
+    note(std::string("print ") + name + (printer ? " to " : "") + (printer ? printer : ""),
+         {record[10]});
+    return nullptr;
+}
+
 #define KIND(name, calls, ...)                                                                     \
     {                                                                                              \
 #name, [](bool on, numbers n) { return (on ? add##calls : rem##calls)(__VA_ARGS__); }      \
@@ -111,6 +122,7 @@ const std::map<std::string, errorblock *(*)(bool on, numbers n)> kinds = {
     KIND(broadcast, broadcasthandler, hears<"broadcast">, n[0]),
     KIND(other, broadcasthandler, hears<"other">, n[0]),
     KIND(nobody, broadcasthandler, nullptr, n[0]),
+    KIND(print, broadcasthandler, printed, n[0]),
     KIND(filter, filter, hears<"filter">, n[0], n[1], n[2]), // message, window
     KIND(pollfilter, pollfilter, hears<"pollfilter">, n[0], n[1], n[2]),
     KIND(hook, hookhandler, hears<"hook">, n[0], n[1]),
@@ -254,7 +266,7 @@ const std::map<std::string, void (*)(const std::string &name, numbers n)> acts =
     ACT(interval, note("interval", {fake.interval})),
 };
 
-// "on CALL: ACTS" leaves the acts for the call.
+// "on CALL: ACTS" leaves the acts for the call, "shell TEXT" is a command from there.
 void act(const std::string &line)
 {
     std::istringstream words(line);
@@ -265,6 +277,11 @@ void act(const std::string &line)
     if (verb == "on") {
         std::getline(words, name, ':');
         std::getline(words, reactions[name]);
+        return;
+    }
+    if (verb == "shell") {
+        std::getline(words, name);
+        CHECK(ddecommand(name.c_str()) == 1);
         return;
     }
     if (std::isalpha(words.peek())) words >> name;

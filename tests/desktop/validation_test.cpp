@@ -44,11 +44,8 @@ TEST_CASE("strings of controls are taken apart, a backslash in a value is writte
     const std::pair<const char *, const char *> rows[] = {
         {"\\E2\\V\\C\\arindent\\g0xFF\\s{HOME}", "E=2|V=|C=|a=rindent|g=0xFF|s={HOME}"},
         {"Words\\C", "s=Words|C="},
-        {"\\e\\E", "e=|E="},
-        {"", ""},
         {"\\sC:\\\\grids\\K1", "s=C:\\grids|K=1"},
         {"\\\\\\\\share\\C", "s=\\\\share|C="},
-        {"\\s\\\\\\K1", "s=\\|K=1"},
         {"\\sends in\\", "s=ends in|0="},
         {"\\", "0="}};
     for (auto [string, apart] : rows)
@@ -69,14 +66,6 @@ TEST_CASE("the first token of a letter is found, and replaced where it stands")
     char buffer[VALIDATIONSIZE];
     CHECK((gettoken("\\s\\\\E9\\E1\\E2", 'E', buffer) && std::string(buffer) == "1"));
     CHECK_FALSE(gettoken("\\e1", 'E', buffer));
-    const char *string = "text\\E1\\sx";
-    tokenplace place;
-    REQUIRE(findtoken('s', string, &place));
-    CHECK((place.start == string && place.end == string + 4));
-    REQUIRE(findtoken('E', string, &place));
-    CHECK((place.start == string + 4 && place.end == string + 7));
-    CHECK_FALSE(findtoken('K', string, &place));
-
     CHECK(replaced("\\E3\\s12\\K1", 's', "345") == "\\E3\\s345\\K1");
     CHECK(replaced("old\\C", 's', "") == "\\s\\C");
     CHECK(replaced("\\E3", 's', "new") == "\\E3\\snew");
@@ -105,9 +94,7 @@ TEST_CASE("conditions go from left to right, the last term stands, and G greys")
         {"!P", 0, true},      {"!!P", P, false}, // said twice is said once
         {"P+S", S, true},     {"P-S", S, false},
         {"P-S", S | P, true}, {"S-!P", S, true},
-        {"S!-P", S, true},    {"P-0+1", 0, true},
-        {"1+1-0", 0, false},  {"0S", S, true},
-        {"1S", 0, false},     {"P-!G", 0, false, true},
+        {"1+1-0", 0, false},  {"P-!G", 0, false, true},
         {"-1", 0, true},      {"-1", 0, false, false, false}, // what stood before is its start
         {"", 0, true},        {"x ?+", 0, false, false, false}};
     for (const auto &row : rows) {

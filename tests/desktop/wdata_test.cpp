@@ -1,7 +1,4 @@
-#include "desktop/wdata.h"
-
 #include "tests/desktop/script.h"
-#include "tools/headless.h"
 
 #include <doctest/doctest.h>
 
@@ -28,29 +25,4 @@ TEST_CASE("dependants hear of their parent's close, and of its end")
              "+deleted 14 0; on deleted 14: gone 14 & window 14 5; deleting 1; windows",
              "end 14, deleted 14 0, end 13, end 12, end 11, windows 14 1"},
         });
-}
-
-TEST_CASE("sixteen walks inside one another are all protected")
-{
-    // Each closes the next, and the last frees what all of them come to then.
-    std::string acts, heard, freed;
-    for (int n = 1; n <= WDATAWALKS; n++) {
-        std::string w = std::to_string(n), below = std::to_string(n - 1);
-        acts += "window " + std::to_string(99 + n) + " " + below + "; window " + w + " " + below +
-                "; +closed " + w + " 0; ";
-        freed += "gone " + std::to_string(99 + n) + " & ";
-        if (n < WDATAWALKS) acts += "on closed " + w + ": closing " + w + "; ";
-        heard += "end " + w + ", closed " + w + " 0, ";
-    }
-    acts += "on closed 16: " + freed + "windows; closing 0";
-    heard += "windows 16 15 14 13 12 11 10 9 8 7 6 5 4 3 2 1";
-    scriptcheck(acts, {{"", "", heard}});
-}
-
-TEST_CASE("a handle that is nobody's leaves two lines in the trace")
-{
-    headless.keeptrace = true;
-    checkhandle(0xABC, "open");
-    CHECK(headless.tracetext.find("illegal window handle abc at open") != std::string::npos);
-    CHECK(headless.tracetext.find("wimp check open wdata's 0") != std::string::npos);
 }

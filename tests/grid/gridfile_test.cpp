@@ -269,6 +269,7 @@ TEST_CASE("Save needs a name and gives one; one that failed is silent, and as sa
     errorblock *err = gridsavecommand();
     REQUIRE((err && err->code == ENOSAVE));
     grid.letters[0][0] = 'q';
+    grid.width = grid.height = 1;
     for (std::string path : {scratch("named.qmg"), scratch("no/such/folder.qmg")}) {
         gridchange();
         CHECK_FALSE(gridsaveto(path.c_str()));

@@ -1,10 +1,12 @@
 #include "tests/desktop/fake/fakesource.h"
 
 #include "base/errors.h"
+#include "base/trace.h"
 #include "desktop/blocks.h"
 #include "desktop/eventsource.h"
 #include "desktop/handlers.h"
 #include "desktop/poll.h"
+#include "desktop/stages.h"
 #include "desktop/timed.h"
 
 fakesystem fake;
@@ -191,4 +193,33 @@ void keydeliver(const systemmessage *message, bool *claimed)
 {
     note("keys", message, message->window);
     *claimed = fake.claimed.count(message->wparam) != 0;
+}
+
+// The stages of a start-up that have windows behind them in the program.
+#define STAGE(name)                                                                                \
+    errorblock *name()                                                                             \
+    {                                                                                              \
+        return fakestage(#name);                                                                   \
+    }
+
+STAGE(modeinfoinit)
+STAGE(inittemp)
+STAGE(initsprites)
+STAGE(tasktemplates)
+
+errorblock *hourglassinit()
+{
+    trace("##### hourglass init #####");
+    return fakestage("hourglassinit");
+}
+
+errorblock *addspritesshared(const char *, const char *name)
+{
+    fake.log.push_back(name);
+    return fakestage("addspritesshared");
+}
+
+void modeinfoend()
+{
+    fake.log.push_back("modeinfoend");
 }
