@@ -23,23 +23,6 @@ TEST_CASE("messages and broadcasts")
         });
 }
 
-TEST_CASE("the mouse hook goes in with the first handler and out with the last")
-{
-    scriptcheck(
-        "", {
-                {"none can be had", "nohook 1; +hook 10 1; blocks; nohook; +hook 10 1; hooks",
-                 "error 99, blocks 0, hooks 1"},
-                {"counted once each",
-                 "+hook 10 1; +hook 10 1; +hook 11 3; hooks; -hook 10 1; hooks; "
-                 "-hook 11 3; hooks; -hook 11 3; hooks",
-                 "hooks 1, hooks 1, hooks 0, hooks 0, missed"},
-                {"all hear what one has claimed",
-                 "+hook 10 2; +hook 11 3; on hook 10 2: claim; hooked 50 60 70; hooked 50 60 70",
-                 "hook 10 2 50 60 70, hook 11 3 50 60 70, claimed 1, "
-                 "hook 10 2 50 60 70, hook 11 3 50 60 70, claimed 0"},
-            });
-}
-
 TEST_CASE("subclassed controls")
 {
     scriptcheck(

@@ -125,7 +125,6 @@ const std::map<std::string, errorblock *(*)(bool on, numbers n)> kinds = {
     KIND(print, broadcasthandler, printed, n[0]),
     KIND(filter, filter, hears<"filter">, n[0], n[1], n[2]), // message, window
     KIND(pollfilter, pollfilter, hears<"pollfilter">, n[0], n[1], n[2]),
-    KIND(hook, hookhandler, hears<"hook">, n[0], n[1]),
     KIND(subclass, subclasshandler, n[0], n[1], n[2], hears<"subclass">), // window, control
     KIND(load, loadhandler, n[0], hears<"load">),
     KIND(loaded, loadedhandler, n[0], hears<"loaded">),
@@ -229,7 +228,6 @@ const std::map<std::string, void (*)(const std::string &name, numbers n)> acts =
     ACT(wait, fake.milliseconds += static_cast<uint32_t>(n[0])),
     ACT(fetchfails, fake.fail = true),
     ACT(notimer, fake.notimer = n[0]),
-    ACT(nohook, fake.nohook = n[0]),
     ACT(short, fakefillblocks(); flexfailafter(n[0])), // of memory
     ACT(ours, fake.ours.insert(n[0])),
     ACT(parent, fake.parents[n[0]] = n[1]),
@@ -244,7 +242,6 @@ const std::map<std::string, void (*)(const std::string &name, numbers n)> acts =
     ACT(send, noteerror(sendmessage(n[0], n[1], n[2]))),
     ACT(broadcasts, note("unclaimed", {broadcast(n[0])})),
     ACT(filters, filtersrun({n[1], n[0], 0, 0})), // message, window
-    ACT(hooked, note("claimed", {hookdeliver(n[0], n[1], n[2])})),
     ACT(open, fileload(name, n[0])),
     ACT(dropped, filedropped(name, n[0], n[1])), // window, whether a folder
     ACT(subclassed, subclassrun({n[0], n[1], 0, 0})),
@@ -256,7 +253,6 @@ const std::map<std::string, void (*)(const std::string &name, numbers n)> acts =
     // What is there then.
     ACT(windows, windowslist()),
     ACT(blocks, note("blocks", {blockcount()})),
-    ACT(hooks, note("hooks", {fake.hooks})),
     ACT(replaced, note("replaced", {std::ssize(fake.replaced)})),
     ACT(depth, note("depth", {pollnesting()})),
     ACT(waiting, note("waiting", {timedcount()})),

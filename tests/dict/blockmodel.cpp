@@ -65,20 +65,18 @@ const modelcode *findcode(const std::string &rest)
     return front;
 }
 
-// The codes of a record's letters; one over 32 bytes stands for those that
-// don't fit. Most endings come again and again.
+// The codes of a record's letters. Most endings come again and again.
 const std::string &codesof(const std::string &letters)
 {
     static std::unordered_map<std::string, std::string> known;
     auto [place, fresh] = known.try_emplace(letters);
     std::string &codes = place->second, rest = letters;
-    while (fresh && !rest.empty() && codes.size() < 31) {
+    while (fresh && !rest.empty()) {
         const modelcode *found = findcode(rest);
         codes += found ? found->code : 30;
         if (!found) codes += rest[0];
         rest.erase(0, found ? found->text.size() : 1);
     }
-    if (fresh && !rest.empty()) codes.assign(33, 0);
     return codes;
 }
 
@@ -191,7 +189,8 @@ const modelword *interned(const std::string &text)
 
 std::string record(const blockmodel &model, size_t n)
 {
-    return modelrecord(n ? model.words[n - 1]->text : "", model.words[n]->text);
+    size_t count = head(model, n);
+    return static_cast<char>(count) + codesof(model.words[n]->text.substr(count));
 }
 
 } // namespace
@@ -225,14 +224,6 @@ bool blockremove(blockmodel *model, const std::string &word)
     entriesremove(model, static_cast<uint32_t>(n));
     return true;
 }
-
-std::string modelrecord(const std::string &before, const std::string &word)
-{
-    size_t count = shared(before, word);
-    const std::string &codes = codesof(word.substr(count));
-    return codes.size() > 32 ? "" : static_cast<char>(count) + codes;
-}
-
 std::string modelwords(const blockmodel &model)
 {
     std::string bytes;

@@ -32,8 +32,5 @@ size_t blockplace(const blockmodel &model, const std::string &word, bool *there)
 void blockadd(blockmodel *model, const std::string &word);
 bool blockremove(blockmodel *model, const std::string &word);
 
-// A record, of any characters; empty when it doesn't fit.
-std::string modelrecord(const std::string &before, const std::string &word);
-
 std::string modelwords(const blockmodel &model);
 std::string modelindex(const blockmodel &model);

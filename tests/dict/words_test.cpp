@@ -1,4 +1,4 @@
-// Single words: their order, their codes, and how they come out of texts.
+// Single words: their order, and how they come out of texts.
 
 #include "base/chars.h"
 #include "base/platformfault.h"
@@ -6,7 +6,6 @@
 #include "dict/dictset.h"
 #include "dict/wordfeed.h"
 #include "dict/wordimport.h"
-#include "tests/dict/blockmodel.h"
 #include "tests/dict/teststore.h"
 
 #include <doctest/doctest.h>
@@ -89,23 +88,6 @@ TEST_CASE("words are in order by their first letter that differs by more than ca
         int told = wordcompare(first, second, limit, &flags);
         CHECK_MESSAGE((told > 0) - (told < 0) == order, first);
         CHECK(flags == after);
-    }
-}
-
-// Of any characters, mostly those of groups. What is coded reads back in walks.
-TEST_CASE("every word is coded as the model says")
-{
-    std::string before;
-    std::mt19937 random(9);
-    for (int n = 0; n < 4000; n++) {
-        std::string word;
-        for (size_t more = 1 + random() % 31; more; more--)
-            word += random() % 8 ? "abcehilnostuy"[random() % 13]
-                                 : static_cast<char>(1 + random() % 255);
-        uint8_t record[RECORDSIZE];
-        auto length = static_cast<size_t>(wordcode(before.c_str(), word.c_str(), record));
-        REQUIRE(std::string(record, record + length) == modelrecord(before, word));
-        before = word;
     }
 }
 
