@@ -79,7 +79,8 @@ TEST_CASE("filters go by message, then by window, then for all")
     scriptcheck("+filter -1 -1 1; +filter -1 10 2; +filter 5 10 3; "
                 "+pollfilter -1 -1 6; +pollfilter 5 10 7; ",
                 {
-                    {"in the window procedure", "filters 5 10; filters 6 10; filters 6 11",
+                    {"in the window procedure",
+                     "+nofilter 5 10 4; filters 5 10; filters 6 10; filters 6 11",
                      "filter 5 3, filter 5 2, filter 5 1, stopped 0 0 0, filter 6 2, filter 6 1, "
                      "stopped 0 0 0, filter 6 1, stopped 0 0 0"},
                     {"in the poll, and one that stops keeps it from all others",

@@ -124,6 +124,7 @@ const std::map<std::string, errorblock *(*)(bool on, numbers n)> kinds = {
     KIND(nobody, broadcasthandler, nullptr, n[0]),
     KIND(print, broadcasthandler, printed, n[0]),
     KIND(filter, filter, hears<"filter">, n[0], n[1], n[2]), // message, window
+    KIND(nofilter, filter, nullptr, n[0], n[1], n[2]),
     KIND(pollfilter, pollfilter, hears<"pollfilter">, n[0], n[1], n[2]),
     KIND(subclass, subclasshandler, n[0], n[1], n[2], hears<"subclass">), // window, control
     KIND(load, loadhandler, n[0], hears<"load">),
