@@ -64,7 +64,8 @@ void running()
     word("in one line", INK, "Arial", 14);
     int32_t x, y;
     getcursorpos(&x, &y);
-    mark(x, -y);
+    surfaceos(&x, &y);
+    mark(x, y);
 }
 
 void turned(int32_t x, int32_t y, uint32_t align, const char *name)

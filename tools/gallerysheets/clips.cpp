@@ -29,11 +29,15 @@ plotpoint cell(int32_t n, const char *name)
     return at;
 }
 
-void disc(plotpoint at)
+// Of straight lines: the system strokes a curve its own way.
+void diamond(plotpoint at)
 {
     pathbegin();
-    plot(PLOTMOVE, at.x + 90, at.y + 75);
-    plot(PLOTCIRCLE + PLOTDRAW, at.x + 140, at.y + 75);
+    moveto(at.x + 40, at.y + 75);
+    lineto(at.x + 90, at.y + 25);
+    lineto(at.x + 140, at.y + 75);
+    lineto(at.x + 90, at.y + 125);
+    pathclose();
     pathend();
 }
 
@@ -41,7 +45,7 @@ errorblock *pathcell(int32_t n, const char *name, int32_t mode)
 {
     plotpoint at = cell(n, name);
     errorblock *err = clipbox(at.x + 10, at.y + 10, at.x + 90, at.y + 140);
-    disc(at);
+    diamond(at);
     if (!err) err = clippath(mode);
     stripes(at.x, at.y, BLUE);
     return err;
@@ -80,13 +84,13 @@ errorblock *nestedcell(int32_t n)
     return err ? err : restored;
 }
 
-// The box round a round clip, and which small boxes it would show some of.
+// The box round a slanting clip, and which small boxes it would show some of.
 errorblock *visiblecell(int32_t n)
 {
     plotpoint at = cell(n, "clipget (red), clipvisible (green)");
     int32_t x0, y0, x1, y1, kind;
     bool shows[15][15];
-    disc(at);
+    diamond(at);
     errorblock *err = clippath(CLIPCOPY);
     if (!err) err = clipget(&x0, &y0, &x1, &y1, &kind);
     for (int32_t i = 0; !err && i < 225; i++) {
@@ -113,11 +117,11 @@ errorblock *drawclips(const page *)
     if (!err) err = finecell(1);
     if (!err) err = nestedcell(2);
     if (!err) err = visiblecell(3);
-    if (!err) err = pathcell(4, "A box AND a disc", CLIPAND);
-    if (!err) err = pathcell(5, "A box without a disc", CLIPDIFF);
-    if (!err) err = pathcell(6, "The disc alone", CLIPCOPY);
-    if (!err) err = pathcell(7, "A box OR a disc", CLIPOR);
-    if (!err) err = pathcell(8, "A box XOR a disc", CLIPXOR);
+    if (!err) err = pathcell(4, "A box AND a diamond", CLIPAND);
+    if (!err) err = pathcell(5, "A box without a diamond", CLIPDIFF);
+    if (!err) err = pathcell(6, "The diamond alone", CLIPCOPY);
+    if (!err) err = pathcell(7, "A box OR a diamond", CLIPOR);
+    if (!err) err = pathcell(8, "A box XOR a diamond", CLIPXOR);
     plotpoint at = cell(9, "No clip");
     stripes(at.x, at.y, BLUE);
     return err;

@@ -63,7 +63,7 @@ void codes()
         setcolourcode(static_cast<uint32_t>(i + 2));
         swatch(200 + i * 48, -430, 48);
     }
-    for (int32_t i = 0; i < 31; i++) {
+    for (int32_t i = 0; !forkeeping && i < 31; i++) {
         setcolourcode(static_cast<uint32_t>(i + 18));
         swatch(200 + i * 24, -480, 24);
     }

@@ -108,7 +108,7 @@ errorblock *existing()
 
 errorblock *drawfonts(const page *)
 {
-    errorblock *err = listed();
+    errorblock *err = forkeeping ? nullptr : listed();
     sizes();
     weights();
     return err ? err : existing();

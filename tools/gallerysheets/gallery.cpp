@@ -1,5 +1,6 @@
 // gallery FOLDER - draws all that graphics/ can draw, a sheet for each module, to
-// be looked at.
+// be looked at; and in FOLDER/drawn the same without what is the system's own, to
+// be compared with the pictures that are kept.
 
 #include "base/errors.h"
 #include "graphics/modeinfo.h"
@@ -10,44 +11,81 @@
 #include "tools/gallerysheets/sheets.h"
 
 #include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
 
 namespace
 {
 
+// The scales of a sheet's kept pictures. An OS unit is a pixel on those that look
+// at other scales themselves, or that no scale changes; sprites make large files.
+const std::vector<int32_t> plain = {OSUNITS}, scaled = {96, 144, 192}, few = {96, OSUNITS};
+
 struct sheetrow {
     const char *name;
-    int32_t width, height;
+    int32_t width, height; // OS units
+    const std::vector<int32_t> &kept;
     errorblock *(*draw)(const page *p);
 };
 const sheetrow sheets[] = {
-    {"scales", 1010, 700, drawscales},    {"boxes", 690, 2050, drawboxes},
-    {"shapes", 970, 760, drawshapes},     {"paths", 780, 700, drawpaths},
-    {"clips", 740, 640, drawclips},       {"drags", 690, 790, drawdrags},
-    {"colours", 1000, 1010, drawcolours}, {"mixes", 800, 940, drawmixes},
-    {"aligned", 1000, 940, drawaligned},  {"text", 1100, 1000, drawtext},
-    {"measured", 880, 910, drawmeasured}, {"fonts", 1370, 760, drawfonts},
-    {"sprites", 1210, 840, drawsprites},  {"transformed", 1320, 960, drawtransformed},
-    {"shipped", 1230, 600, drawshipped},
+    {"scales", 1010, 700, plain, drawscales},
+    {"boxes", 690, 2410, plain, drawboxes},
+    {"shapes", 970, 590, scaled, drawshapes},
+    {"curves", 970, 420, scaled, drawcurves},
+    {"paths", 780, 700, scaled, drawpaths},
+    {"clips", 740, 640, scaled, drawclips},
+    {"drags", 690, 790, plain, drawdrags},
+    {"colours", 1000, 1010, plain, drawcolours},
+    {"mixes", 800, 940, plain, drawmixes},
+    {"aligned", 1000, 940, scaled, drawaligned},
+    {"text", 1100, 1000, scaled, drawtext},
+    {"measured", 880, 910, plain, drawmeasured},
+    {"fonts", 1370, 760, scaled, drawfonts},
+    {"sprites", 1210, 840, few, drawsprites},
+    {"transformed", 1320, 960, few, drawtransformed},
+    {"shipped", 1230, 600, plain, drawshipped},
 };
 
-errorblock *drawsheet(const sheetrow &row, const std::string &folder)
+errorblock *drawsheet(const sheetrow &row, int32_t scale, const std::string &path)
 {
     page p;
-    errorblock *err = pageopen(&p, row.width, row.height, OSUNITS);
+    errorblock *err =
+        pageopen(&p, row.width * scale / OSUNITS, row.height * scale / OSUNITS, scale);
     if (err) return err;
     err = row.draw(&p);
-    if (!err) err = pagesave(&p, folder + "/" + row.name + ".png");
+    if (!err) err = pagesave(&p, path);
     pageclose(&p);
-    if (!err) std::printf("%s\n", row.name);
+    return err;
+}
+
+// Drawn once before, a sheet takes no object of the device that it doesn't give
+// back.
+errorblock *drawkept(const sheetrow &row, const std::string &folder)
+{
+    errorblock *err = nullptr;
+    int before = deviceobjects();
+    forkeeping = true;
+    for (int32_t scale : row.kept)
+        if (!err)
+            err = drawsheet(row, scale, folder + row.name + "-" + std::to_string(scale) + ".png");
+    forkeeping = false;
+    int lost = deviceobjects() - before;
+    if (!err && lost) err = makeerrortext(ERRORREAD, "%s loses %d objects", row.name, lost);
     return err;
 }
 
 errorblock *drawall(const std::string &folder)
 {
     depthsfolder = folder;
+    std::filesystem::remove_all(folder + "/drawn");
+    std::filesystem::create_directories(folder + "/drawn");
     errorblock *err = bytessave(folder + "/depths.spr", depthsfile());
-    for (const sheetrow &row : sheets)
-        if (!err) err = drawsheet(row, folder);
+    for (const sheetrow &row : sheets) {
+        if (!err) err = drawsheet(row, OSUNITS, folder + "/" + row.name + ".png");
+        if (!err) err = drawkept(row, folder + "/drawn/");
+        if (!err) std::printf("%s\n", row.name);
+    }
     return err ? err : drawpictures(folder);
 }
 

@@ -26,6 +26,9 @@ struct page {
 errorblock *pageopen(page *p, int32_t width, int32_t height, int32_t scale);
 void pageclose(page *p);
 
+// Pens, brushes, contexts and the like that this program holds now.
+int deviceobjects();
+
 // The colour word of a pixel.
 uint32_t pageat(const page *p, int32_t x, int32_t y);
 

@@ -28,13 +28,16 @@ const shaperow rows[] = {
     {"Rectangle", PLOTRECTANGLE + PLOTDRAW, {20, 20}, {30, 30}, {150, 110}},
     {"Rectangle, turned round", PLOTRECTANGLE + PLOTDRAW, {20, 20}, {150, 110}, {30, 30}},
     {"Parallelogram", PLOTPARALLELOGRAM + PLOTDRAW, {20, 20}, {110, 20}, {150, 110}},
+    {"No such shape (208)", 208 + PLOTDRAW, {20, 20}, {80, 120}, {150, 40}},
+};
+
+const shaperow roundrows[] = {
     {"Circle", PLOTCIRCLE + PLOTDRAW, {20, 20}, {85, 65}, {130, 65}},
     {"Circle, slanting radius", PLOTCIRCLE + PLOTDRAW, {20, 20}, {85, 65}, {115, 95}},
     {"Pie", PLOTPIE + PLOTDRAW, {85, 65}, {140, 65}, {85, 115}},
     {"Pie, the other way", PLOTPIE + PLOTDRAW, {85, 65}, {85, 115}, {135, 65}},
     {"Ellipse", PLOTELLIPSE + PLOTDRAW, {85, 65}, {150, 65}, {85, 100}},
     {"Ellipse, corners told", PLOTELLIPSE + PLOTDRAW, {85, 65}, {55, 30}, {120, 110}},
-    {"No such shape (208)", 208 + PLOTDRAW, {20, 20}, {80, 120}, {150, 40}},
 };
 
 plotpoint place(int32_t n)
@@ -94,8 +97,9 @@ void drawcursor(plotpoint at)
         plot(PLOTDRAW, at.x + 20 + i * 25, at.y + (i & 1 ? 110 : 20));
     int32_t x, y;
     getcursorpos(&x, &y);
-    mark(x, -y);
-    labelf(at.x + 30, at.y + 4, "cursor at %d, %d", x - at.x, y + at.y);
+    surfaceos(&x, &y);
+    mark(x, y);
+    labelf(at.x + 30, at.y + 4, "cursor at %d, %d", x - at.x, y - at.y);
 }
 
 } // namespace
@@ -106,8 +110,17 @@ errorblock *drawshapes(const page *)
     int32_t n = 0;
     for (const shaperow &row : rows)
         drawrow(row, place(n++));
-    drawbezier(place(n++));
     drawfan(place(n++));
     drawcursor(place(n++));
+    return nullptr;
+}
+
+errorblock *drawcurves(const page *)
+{
+    heading(20, -30, "Round shapes and a curve");
+    int32_t n = 0;
+    for (const shaperow &row : roundrows)
+        drawrow(row, place(n++));
+    drawbezier(place(n++));
     return nullptr;
 }

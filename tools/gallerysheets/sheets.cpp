@@ -9,11 +9,14 @@
 #include <cstdarg>
 #include <cstdio>
 
+bool forkeeping;
+
 namespace
 {
 
 void write(int32_t points, int32_t x, int32_t y, const char *text)
 {
+    if (forkeeping) return;
     fonthandle font;
     fontfindpixel("Arial", 0, points, 0, &font);
     fontset(font, FONTCLEAR, INK, 0);
@@ -47,8 +50,10 @@ void heading(int32_t x, int32_t y, const char *text)
 void mark(int32_t x, int32_t y)
 {
     setcolour(RED);
-    fillbox(x - 3, y, 7, -1);
-    fillbox(x, y + 3, 1, -7);
+    moveto(x - 3, y);
+    lineto(x + 3, y);
+    moveto(x, y + 3);
+    lineto(x, y - 3);
 }
 
 void magnify(const page *from, int32_t x, int32_t y, int32_t size)

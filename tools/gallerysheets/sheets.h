@@ -1,6 +1,6 @@
 // tools/gallerysheets/sheets.h - what stands on the gallery's sheets.
 //
-// Each is drawn on a page of its size at a scale of OSUNITS, all in negative y.
+// Each is drawn on a page of its size, told in OS units, all in negative y.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +12,7 @@ struct page;
 errorblock *drawscales(const page *p);
 errorblock *drawboxes(const page *p);
 errorblock *drawshapes(const page *p);
+errorblock *drawcurves(const page *p);
 errorblock *drawpaths(const page *p);
 errorblock *drawclips(const page *p);
 errorblock *drawdrags(const page *p);
@@ -32,6 +33,10 @@ errorblock *drawpictures(const std::string &folder);
 // Colour words for the sheets' own lettering and lines.
 constexpr uint32_t INK = 0x30303000, FAINT = 0xC8C8C800, RED = 0x0000E000, BLUE = 0xC0602000,
                    GREEN = 0x00900000, WHITE = 0xFFFFFF00;
+
+// Whether this drawing is for the kept pictures, which hold nothing that is the
+// system's own: no lettering, no list of fonts, no colours of its windows.
+extern bool forkeeping;
 
 // A small text with its base line at a place, and a larger one.
 void label(int32_t x, int32_t y, const char *text);

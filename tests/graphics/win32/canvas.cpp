@@ -1,127 +1,75 @@
 #include "tests/graphics/win32/canvas.h"
 
+#include "graphics/textmeasure.h"
+#include "graphics/win32/surfacecontext.h"
+
 #include <doctest/doctest.h>
-#include <windows.h>
 
 #include <algorithm>
+#include <cstring>
 
-static constexpr uint32_t WHITE = 0xFFFFFF;
-
-int gdiobjects()
+canvas::canvas(int32_t width, int32_t height, int32_t scale)
 {
-    if (DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
-        return static_cast<int>(told);
-    // Wine doesn't tell, but takes the number of a handle for the handle.
-    int count = 0;
-    for (UINT_PTR number = 1; number < 0x10000; number++)
-        count += GetObjectType(reinterpret_cast<HGDIOBJ>(number)) != 0;
-    return count;
-}
-
-canvas::canvas(int32_t w, int32_t h, int32_t scale) : width(w), height(h)
-{
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = w;
-    info.bmiHeader.biHeight = -h; // the first row is the top one
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void *memory = nullptr;
-    HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP made = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
-    REQUIRE(made);
-    bits = static_cast<uint32_t *>(memory);
-    bitmap = reinterpret_cast<intptr_t>(made);
-    before = reinterpret_cast<intptr_t>(SelectObject(dc, made));
-    clear();
-
-    REQUIRE_FALSE(surfacenew(&drawing));
-    drawing->dc = reinterpret_cast<intptr_t>(dc);
-    surfacesetorigin(0, 0, drawing);
-    drawing->scalex = drawing->scaley = scale;
-    surfaceshifts(drawing);
-    setcurrentsurface(drawing);
+    REQUIRE_FALSE(pageopen(&paper, width, height, scale));
+    drawing = paper.drawing;
 }
 
 canvas::~canvas()
 {
-    HDC dc = reinterpret_cast<HDC>(drawing->dc);
-    if (currentsurface == drawing) clearcurrentsurface();
-    surfacerelease(drawing);
-    surfacefree(drawing);
-    SelectObject(dc, reinterpret_cast<HGDIOBJ>(before));
-    DeleteObject(reinterpret_cast<HGDIOBJ>(bitmap));
-    DeleteDC(dc);
-}
-
-uint32_t *canvas::row(int32_t y) const
-{
-    return bits + y * width;
-}
-
-uint32_t canvas::colour(int32_t x, int32_t y) const
-{
-    uint32_t stored = row(y)[x]; // blue lowest
-    return (stored & 255) << 16 | (stored & 0xFF00) | (stored >> 16 & 255);
+    pageclose(&paper);
 }
 
 uint32_t canvas::at(int32_t x, int32_t y) const
 {
-    bool inside = x >= 0 && y >= 0 && x < width && y < height;
+    bool inside = x >= 0 && y >= 0 && x < paper.width && y < paper.height;
     REQUIRE(inside);
-    GdiFlush();
-    return colour(x, y);
+    return pageat(&paper, x, y) >> 8;
 }
 
-void canvas::clear(uint32_t fill)
+void canvas::clear()
 {
-    GdiFlush();
-    uint32_t stored = (fill & 255) << 16 | (fill & 0xFF00) | (fill >> 16 & 255);
-    std::fill_n(bits, width * height, stored);
-}
-
-std::string canvas::picture() const
-{
-    GdiFlush();
-    std::string lines;
-    for (int32_t y = 0; y < height; y++) {
-        for (int32_t x = 0; x < width; x++)
-            lines += colour(x, y) == WHITE ? '.' : colour(x, y) == 0 ? '#' : '?';
-        lines += '\n';
-    }
-    return lines;
+    at(0, 0); // after all that was drawn
+    std::memset(paper.bits, 255, static_cast<size_t>(paper.rowbytes * paper.height));
 }
 
 canvas::extent canvas::drawn() const
 {
-    GdiFlush();
-    extent box = {width, height, -1, -1};
-    for (int32_t y = 0; y < height; y++)
-        for (int32_t x = 0; x < width; x++)
-            if (colour(x, y) != WHITE)
+    extent box = {paper.width, paper.height, -1, -1};
+    for (int32_t y = 0; y < paper.height; y++)
+        for (int32_t x = 0; x < paper.width; x++)
+            if (at(x, y) != 0xFFFFFF)
                 box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x),
                        std::max(box.bottom, y)};
     return box;
 }
 
-int32_t canvas::count() const
+fontrecord arial(int32_t height)
 {
-    GdiFlush();
-    int32_t pixels = 0;
-    for (int32_t y = 0; y < height; y++)
-        for (int32_t x = 0; x < width; x++)
-            pixels += colour(x, y) != WHITE;
-    return pixels;
+    return {
+        .height = height, .width = 0, .face = "Arial", .charset = 0, .weight = 400, .italic = 0};
 }
 
-bool canvas::blank() const
+fonthandle fontselected(const surface *s)
 {
-    return count() == 0;
+    return reinterpret_cast<fonthandle>(GetCurrentObject(surfacecontext(s), OBJ_FONT));
 }
 
-std::string rows(const std::string &text)
+int32_t widthof(const std::string &text)
 {
-    std::string lines = text + '\n';
-    std::replace(lines.begin(), lines.end(), ' ', '\n');
-    return lines;
+    glyphextent box;
+    textbox(text.c_str(), &box);
+    return box.right;
+}
+
+fontshown::fontshown(int32_t height)
+{
+    fontrecord record = arial(height);
+    fontfind(&record, &font);
+    REQUIRE(font);
+    fontset(font, FONTCLEAR, 0, 0);
+}
+
+fontshown::~fontshown()
+{
+    fontlose(font);
 }

@@ -62,97 +62,84 @@ void checkread(HDC dc)
 
 } // namespace
 
-TEST_CASE("palette device: its facts and its two palettes")
+TEST_CASE("a palette device: its two palettes, selected, read again, joined by index")
 {
     if (!shallow()) return;
     frame f;
-    CHECK(modeinfo.bpp == 8);
     CHECK(modeinfo.ncolours == modeinfo.sizepalette);
-    CHECK(palettelength() == 256);
     checkread(f.dc);
-
-    PALETTEENTRY made[PALETTECOLOURS] = {};
+    PALETTEENTRY made[2][PALETTECOLOURS] = {};
     paletteentry wanted[PALETTECOLOURS];
-    REQUIRE(identitypalette);
-    REQUIRE(GetPaletteEntries(reinterpret_cast<HPALETTE>(identitypalette), 0, 256, made) == 256);
-    for (int i = 0; i < 256; i++) {
-        CHECK(made[i].peRed == i);
-        CHECK(made[i].peFlags == PC_EXPLICIT);
+    GetPaletteEntries(reinterpret_cast<HPALETTE>(identitypalette), 0, PALETTECOLOURS, made[0]);
+    GetPaletteEntries(reinterpret_cast<HPALETTE>(palette), 0, PALETTECOLOURS, made[1]);
+    paletteentries(PALETTECOLOURS, wanted);
+    for (int i = 0; i < PALETTECOLOURS; i++) {
+        CHECK(made[0][i].peRed == i);
+        CHECK(made[0][i].peFlags == PC_EXPLICIT);
+        CHECK(made[1][i].peGreen == wanted[i].green);
+        CHECK(made[1][i].peFlags == wanted[i].flags);
     }
-    REQUIRE(palette);
-    REQUIRE(GetPaletteEntries(reinterpret_cast<HPALETTE>(palette), 0, 256, made) == 256);
-    paletteentries(256, wanted);
-    for (int i = 0; i < 256; i++) {
-        CHECK(made[i].peGreen == wanted[i].green);
-        CHECK(made[i].peFlags == wanted[i].flags);
-    }
-}
 
-TEST_CASE("palette device: selected with a surface, read again on its events")
-{
-    if (!shallow()) return;
-    frame f;
     auto selected = [&f] { return reinterpret_cast<intptr_t>(GetCurrentObject(f.dc, OBJ_PAL)); };
     surface s = {};
     s.dc = reinterpret_cast<intptr_t>(f.dc);
     surfacesetorigin(0, 0, &s);
+    setcurrentsurface(&s);
     CHECK(selected() == palette);
     paletteidentity(s.dc);
     CHECK(selected() == identitypalette);
-    SelectPalette(f.dc, static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE)), TRUE);
-
-    auto spoil = [] {
-        std::fill_n(modeinfo.systempalette, PALETTECOLOURS, 0x12345600u);
-        modeinfo.desktopcolours[3] = 0x12345600;
-    };
-    // The first round fills what the system keeps for a window; no later one
-    // may hold on to more.
-    int32_t changed = 0;
-    paletterealise(f.window(), &changed);
-    palettechanged(f.window(), 1, 0);
-    paletteupdate(f.window());
-    int before = gdiobjects();
-    changed = 0;
-    spoil();
-    paletterealise(f.window(), &changed);
-    CHECK(changed == 1);
-    checkread(f.dc);
-    CHECK(modeinfo.desktopcolours[3] == 0x12345600);
-
-    spoil();
-    palettechanged(f.window(), f.window(), 0); // its own doing
-    CHECK(modeinfo.systempalette[7] == 0x12345600);
-    palettechanged(f.window(), 1, 0);
-    CHECK(modeinfo.desktopcolours[3] == 0x99999900);
-    checkread(f.dc);
-
-    spoil();
-    paletteupdate(f.window());
-    checkread(f.dc);
-    CHECK(modeinfo.desktopcolours[3] == 0x12345600);
-    CHECK(gdiobjects() == before);
-}
-
-TEST_CASE("palette device: exclusive-or goes by index")
-{
-    if (!shallow()) return;
-    frame f;
-    surface s = {};
-    s.dc = reinterpret_cast<intptr_t>(f.dc);
-    surfacesetorigin(0, 0, &s);
-    setcurrentsurface(&s);
+    paletteselect(s.dc);
     xorcolours(3, 12);
-    CHECK(GetROP2(f.dc) == R2_XORPEN);
-    CHECK(reinterpret_cast<intptr_t>(GetCurrentObject(f.dc, OBJ_PAL)) == palette);
     LOGPEN pen = {};
     LOGBRUSH brush = {};
     GetObjectA(GetCurrentObject(f.dc, OBJ_PEN), sizeof pen, &pen);
     GetObjectA(GetCurrentObject(f.dc, OBJ_BRUSH), sizeof brush, &brush);
+    CHECK(GetROP2(f.dc) == R2_XORPEN);
     CHECK(pen.lopnColor == PALETTEINDEX(modeinfo.nearest[3] ^ modeinfo.nearest[12]));
     CHECK(brush.lbColor == pen.lopnColor);
     surfacerelease(&s);
     clearcurrentsurface();
     SelectPalette(f.dc, static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE)), TRUE);
+
+    int before = 0;
+    for (bool first : {true, false}) { // which fills what the system keeps for a window
+        std::fill_n(modeinfo.systempalette, PALETTECOLOURS, 0x12345600u);
+        modeinfo.desktopcolours[3] = 0x12345600;
+        int32_t changed = 0;
+        paletterealise(f.window(), &changed);
+        if (!first) CHECK(changed == 1);
+        checkread(f.dc);
+        CHECK(modeinfo.desktopcolours[3] == 0x12345600);
+        modeinfo.systempalette[7] = 0x12345600;
+        palettechanged(f.window(), f.window(), 0); // its own doing
+        CHECK(modeinfo.systempalette[7] == 0x12345600);
+        palettechanged(f.window(), 1, 0);
+        CHECK(modeinfo.desktopcolours[3] == 0x99999900);
+        checkread(f.dc);
+        modeinfo.systempalette[7] = 0x12345600;
+        paletteupdate(f.window());
+        checkread(f.dc);
+        if (first) before = deviceobjects();
+    }
+    CHECK(deviceobjects() == before);
+}
+
+TEST_CASE("a deep device has no palettes, and none of their events")
+{
+    if (modeinfo.bpp <= 8) return;
+    frame f;
+    int before = deviceobjects();
+    int32_t changed = 0;
+    modeinfo.desktopcolours[3] = 0x12345600;
+    paletterealise(f.window(), &changed);
+    palettechanged(f.window(), 2, 0);
+    paletteupdate(f.window());
+    paletteselect(reinterpret_cast<intptr_t>(f.dc));
+    paletteidentity(reinterpret_cast<intptr_t>(f.dc));
+    CHECK(changed == 0);
+    CHECK(modeinfo.desktopcolours[3] == 0x12345600);
+    CHECK_FALSE((palette || identitypalette));
+    CHECK(deviceobjects() == before);
 }
 
 TEST_CASE("a device of 8 bits without a palette has the colours of its solid pens")

@@ -85,6 +85,17 @@ void pageclose(page *p)
     DeleteDC(dc);
 }
 
+int deviceobjects()
+{
+    if (DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
+        return static_cast<int>(told);
+    // Wine doesn't tell, but takes the number of a handle for the handle.
+    int count = 0;
+    for (UINT_PTR number = 1; number < 0x10000; number++)
+        count += GetObjectType(reinterpret_cast<HGDIOBJ>(number)) != 0;
+    return count;
+}
+
 uint32_t pageat(const page *p, int32_t x, int32_t y)
 {
     const uint8_t *at = pixel(p, x, y);
