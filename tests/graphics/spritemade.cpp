@@ -54,31 +54,30 @@ int32_t channel(uint32_t value, int32_t shift)
     return static_cast<int32_t>(value >> shift & 255);
 }
 
-int32_t join(int32_t red, int32_t green, int32_t blue)
+// A colour of which the low byte of each is a part: red, green and blue.
+int32_t join(uint32_t red, uint32_t green, uint32_t blue)
 {
-    return red << 16 | green << 8 | blue;
+    return channel(red, 0) << 16 | channel(green, 0) << 8 | channel(blue, 0);
 }
 
-int32_t from5(uint32_t bits)
+uint32_t from5(uint32_t bits)
 {
-    int32_t five = static_cast<int32_t>(bits & 31);
-    return five * 8 + five / 4;
+    return (bits & 31) * 8 + (bits & 31) / 4;
 }
 
 int32_t greyed(int32_t colour)
 {
     uint32_t c = static_cast<uint32_t>(colour);
     int32_t g = (299 * channel(c, 16) + 587 * channel(c, 8) + 114 * channel(c, 0)) / 1000;
-    g = g * 128 / 255 + 127;
-    return join(g, g, g);
+    return (g * 128 / 255 + 127) * 0x010101;
 }
 
 int32_t plaincolour(const spritemade &made, uint32_t pixel)
 {
     if (made.bpp == 16) return join(from5(pixel), from5(pixel >> 5), from5(pixel >> 10));
-    if (made.bpp > 16) return join(channel(pixel, 0), channel(pixel, 8), channel(pixel, 16));
+    if (made.bpp > 16) return join(pixel, pixel >> 8, pixel >> 16);
     uint32_t word = made.palette[pixel];
-    return join(channel(word, 8), channel(word, 16), channel(word, 24));
+    return join(word >> 8, word >> 16, word >> 24);
 }
 
 } // namespace
@@ -119,13 +118,10 @@ std::string spritebytes(const spritemade &made)
     std::string out;
     putword(&out, static_cast<int64_t>(imageat + rows.size() + maskrows.size()));
     out += (made.name + std::string(12, 0)).substr(0, 12);
-    putword(&out, (bits + 31) / 32 - 1);
-    putword(&out, made.height - 1);
-    putword(&out, made.firstbit);
-    putword(&out, (bits - 1) % 32);
-    putword(&out, static_cast<int64_t>(imageat));
-    putword(&out, static_cast<int64_t>(maskat));
-    putword(&out, made.mode);
+    for (int64_t value :
+         {(bits + 31) / 32 - 1, int64_t{made.height} - 1, int64_t{made.firstbit}, (bits - 1) % 32,
+          static_cast<int64_t>(imageat), static_cast<int64_t>(maskat), int64_t{made.mode}})
+        putword(&out, value);
     return out + colours + rows + maskrows;
 }
 

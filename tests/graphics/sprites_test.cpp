@@ -1,4 +1,4 @@
-// Areas, and what becomes of any file.
+// Areas, modes, and what becomes of any file.
 #include "base/errorcodes.h"
 #include "base/files.h"
 #include "graphics/spritelayout.h"
@@ -33,6 +33,15 @@ struct spritefolder {
     {
         return addsprites(path.c_str(), leaf, &a->block, 0);
     }
+    // As a file of its own, into an area of its own.
+    uint32_t code(const std::string &bytes) const
+    {
+        areamade a;
+        write("a.spr", bytes);
+        errorblock *err = addsprites(path.c_str(), "a.spr", &a.block, 0);
+        CHECK((a.used() == spritefile({})) == (err != nullptr));
+        return codeof(err);
+    }
 };
 
 std::string named(const std::string &name, int32_t bpp = 4, int32_t width = 9, int32_t height = 3)
@@ -42,39 +51,93 @@ std::string named(const std::string &name, int32_t bpp = 4, int32_t width = 9, i
     return spritebytes(made);
 }
 
-void patch(std::string *bytes, size_t at, uint32_t value)
+std::string patched(std::string bytes, size_t at, size_t value)
 {
-    std::memcpy(&(*bytes)[at], &value, sizeof value);
+    uint32_t word = static_cast<uint32_t>(value);
+    std::memcpy(&bytes[at], &word, sizeof word);
+    return bytes;
 }
 
 // Where the head of the first sprite's fields stand in a file.
 enum field : size_t { NEXT = 12, WIDTH = 28, HEIGHT = 32, FIRSTBIT = 36, LASTBIT = 40 };
 enum : size_t { IMAGE = 44, MASK = 48, MODE = 52 };
 
-} // namespace
-
-TEST_CASE("an empty area")
+uint32_t word(uint32_t type, uint32_t ydpi, uint32_t xdpi)
 {
-    areamade a;
-    int32_t size;
-    flex_size(&a.block, &size);
-    CHECK(size == 256);
-    CHECK(a.head().size == 256);
-    CHECK(a.used() == spritefile({}));
-    CHECK(!spritefind(a.block, "rindent"));
-    CHECK(!spritefind(nullptr, "rindent"));
+    return type << 27 | ydpi << 14 | xdpi << 1 | 1;
 }
 
-TEST_CASE("a file's sprites go behind those that are there")
+} // namespace
+
+TEST_CASE("modes, old numbers and new words, tell depth and resolution")
+{
+    const uint32_t rows[][5] = {{12, 2, 4, 4, 15},
+                                {15, 2, 4, 8, 255},
+                                {25, 2, 2, 1, 1},
+                                {28, 2, 2, 8, 255},
+                                {50, 1, 1, 1, 1},
+                                {82, 1, 1, 4, 15},
+                                {127, 1, 1, 1, 1},
+                                {128 + 28, 2, 2, 8, 255},
+                                {0x7FFFF80 + 12, 2, 4, 4, 15},
+                                {word(1, 90, 90), 2, 2, 1, 1},
+                                {word(2, 45, 90), 2, 4, 2, 3},
+                                {word(3, 180, 180), 1, 1, 4, 15},
+                                {word(4, 0, 0), 2, 2, 8, 255},
+                                {word(5, 90, 45), 4, 2, 16, 0x7FFF},
+                                {word(7, 1, 8191), 1, 180, 32, 0xFFFFFFFF},
+                                {word(8, 90, 90), 2, 2, 24, 0xFFFFFF},
+                                {word(16 + 6, 90, 90), 2, 2, 32, 0xFFFFFF}};
+    for (const auto &[mode, xeig, yeig, bits, most] : rows) {
+        CAPTURE(mode);
+        int32_t x, y, bpp;
+        uint32_t colours;
+        REQUIRE_FALSE(spriteeig(mode, &x, &y));
+        REQUIRE_FALSE(spritedepth(mode, &bpp, &colours));
+        CHECK(std::vector<uint32_t>{uint32_t(x), uint32_t(y), uint32_t(bpp), colours} ==
+              std::vector{xeig, yeig, bits, most});
+    }
+    sprite s = {};
+    int32_t x = 5, y;
+    for (uint32_t unread : {word(9, 90, 90), word(15, 90, 90), word(16, 90, 90), word(6, 90, 89)}) {
+        s.mode = unread == word(6, 90, 89) ? unread - 1 : unread; // bit 0 clear
+        CHECK(codeof(spritedpi(&s, &x, nullptr, nullptr)) == EMODE);
+        CHECK(x == 5);
+    }
+    s.mode = word(6, 0, 300);
+    REQUIRE_FALSE(spritedpi(&s, &x, &y, nullptr));
+    CHECK(x == 300);
+    CHECK(y == 90);
+    s.mode = 12;
+    REQUIRE_FALSE(spritedpi(&s, &x, &y, nullptr));
+    CHECK(y == 45);
+
+    const uint32_t made[][4] = {{8, 2, 2, 28},
+                                {4, 2, 2, 27},
+                                {2, 2, 2, 26},
+                                {1, 2, 2, 25},
+                                {8, 2, 4, 15},
+                                {4, 2, 4, 12},
+                                {2, 2, 4, 4},
+                                {1, 2, 4, 0},
+                                {16, 2, 4, word(5, 45, 90)},
+                                {24, 1, 1, word(6, 180, 180)}};
+    for (const auto &[bpp, xeig, yeig, mode] : made)
+        CHECK(spritemodeword(int32_t(bpp), int32_t(xeig), int32_t(yeig)) == mode);
+}
+
+TEST_CASE("a file's sprites go behind those that are there, and are found by name")
 {
     spritefolder folder;
     areamade a;
+    CHECK(a.head().size == 256);
+    CHECK(!spritefind(a.block, "rindent"));
+    CHECK(!spritefind(nullptr, "rindent"));
     std::string one = named("rindent"), two = named("twelve bytes", 8, 30, 20);
     folder.write("a.spr", spritefile({one, two}));
     REQUIRE_FALSE(folder.add(&a));
     CHECK(a.used() == spritefile({one, two}));
     CHECK(a.head().size == 16 + static_cast<int32_t>(12 + one.size() + two.size()) + 256);
-
     folder.write("b.spr", spritefile({named("RINDENT", 1)}));
     REQUIRE_FALSE(folder.add(&a, "b.spr"));
     CHECK(a.used() == spritefile({one, two, named("RINDENT", 1)}));
@@ -82,41 +145,39 @@ TEST_CASE("a file's sprites go behind those that are there")
     const sprite *found = spritefind(a.block, "Rindent"); // the first of the two
     REQUIRE(found);
     CHECK(found->mode == 27);
-    CHECK(spritefind(a.block, "TWELVE BYTES") != found);
     CHECK(spritefind(a.block, "twelve bytes and more"));
     CHECK(!spritefind(a.block, "twelve byte"));
-    CHECK(!spritefind(a.block, "rind"));
+    const sprite *s = nullptr;
+    spriteresolve(a.block, spriteitself(spritein(one)), &s);
+    CHECK(s == spritein(one));
+    spriteresolve(a.block, spritenamed("RINDENT"), &s);
+    CHECK(s == found);
+    spriteresolve(nullptr, spriteitself(spritein(one)), &s);
+    CHECK(!s);
 }
 
 TEST_CASE("an area grows only for a file larger than its free space")
 {
     spritefolder folder;
     areamade a;
-    folder.write("a.spr", spritefile({named("small", 1, 4, 2)}));
-    REQUIRE_FALSE(folder.add(&a));
-    CHECK(a.head().size == 256);
-    std::string rest = spritefile({named("rest", 1, 4, 2)});
-    rest.resize(static_cast<size_t>(a.head().size - a.head().free));
-    folder.write("b.spr", rest);
-    REQUIRE_FALSE(folder.add(&a, "b.spr")); // all of what is free
-    CHECK(a.head().size == 256);
+    std::string rest = spritefile({named("small", 1, 4, 2)});
+    for (int32_t more : {0, 1}) {
+        rest.resize(static_cast<size_t>(a.head().size - a.head().free + more));
+        folder.write("a.spr", rest);
+        int32_t grown = a.head().free + static_cast<int32_t>(rest.size()) + 256;
+        REQUIRE_FALSE(folder.add(&a));
+        CHECK(a.head().size == (more ? grown : 256));
+    }
     CHECK(a.head().count == 2);
-    rest.resize(static_cast<size_t>(a.head().size - a.head().free) + 1);
-    folder.write("c.spr", rest);
-    int32_t wanted = a.head().free + static_cast<int32_t>(rest.size()) + 256;
-    REQUIRE_FALSE(folder.add(&a, "c.spr"));
-    CHECK(a.head().size == wanted);
 }
 
-TEST_CASE("the fine form of a file comes before the plain one, and none is no error")
+TEST_CASE("sprites come from the fine form, the plain one, a resource, or nowhere")
 {
     spritefolder folder;
     areamade a;
-    CHECK_FALSE(folder.add(&a));
     std::filesystem::create_directories(folder.path + "/a22.spr");
     CHECK_FALSE(folder.add(&a));
     CHECK(a.head().count == 0);
-
     folder.write("a.spr", spritefile({named("plain")}));
     REQUIRE_FALSE(folder.add(&a)); // a folder is no file
     CHECK(spritefind(a.block, "plain"));
@@ -124,64 +185,32 @@ TEST_CASE("the fine form of a file comes before the plain one, and none is no er
     folder.write("a22.spr", spritefile({named("fine")}));
     REQUIRE_FALSE(folder.add(&a));
     CHECK(spritefind(a.block, "fine"));
-    CHECK(a.head().count == 2);
-}
 
-TEST_CASE("a resource's sprites are added like a file's")
-{
-    areamade a;
     spriteresourcebytes = spritefile({named("one"), named("two", 8, 40, 40)});
-    CHECK_FALSE(addsprites(nullptr, "made", &a.block, 0)); // another module
-    CHECK(a.head().count == 0);
-    REQUIRE_FALSE(addsprites(nullptr, "made", &a.block, 7));
-    CHECK(a.used() == spriteresourcebytes);
+    areamade b;
+    CHECK_FALSE(addsprites(nullptr, "made", &b.block, 0)); // another module
+    CHECK(b.head().count == 0);
+    REQUIRE_FALSE(addsprites(nullptr, "made", &b.block, 7));
+    CHECK(b.used() == spriteresourcebytes);
+    const std::string before = b.used();
+    for (const std::string &bad : {before.substr(0, before.size() - 1), std::string(11, '\xFF')}) {
+        spriteresourcebytes = bad;
+        CHECK(codeof(addsprites(nullptr, "made", &b.block, 7)) == ERRORREAD);
+    }
+    spriteresourcebytes = patched(before, HEIGHT, 1000);
+    CHECK(codeof(addsprites(nullptr, "made", &b.block, 7)) == ECR);
+    CHECK(b.used() == before);
 
-    const std::string before = a.used();
-    patch(&spriteresourcebytes, HEIGHT, 1000);
-    CHECK(codeof(addsprites(nullptr, "made", &a.block, 7)) == ECR);
-    CHECK(a.used() == before);
-    spriteresourcebytes.pop_back();
-    CHECK(codeof(addsprites(nullptr, "made", &a.block, 7)) == ERRORREAD);
-    spriteresourcebytes.assign(11, '\xFF'); // less than a head
-    CHECK(codeof(addsprites(nullptr, "made", &a.block, 7)) == ERRORREAD);
-    CHECK(a.used() == before);
-}
-
-TEST_CASE("the task's own area")
-{
-    spriteresourcebytes = spritefile({named("one")});
     REQUIRE_FALSE(initsprites());
-    CHECK_FALSE(addspritesshared(nullptr, "made")); // not in the program
-    CHECK(!spritefind(spritepool, "one"));
-    spritefolder folder;
-    folder.write("a.spr", spritefile({named("two")}));
     REQUIRE_FALSE(addspritesshared(folder.path.c_str(), "a.spr"));
-    CHECK(spritefind(spritepool, "two"));
+    CHECK(spritefind(spritepool, "fine"));
     endsprites();
     CHECK(!spritepool);
 }
 
-TEST_CASE("a reference is a sprite with the mark, otherwise a name")
+TEST_CASE("a layout leads to every pixel and its mask, from any first bit")
 {
-    areamade a;
-    spritefolder folder;
-    folder.write("a.spr", spritefile({named("one")}));
-    REQUIRE_FALSE(folder.add(&a));
-    std::string bytes = named("other");
-    const sprite *s = nullptr;
-    spriteresolve(a.block, spriteitself(spritein(bytes)), &s);
-    CHECK(s == spritein(bytes));
-    spriteresolve(a.block, spritenamed("ONE"), &s);
-    CHECK(s == spritefind(a.block, "one"));
-    spriteresolve(a.block, spritenamed("none"), &s);
-    CHECK(!s);
-    s = spritein(bytes);
-    spriteresolve(nullptr, spriteitself(spritein(bytes)), &s);
-    CHECK(!s);
-}
-
-TEST_CASE("a sprite's size counts the bits between its first and its last")
-{
+    spritelayout layout;
     for (int32_t bpp : {1, 2, 4, 8, 16, 24, 32})
         for (int32_t width : {1, 7, 31, 32, 33, 64})
             for (int32_t firstbit : {0, 1, 5}) {
@@ -190,38 +219,25 @@ TEST_CASE("a sprite's size counts the bits between its first and its last")
                 std::string bytes = spritebytes(made);
                 int32_t w, h, depth;
                 REQUIRE_FALSE(spritesize(spritein(bytes), &w, &h, &depth));
+                REQUIRE_FALSE(spritelay(spritein(bytes), &layout));
                 CHECK(w == width);
                 CHECK(h == 2);
                 CHECK(depth == bpp);
-                spritelayout layout;
-                REQUIRE_FALSE(spritelay(spritein(bytes), &layout));
                 CHECK(layout.palettecount == static_cast<int32_t>(made.palette.size()));
-                for (size_t n = 0; n < made.pixels.size(); n++) {
-                    int32_t x = static_cast<int32_t>(n) % width,
-                            y = static_cast<int32_t>(n) / width;
-                    REQUIRE(spritepixel(&layout.image, x, y) == made.pixels[n]);
-                    REQUIRE(spriteshows(&layout, x, y) == (made.mask[n] != 0));
+                for (int32_t n = 0; n < 2 * width; n++) {
+                    size_t at = static_cast<size_t>(n);
+                    REQUIRE(spritepixel(&layout.image, n % width, n / width) == made.pixels[at]);
+                    REQUIRE(spriteshows(&layout, n % width, n / width) == (made.mask[at] != 0));
                 }
             }
-}
-
-TEST_CASE("a mask is of the image's depth or of one bit, or isn't one")
-{
     spritemade made = spritestriped(4, 5, 2, true);
-    made.mode = 3u << 27 | 1; // a new word of the same depth
+    made.mode = word(3, 0, 0); // of the same depth, with a mask of one bit
     made.widemask = false;
     std::string bytes = spritebytes(made);
-    spritelayout layout;
     REQUIRE_FALSE(spritelay(spritein(bytes), &layout));
-    CHECK(layout.mask.bpp == 1);
     CHECK_FALSE(spriteshows(&layout, 2, 0));
     CHECK(spriteshows(&layout, 3, 0));
-
     made.mode |= SPRITEMODENOMASK;
-    bytes = spritebytes(made);
-    REQUIRE_FALSE(spritelay(spritein(bytes), &layout));
-    CHECK(!layout.mask.bytes);
-    made = spritestriped(4, 5, 2, false);
     bytes = spritebytes(made);
     REQUIRE_FALSE(spritelay(spritein(bytes), &layout));
     CHECK(!layout.mask.bytes);
@@ -230,120 +246,73 @@ TEST_CASE("a mask is of the image's depth or of one bit, or isn't one")
 TEST_CASE("a damaged file adds nothing")
 {
     spritefolder folder;
-    std::string good = spritefile({named("one"), named("two", 8, 12, 7)});
+    const std::string good = spritefile({named("one"), named("two", 8, 12, 7)});
     uint32_t next;
     std::memcpy(&next, &good[NEXT], sizeof next);
-
-    struct {
-        const char *what;
+    const uint32_t size = static_cast<uint32_t>(good.size());
+    const struct {
         size_t at;
-        uint32_t value, code;
-    } const faults[] = {
-        {"a count that is negative", 0, 0x80000000, ECR},
-        {"a sprite too many", 0, 3, ECR},
-        {"a first inside the head", 4, 12, ECR},
-        {"a first off the words", 4, 17, ECR},
-        {"a first behind the free space", 4, 100000, ECR},
-        {"a free space before the sprites", 8, 15, ECR},
-        {"more than the file has", 8, static_cast<uint32_t>(good.size()) + 5, ERRORREAD},
-        {"a sprite of no size", NEXT, 0, ECR},
-        {"a sprite smaller than its head", NEXT, 40, ECR},
-        {"a size off the words", NEXT, next + 2, ECR},
-        {"a size past the file", NEXT, 0x7FFFFFFC, ECR},
-        {"a negative size", NEXT, 0x80000000, ECR},
-        {"too wide", WIDTH, 2000, ECR},
-        {"a width that overflows", WIDTH, 0x40000000, ECR},
-        {"a negative width", WIDTH, 0xFFFFFFFF, ECR},
-        {"too high", HEIGHT, 1000, ECR},
-        {"a height that overflows", HEIGHT, 0x7FFFFFFF, ECR},
-        {"a first bit past a word", FIRSTBIT, 32, ECR},
-        {"a negative last bit", LASTBIT, 0xFFFFFFFF, ECR},
-        {"an image in the head", IMAGE, 40, ECR},
-        {"an image off the words", IMAGE, 46, ECR},
-        {"an image past the end", IMAGE, next - 4, ECR},
-        {"a negative image", IMAGE, 0xFFFFFFFC, ECR},
-        {"a mask in the head", MASK, 0, ECR},
-        {"a mask past the end", MASK, next - 4, ECR},
-        {"a mask far away", MASK, 0x7FFFFFFC, ECR},
-        {"pixels wider than a row", MODE, 0x30000001, 0}, // 32 bits: 2 pixels remain
+        std::vector<uint32_t> values;
+        uint32_t code;
+    } faults[] = {
+        {0, {0x80000000, 3}, ECR},      // a count that is negative, or too high
+        {4, {12, 17, 100000}, ECR},     // a first in the head, off the words, too far
+        {8, {15}, ECR},                 // a free space before the sprites
+        {8, {size + 5}, ERRORREAD},     // more than the file has
+        {NEXT, {0, 40, next + 2}, ECR}, // no size, less than a head, off the words
+        {NEXT, {0x7FFFFFFC, 0x80000000}, ECR},
+        {WIDTH, {2000, 0x40000000, 0xFFFFFFFF}, ECR},
+        {HEIGHT, {1000, 0x7FFFFFFF}, ECR},
+        {FIRSTBIT, {32}, ECR}, // past a word
+        {LASTBIT, {0xFFFFFFFF}, ECR},
+        {IMAGE, {40, 46, next - 4, 0xFFFFFFFC}, ECR},
+        {MASK, {0, next - 4, 0x7FFFFFFC}, ECR},
+        {MODE, {15u << 27 | 1, 0x30000001}, 0}, // unknown; of 32 bits, where 2 pixels remain
     };
-    for (const auto &fault : faults) {
-        CAPTURE(fault.what);
-        areamade a;
-        std::string bytes = good;
-        patch(&bytes, fault.at, fault.value);
-        folder.write("a.spr", bytes);
-        CHECK(codeof(folder.add(&a)) == fault.code);
-        CHECK(a.head().count == (fault.code ? 0 : 2));
-        CHECK(a.head().free == (fault.code ? 16 : static_cast<int32_t>(good.size()) + 4));
-    }
-    areamade a;
-    folder.write("a.spr", good.substr(0, good.size() - 1));
-    CHECK(codeof(folder.add(&a)) == ERRORREAD);
-    folder.write("a.spr", "short");
-    CHECK(codeof(folder.add(&a)) == ERRORREAD);
-    folder.write("a.spr", good + "and more");
-    CHECK_FALSE(folder.add(&a));
-}
+    for (const auto &fault : faults)
+        for (uint32_t value : fault.values) {
+            CAPTURE(fault.at);
+            CAPTURE(value);
+            CHECK(folder.code(patched(good, fault.at, value)) == fault.code);
+        }
+    CHECK(folder.code(good.substr(0, good.size() - 1)) == ERRORREAD);
+    CHECK(folder.code("short") == ERRORREAD);
+    CHECK(folder.code(good + "and more") == 0);
+    const std::string only = spritefile({named("one", 1, 8, 1)});
+    CHECK(folder.code(patched(only, FIRSTBIT, 9)) == ECR); // no pixel is left
+    CHECK(folder.code(patched(only, NEXT, only.size())) == ECR);
 
-TEST_CASE("damage to the only sprite of a file")
-{
-    spritefolder folder;
-    const std::string good = spritefile({named("one", 1, 8, 1)});
-    auto with = [&](size_t at, size_t value) {
-        areamade a;
-        std::string bytes = good;
-        patch(&bytes, at, static_cast<uint32_t>(value));
-        folder.write("a.spr", bytes);
-        return codeof(folder.add(&a));
-    };
-    CHECK(with(FIRSTBIT, 9) == ECR); // no pixel is left
-    CHECK(with(NEXT, good.size()) == ECR);
-}
-
-TEST_CASE("a row of more bits than can be counted is damage")
-{
     sprite s = {};
-    s.next = 0x7FFFFFFC;
+    s.next = 0x7FFFFFFC; // a row of more bits than can be counted
+    int32_t width;
     s.lastbit = 31;
     s.image = s.mask = 44;
     s.mode = 25;
     s.width = (1 << 24) - 1;
-    int32_t width;
     REQUIRE_FALSE(spritesize(&s, &width, nullptr, nullptr));
     CHECK(width == 1 << 29);
     s.width = 1 << 27;
     CHECK(codeof(spritesize(&s, nullptr, nullptr, nullptr)) == ECR);
-}
-
-TEST_CASE("a sprite of an unknown mode can be kept, not looked at")
-{
-    spritefolder folder;
-    areamade a;
-    std::string bytes = spritefile({named("odd"), named("one")});
-    patch(&bytes, MODE, 15u << 27 | 1);
-    folder.write("a.spr", bytes);
-    REQUIRE_FALSE(folder.add(&a));
-    CHECK(codeof(spritesize(spritefind(a.block, "odd"), nullptr, nullptr, nullptr)) == EMODE);
-    CHECK_FALSE(spritesize(spritefind(a.block, "one"), nullptr, nullptr, nullptr));
+    s.width = 0;
+    s.mode = 15u << 27 | 1;
+    CHECK(codeof(spritesize(&s, nullptr, nullptr, nullptr)) == EMODE);
 }
 
 TEST_CASE("short memory adds nothing")
 {
     spritefolder folder;
-    folder.write("a.spr", spritefile({named("one", 8, 40, 40)}));
     spriteresourcebytes = spritefile({named("two"), named("three", 8, 40, 40)});
-    for (const char *from : {"file", "resource"})
+    folder.write("a.spr", spriteresourcebytes);
+    for (bool file : {true, false})
         for (int32_t n = 0;; n++) {
-            REQUIRE(n < 50);
             areamade a;
             flexfailafter(n);
-            errorblock *err =
-                *from == 'f' ? folder.add(&a) : addsprites(nullptr, "made", &a.block, 7);
+            errorblock *err = file ? folder.add(&a) : addsprites(nullptr, "made", &a.block, 7);
             flexfailafter(-1);
             if (!err) break;
             CHECK(err->code == ERRORMEMORY);
             CHECK(a.used() == spritefile({}));
+            REQUIRE(n < 50);
         }
 }
 
@@ -354,15 +323,9 @@ TEST_CASE("a sprite saved alone, byte for byte")
     REQUIRE_FALSE(spritesave(spritein(bytes), path.c_str()));
     std::ifstream file(path, std::ios::binary);
     std::string saved = {std::istreambuf_iterator<char>(file), {}};
-    std::string wanted = spritefile({bytes}) + std::string(44, 0);
-    patch(&wanted, 8, static_cast<uint32_t>(bytes.size()) + 60);
-    CHECK(saved == wanted);
-
+    CHECK(saved == patched(spritefile({bytes}) + std::string(44, 0), 8, bytes.size() + 60));
     areamade a; // and what follows it there is no sprite
     REQUIRE_FALSE(folder.add(&a, "saved.spr"));
     CHECK(a.used() == spritefile({bytes}));
-    CHECK(!spritefind(a.block, ""));
-
-    patch(&bytes, 0, 0x7FFFFFFF);
-    CHECK(codeof(spritesave(spritein(bytes), path.c_str())) == ECR);
+    CHECK(codeof(spritesave(spritein(patched(bytes, 0, 0x7FFFFFFF)), path.c_str())) == ECR);
 }
