@@ -83,9 +83,9 @@ TEST_CASE("a rubber box is flushed with its window, redrawn around, and gone at 
     CHECK(f.seen(f.w) == NOTHING);
     dragboxflush(box.window);
     HDC dc = GetDC(f.w);
-    int before = deviceobjects();
     dragboxredraw(1, reinterpret_cast<intptr_t>(dc), false);
     CHECK(f.seen(f.w) == moved);
+    int before = deviceobjects(); // with a second context of the window in the system's store
     dragboxredraw(box.window, reinterpret_cast<intptr_t>(dc), false);
     CHECK(f.seen(f.w) == NOTHING);
     // What a redraw may leave behind.
