@@ -22,6 +22,7 @@
 #include "find/spellwindow.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
+#include "grid/gridkeys.h"
 #include "grid/gridreflect.h"
 #include "grid/gridshape.h"
 #include "grid/gridsizewindow.h"
@@ -106,10 +107,10 @@ constexpr commandrow commands[] = {
     {COMMANDNEWGRID, STOPS, calls<gridnew>},
     {COMMANDNEWWORDS, STOPS, calls<gridnewwords>},
     {COMMANDOPEN, STOPS, fileopen},
-    {COMMANDSAVE, GOESON, gridsavecommand, named},
-    {COMMANDSAVEAS, GOESON, filesaveas},
-    {COMMANDSAVECLUES, GOESON, filesaveclues},
-    {COMMANDSAVEDEFAULT, GOESON, gridsavedefault},
+    {COMMANDSAVE, STOPS, gridsavecommand, named},
+    {COMMANDSAVEAS, STOPS, filesaveas},
+    {COMMANDSAVECLUES, STOPS, filesaveclues},
+    {COMMANDSAVEDEFAULT, STOPS, gridsavedefault},
     {COMMANDEXIT, GOESON, programexit},
 
     {COMMANDSPELLCHECK, STOPS, over<spellcheck>, spellable},
@@ -178,6 +179,11 @@ void commandsprepare()
         shademenu(MENUMAIN, row.id, !row.enabled || row.enabled());
         if (row.ticked) tickmenu(MENUMAIN, row.id, row.ticked());
     }
+}
+
+errorblock *gridsaveasked()
+{
+    return commandrun(COMMANDSAVE);
 }
 
 void dictsetchanged()

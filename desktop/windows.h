@@ -95,6 +95,15 @@ errorblock *redrawall(window w);
 
 // The extent, such as 0, -height, width, 0; sets the scroll bars by it.
 errorblock *setextent(window w, int32_t xmin, int32_t ymin, int32_t xmax, int32_t ymax);
+
+// The height of a list's rows for an extent, which has a limit: rows behind it are out
+// of reach.
+constexpr int32_t EXTENTMOST = 0x3FFFFFFF;
+constexpr int32_t rowsextent(int32_t rows, int32_t rowheight)
+{
+    int64_t height = static_cast<int64_t>(rows) * rowheight;
+    return height < EXTENTMOST ? static_cast<int32_t>(height) : EXTENTMOST;
+}
 struct extentrecord {
     window self;
     int32_t xmin, ymin, xmax, ymax;

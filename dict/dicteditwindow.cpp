@@ -62,11 +62,16 @@ errorblock *countshow(wordview *view)
                         static_cast<int32_t>(dictcount(view->wordrows)));
 }
 
-errorblock *editfill()
+errorblock *titleshow()
 {
     char title[sizeof "{EDIT} ()" + sizeof editor.name];
     errorblock *err = xzsnprintf(sizeof title, nullptr, title, "{EDIT} (%s)", editor.name);
-    if (!err) err = settitle(editor.self, title);
+    return err ? err : settitle(editor.self, title);
+}
+
+errorblock *editfill()
+{
+    errorblock *err = titleshow();
     if (!err)
         err = wordviewopen(&editor.view, editor.self, EDITWORD, EDITLIST, editor.view.wordrows);
     if (!err) err = addhandlers(editor.view.pane, listhandlers);
@@ -107,8 +112,8 @@ errorblock *deletepressed()
 errorblock *okpressed()
 {
     if (!editor.self) return nullptr;
-    dictsavechanges();
-    return editclose();
+    errorblock *err = dictsavechanges();
+    return err ? err : editclose();
 }
 
 errorblock *cancelpressed()
@@ -152,7 +157,12 @@ errorblock *editopen(window parent, uint32_t number, Dictionary *dict, const cha
     editor.view.arrowscaret = true;
     editor.view.menu = listmenu;
     editor.view.follow = countshow;
-    return dialogopen(editdialog, parent);
+    errorblock *err = nullptr;
+    if (editor.self) { // words must not go into another dictionary than the one named
+        err = titleshow();
+        if (!err) err = wordviewschanged();
+    }
+    return err ? err : dialogopen(editdialog, parent);
 }
 
 errorblock *editadd(uint32_t number)

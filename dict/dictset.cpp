@@ -151,11 +151,14 @@ errorblock *dictsetload()
 
 errorblock *dictsavechanges()
 {
+    kepterror kept = keeperror(nullptr);
     for (uint32_t i = 0; i < ndicts; i++) {
-        if (dicts[i].changed) dictsave(dictdirectory, dicts[i].name, &dicts[i].dict);
-        dicts[i].changed = 0;
+        if (!dicts[i].changed) continue;
+        errorblock *err = dictsave(dictdirectory, dicts[i].name, &dicts[i].dict);
+        if (err && !kept.place) kept = keeperror(err);
+        if (!err) dicts[i].changed = 0;
     }
-    return nullptr;
+    return firsterror(kept, nullptr);
 }
 
 errorblock *dictdiscardchanges()

@@ -119,8 +119,9 @@ int dictsetread(bfile *file);       // 1 when the stream ended early
 uint32_t dictsetwrite(bfile *file); // 1 when it could not be written
 errorblock *dictsetload();          // always 0
 
-// What the user wanted with changed dictionaries: saved (always 0), or read
-// again from their files. Errors: the first load's.
+// What the user wanted with changed dictionaries: saved, or read again from their
+// files. All are tried. Errors: the first save's, and those that could not be saved
+// stay changed; the first load's.
 errorblock *dictsavechanges();
 errorblock *dictdiscardchanges();
 int dictanychanges();

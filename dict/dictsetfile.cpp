@@ -11,12 +11,14 @@ namespace
 
 constexpr int32_t NAMESIZE = 12;
 
-// A name that fills its record was cut when it was written: it is nobody's.
+// A name that fills its record was cut when it was written: it is nobody's. Named
+// twice, a dictionary's words would be found twice.
 void namedadd(const char *name)
 {
     if (!memchr(name, 0, NAMESIZE)) return;
     int32_t number = dictnamefind(name);
-    if (number >= 0) dictsetadd(static_cast<uint32_t>(number));
+    if (number >= 0 && !dictinset(static_cast<uint32_t>(number)))
+        dictsetadd(static_cast<uint32_t>(number));
 }
 
 } // namespace

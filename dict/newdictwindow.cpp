@@ -3,6 +3,7 @@
 #include "desktop/dialogs.h"
 #include "desktop/icons.h"
 #include "dict/dicteditwindow.h"
+#include "dict/dictname.h"
 #include "dict/dictset.h"
 #include "resources/identifiers.h"
 
@@ -48,6 +49,7 @@ errorblock *createnow(intptr_t)
 errorblock *nametake()
 {
     errorblock *err = copyicontext(box.self, NEWDICTNAME, box.name, sizeof box.name);
+    if (!err) err = dictnamecheck(box.name);
     if (!err) err = boxclose();
     return err ? err : dictwhenidle(createnow, 0);
 }

@@ -214,8 +214,8 @@ void wordviewclose(wordview *view)
 
 errorblock *wordviewextent(wordview *view)
 {
-    return setextent(view->pane, 0, -rowcount(view) * wordmetrics.rowheight, wordmetrics.listwidth,
-                     0);
+    return setextent(view->pane, 0, -rowsextent(rowcount(view), wordmetrics.rowheight),
+                     wordmetrics.listwidth, 0);
 }
 
 // More than the row: its mark and what stands out of it are drawn a little up.
@@ -226,7 +226,7 @@ errorblock *wordviewpaint(wordview *view, int32_t row)
     errorblock *err = windowstate(view->pane, &state);
     if (err) return err;
     int32_t pixel = devtoosy(1), width = std::max(state.x1 - state.x0, wordmetrics.listwidth);
-    int32_t top = 2 * pixel - 2 - row * wordmetrics.rowheight;
+    int32_t top = 2 * pixel - 2 - rowsextent(row, wordmetrics.rowheight);
     return forceredraw(view->pane, 0, top - wordmetrics.rowheight - 4 * pixel, width, top);
 }
 
@@ -235,7 +235,7 @@ errorblock *wordviewcentre(wordview *view, int32_t row)
     visiblepart part;
     errorblock *err = visible(view, &part);
     if (err) return err;
-    return setscrolly(view->pane, (row + 1) * wordmetrics.rowheight - part.height / 2);
+    return setscrolly(view->pane, rowsextent(row + 1, wordmetrics.rowheight) - part.height / 2);
 }
 
 // In a pane lower than a row the row's top is what is seen.
@@ -244,7 +244,7 @@ errorblock *wordviewreveal(wordview *view, int32_t row)
     visiblepart part;
     errorblock *err = visible(view, &part);
     if (err) return err;
-    int32_t above = row * wordmetrics.rowheight;
+    int32_t above = rowsextent(row, wordmetrics.rowheight);
     int32_t below = above + wordmetrics.rowheight - part.height;
     int32_t top = std::min(std::max(part.top, below), above);
     return top == part.top ? nullptr : setscrolly(view->pane, top);

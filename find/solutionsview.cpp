@@ -196,7 +196,7 @@ constexpr handlertable listhandlers = {
 
 errorblock *listextent()
 {
-    return setextent(solutionswindow, 0, -solutions.count * solutions.rowheight,
+    return setextent(solutionswindow, 0, -rowsextent(solutions.count, solutions.rowheight),
                      solutions.listwidth, 0);
 }
 

@@ -224,9 +224,14 @@ errorblock *checkclose()
         listrenew(); // the suggestions are gone
         return firsterror(kept, nullptr);
     }
-    errorblock *err = dialogend(checkdialog);
+    errorblock *err = answer == 1 ? dictsavechanges() : nullptr;
+    if (err) {
+        kept = keeperror(err);
+        listrenew();
+        return firsterror(kept, nullptr);
+    }
+    err = dialogend(checkdialog);
     kept = keeperror(err);
-    if (answer == 1) err = dictsavechanges();
     if (answer == 0) err = discard();
     return firsterror(kept, err);
 }

@@ -33,7 +33,7 @@ constexpr keyrow keys[] = {
     {KEYESCAPE, calls<stoprequest>, false},
     {KEYBACKSPACE, calls<griderase>, true},
     {KEYDELETE, calls<griderase>, true},
-    {KEYCTRL | 'S', gridsavecommand, false},
+    {KEYCTRL | 'S', gridsaveasked, false},
 };
 
 // The row of a pressed key, 0 if none is for it.

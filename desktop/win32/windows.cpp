@@ -185,7 +185,10 @@ errorblock *settitle(window w, const char *text)
 errorblock *setactive(window w)
 {
     SetLastError(0);
-    return SetActiveWindow(systemwindow(w)) ? nullptr : syserr("SetActiveWindow");
+    SetActiveWindow(systemwindow(w));
+    // It gives the window that was active before, and none is no failure; the messages
+    // in between leave last errors of their own.
+    return GetActiveWindow() == systemwindow(w) ? nullptr : syserr("SetActiveWindow");
 }
 
 errorblock *forceredraw(window w, int32_t x0, int32_t y0, int32_t x1, int32_t y1)

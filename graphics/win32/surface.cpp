@@ -47,8 +47,10 @@ void surfacerelease(surface *s)
     s->font = s->savedfont = 0; // the font is deleted by who made it
 }
 
+// What could not be made takes nobody's place, and least that of the saved one.
 static void replace(intptr_t made, intptr_t *object, intptr_t *saved)
 {
+    if (!made) return;
     intptr_t before = select(currentsurface, made);
     if (*object)
         DeleteObject(reinterpret_cast<HGDIOBJ>(*object));

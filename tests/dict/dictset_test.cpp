@@ -6,6 +6,7 @@
 #include "base/platformfault.h"
 #include "base/text.h"
 #include "dict/dictfile.h"
+#include "dict/dictname.h"
 #include "tests/dict/teststore.h"
 #include "tools/headless.h"
 
@@ -261,10 +262,7 @@ TEST_CASE("the set is written by name, and read back")
     CHECK(afterread(bytes) == "a1* elevenchars1 m1* twelve_chars=0,1,2");
     CHECK(after(dictsetload()) == "a1* elevenchars1* m1* twelve_chars=0,1,2");
     CHECK(afterread(setbytes({"a"}) + "b") == "a1* elevenchars* m* twelve_chars=0!"); // early
-    wordlist many(MAXDICTS + 2, "a"); // more than there is room for
-    many.push_back("");
-    afterread(setbytes(many));
-    CHECK((dictset.count == MAXDICTS && dicts[0].usecount == MAXDICTS));
+    CHECK(afterread(setbytes({"a", "M", "A", "a", ""})) == "a1* elevenchars m1* twelve_chars=0,2");
 }
 
 TEST_CASE("changes are kept or discarded for all dictionaries at once")
@@ -280,4 +278,24 @@ TEST_CASE("changes are kept or discarded for all dictionaries at once")
     CHECK(code(dictdiscardchanges()) == ERRORREAD); // the first; the others are discarded too
     CHECK((dictanychanges() == 0 && state() == "a1 b1 c1*=0,1,2"));
     CHECK(dictcount(&dicts[1].dict) == 0);
+
+    start({"a", "b"}, {0, 1});
+    change({0, 1});
+    std::filesystem::remove(fileof("a.dic"));
+    std::filesystem::create_directory(fileof("a.dic")); // can't be written
+    CHECK(dictsavechanges() != nullptr);
+    CHECK((dicts[0].changed && !dicts[1].changed));
+    std::filesystem::remove(fileof("a.dic"));
+    CHECK((dictsavechanges() == nullptr && dictanychanges() == 0));
+}
+
+TEST_CASE("a name that no file can have is refused in words")
+{
+    for (const char *name : {"a", "Main Dict", "con1", "comx", "com", ".a", "lpt0", "nulls", ""})
+        CHECK_MESSAGE(dictnamecheck(name) == nullptr, name);
+    for (const char *name : {"a\\b", "a/b", "c:", "*", "what?", "\"", "<", ">", "|", "a\tb", "a.",
+                             "a ", "con", "Nul.old", "COM1", "lpt9.x"})
+        CHECK_MESSAGE(code(dictnamecheck(name)) == EDNAME, name);
+    CHECK(dictnamecheck(std::string(31, 'n').c_str()) == nullptr);
+    CHECK(code(dictnamecheck(std::string(32, 'n').c_str())) == EDNAME);
 }
