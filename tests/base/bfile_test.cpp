@@ -241,7 +241,7 @@ TEST_CASE("any mix of steps reads and writes as a plain file would")
 TEST_CASE("a write that fails is told once, by the step that met it")
 {
     scratch place;
-    stream told(place.path("f"), "w"), second(place.path("f"), "w");
+    stream told(place.path("f"), "w"), second(place.path("g"), "w");
     CHECK(!put(&told, pattern(200)));
     platformfault.writes = 0;
     CHECK(words(put(&told, pattern(200))) == "(WriteFile) (31)");
