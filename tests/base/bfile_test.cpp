@@ -5,7 +5,6 @@
 #include "base/safesave.h"
 #include "base/saveblock.h"
 #include "tests/base/scratch.h"
-#include "tools/headless.h"
 
 #include <algorithm>
 #include <array>
@@ -142,15 +141,15 @@ TEST_CASE(
         CHECK(small.size == got);
         CHECK(!bclose(&small, nullptr));
     }
-    scratch place;
-    bfile none;
-    errorblock *err = bopen(place.path("none").c_str(), "r", 256, &none);
-    CHECK(code(bclose(&none, err)) == 2);
 }
 
 TEST_CASE("the end of data is no error but to an exact read")
 {
     scratch place;
+    bfile none;
+    errorblock *err = bopen(place.path("none").c_str(), "r", 256, &none);
+    CHECK(code(bclose(&none, err)) == 2);
+
     place.write("f", "ab");
     stream file(place.path("f"), "r");
     int32_t byte;
@@ -173,8 +172,7 @@ TEST_CASE("numbers lie lowest byte first, lines end in two bytes, and a font com
     stream out(place.path("f"), "w");
     CHECK(!bwrite32(&out, 0x80010203));
     CHECK(!bwrite16(&out, 0x12345));
-    CHECK(!bprintf(&out, "%d ", 5));
-    CHECK(!bprintline(&out, "%s", "five"));
+    CHECK(!bprintline(&out, "%d five", 5));
     CHECK(!bprintlines(&out, 2, "x"));
     CHECK(!bprintf(&out, "%s", std::string(1023, 'z').c_str()));
     CHECK(code(bprintline(&out, "%s", std::string(1024, 'q').c_str())) == ERRORMAXSTRING);
@@ -188,23 +186,17 @@ TEST_CASE("numbers lie lowest byte first, lines end in two bytes, and a font com
     CHECK(word == 0x80010203);
     CHECK(!bread16(&in, &word));
     CHECK(word == 0x2345);
-    CHECK(!bskip(&in, 1036));
-    CHECK(code(bread16(&in, &word)) == ERRORREAD);
 
     stream store("u");
-    fontrecord font = {}, back;
-    for (int i = 0; i < 2; i++) {
-        font = {i ? 0x8000 : 240, i ? -1 : 120, "", 238, 700, 1};
-        std::fill(std::begin(font.face), std::end(font.face), 'F'); // no end
-        CHECK(!bseek(&store, 0));
-        CHECK(!fontwrite(&store, font));
-        CHECK(!bseek(&store, 0));
-        CHECK(!fontread(&store, &back));
-        CHECK(back.height == (i ? 0x7fff : 240));
-        CHECK(back.width == (i ? 0 : 120));
-        CHECK(back.charset + back.weight + back.italic == 238 + 700 + 1);
-        CHECK(std::string(back.face) == std::string(sizeof font.face - 1, 'F'));
-    }
+    fontrecord font = {0x8000, -1, "", 238, 700, 1}, back;
+    std::fill(std::begin(font.face), std::end(font.face), 'F'); // no end
+    CHECK(!fontwrite(&store, font));
+    CHECK(!bseek(&store, 0));
+    CHECK(!fontread(&store, &back));
+    CHECK(back.height == 0x7fff);
+    CHECK(back.width == 0);
+    CHECK(back.charset + back.weight + back.italic == 238 + 700 + 1);
+    CHECK(std::string(back.face) == std::string(sizeof font.face - 1, 'F'));
 }
 
 TEST_CASE("lines end in CR, LF or a pair of them, or at the buffer's size less one")
@@ -258,7 +250,6 @@ TEST_CASE("a stream and blocks read from a transfer or a file, and write to it")
     std::string bytes = pattern(5000), path = place.path("f");
     int32_t size, count, done;
     char data[700];
-    headless.keeptrace = true;
     CHECK(!saveblock(path.c_str(), 0xFFF, "hello", 5));
     CHECK(!loadblockopen(path.c_str(), &size));
     CHECK(size == 5);
@@ -267,9 +258,6 @@ TEST_CASE("a stream and blocks read from a transfer or a file, and write to it")
     CHECK(std::string(data, static_cast<size_t>(count)) == "hello");
     CHECK(done == 1);
     CHECK(code(loadblockopen(place.path("none").c_str(), &size)) == ERRORNOTFOUND);
-    CHECK(code(loadblockclose(makeerror(ERRORREAD))) == ERRORREAD);
-    saveblocksize(&size);
-    CHECK(size == 4096);
 
     ramreadset(bytes.data(), 700);
     {
@@ -286,10 +274,7 @@ TEST_CASE("a stream and blocks read from a transfer or a file, and write to it")
     }
     CHECK(std::string(data, 700) == bytes.substr(0, 700));
     CHECK(!loadblockclose(nullptr));
-    ramreadsize(&size);
-    CHECK(size == 700);
     ramreadclear();
-    CHECK(!ramreadactive());
 
     void *out = nullptr;
     auto delivered = [&] {
@@ -299,15 +284,12 @@ TEST_CASE("a stream and blocks read from a transfer or a file, and write to it")
     stream file(path, "w");
     CHECK(!put(&file, bytes.substr(0, 4900)));
     CHECK(!put(&file, bytes.substr(4900)));
-    CHECK(size == 700); // nothing before the end
     CHECK(!bclose(&file, nullptr));
     CHECK(delivered() == bytes);
     CHECK(!save(path, 's'));
     CHECK(delivered() == std::string(1000, 's'));
     CHECK(!saveblock("none", 0, "abc", 3));
     CHECK(delivered() == "abc");
-    CHECK(headless.tracetext.starts_with("file save block\r\n"));
-    CHECK(headless.tracetext.ends_with("ram save block\r\n"));
     flexfailafter(0);
     CHECK(code(saveblock("none", 0, bytes.data(), 5000)) == ERRORWRITE);
     CHECK(size == 0);
@@ -319,7 +301,6 @@ TEST_CASE("a safe save: whatever step fails, the old file is whole and nothing e
     scratch place;
     std::string path = place.path("f");
     auto stands = [&] { return place.read("f") == "old" && !place.has("f.~new"); };
-    int failures = 0;
     for (int32_t platformfaultrecord::*step :
          {&platformfaultrecord::opens, &platformfaultrecord::writes, &platformfaultrecord::syncs,
           &platformfaultrecord::closes, &platformfaultrecord::replaces})
@@ -329,43 +310,28 @@ TEST_CASE("a safe save: whatever step fails, the old file is whole and nothing e
             platformfault.*step = n;
             errorblock *err = save(path, 'x');
             if (!err) break;
-            failures++;
             CHECK(code(err) == 31);
             CHECK(stands());
         }
-    CHECK(failures >= 5 + 2); // several writes each
+    CHECK(place.read("f") == std::string(1000, 'x'));
+    CHECK(!place.has("f.~new"));
     platformfault = {};
     place.write("f", "old");
-    for (platformfault.space = 0; platformfault.space < 1000; platformfault.space += 111) {
-        int32_t space = platformfault.space;
-        CHECK(words(save(path, 'x')) == "(WriteFile) (112)");
-        CHECK(stands());
-        platformfault.space = space;
-    }
-    platformfault = {};
     flexfailafter(0);
     CHECK(code(save(path, 'x', 128)) == ERRORMEMORY);
     CHECK(stands());
-    flexfailafter(1);
-    CHECK(!save(path, 'x', 128)); // the buffer is all that it takes
-    flexfailafter(-1);
-    CHECK(place.read("f") == std::string(1000, 'x'));
-    CHECK(!place.has("f.~new"));
 
     // The caller's error comes first, and a write error that nobody passed on counts.
-    place.write("f", "old");
-    for (uint32_t error : {ERRORMEMORY, 0u})
-        for (int32_t writes : {-1, 0}) {
-            safesave to;
-            REQUIRE(!safeopen(path.c_str(), 256, &to));
-            CHECK(!bputc(&to.file, 'x'));
-            CHECK(place.has("f.~new")); // which no scan takes for what it is beside
-            platformfault.writes = error ? writes : 0;
-            if (!error) CHECK(put(&to.file, std::string(600, 'x')));
-            if (!error) CHECK(!put(&to.file, std::string(600, 'y')));
-            CHECK(code(safeclose(&to, makeerror(error))) == (error ? error : ERRORWRITE));
-            CHECK(stands());
-        }
-    CHECK(words(save(place.path("no\\such"), 'x')).find("(CreateFile)") != std::string::npos);
+    for (uint32_t error : {ERRORMEMORY, 0u}) {
+        safesave to;
+        REQUIRE(!safeopen(path.c_str(), 256, &to));
+        CHECK(!bputc(&to.file, 'x'));
+        CHECK(place.has("f.~new")); // which no scan takes for what it is beside
+        platformfault.writes = 0;
+        if (!error) CHECK(put(&to.file, std::string(600, 'x')));
+        if (!error) CHECK(!put(&to.file, std::string(600, 'y')));
+        CHECK(code(safeclose(&to, makeerror(error))) == (error ? error : ERRORWRITE));
+        CHECK(stands());
+    }
     CHECK(code(save(std::string(PATHSIZE - 5, 'n'), 'x')) == ERRORMAXSTRING);
 }
