@@ -4,11 +4,9 @@
 #include "desktop/blocks.h"
 #include "desktop/icons.h"
 #include "desktop/windows.h"
-#include "tests/desktop/win32/eventwindow.h"
+#include "tests/desktop/win32/script.h"
 
 #include <doctest/doctest.h>
-
-#include <windows.h>
 
 namespace
 {
@@ -29,12 +27,12 @@ errorblock *ended();
 constexpr dialogrecord dialog = {
     .self = &self,
     .locked = &locked,
-    .number = EVENTCONTROLS,
-    .handlers = {{.control = EVENTBUTTON, .press = ended}, {.closed = ended}},
+    .number = CONTROLS,
+    .handlers = {{.control = BUTTON, .press = ended}, {.closed = ended}},
     .fill = [] { return step(FILL); },
     .shown = [] { return step(SHOWN); },
     .ending = [] { step("ending"); },
-    .focus = EVENTFIELD2,
+    .focus = FIELD2,
 };
 
 errorblock *ended()
@@ -51,7 +49,7 @@ bool enabled(window w)
 
 TEST_CASE("a dialog opens step by step, locks its owner, and ends whole from any step")
 {
-    eventwindow owner(EVENTPLAIN);
+    script owner(PLAIN);
     int32_t blocks = blockcount();
     for (const char *step : {FILL, SHOWN}) {
         failing = step;
@@ -72,13 +70,13 @@ TEST_CASE("a dialog opens step by step, locks its owner, and ends whole from any
         window w;
         int32_t icon;
         REQUIRE_FALSE(getcaretpair(&w, &icon));
-        CHECK(icon == EVENTFIELD2);
+        CHECK(icon == FIELD2);
         REQUIRE_FALSE(dialogopen(dialog, owner.w)); // it is there
         CHECK(taken() == "");
         if (box)
             SendMessageA(reinterpret_cast<HWND>(self), WM_CLOSE, 0, 0);
         else
-            driveiconclick(self, EVENTBUTTON);
+            driveiconclick(self, BUTTON);
         CHECK(taken() == "ending 1;");
         CHECK(self == 0);
         CHECK(enabled(owner.w));

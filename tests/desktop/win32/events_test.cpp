@@ -1,345 +1,119 @@
 // Events of windows, of wheels, of drops and of the system, from the message to
 // the handler.
-#include "desktop/events.h"
-
-#include "desktop/filters.h"
 #include "desktop/handlers.h"
 #include "desktop/timed.h"
 #include "desktop/windows.h"
-#include "tests/desktop/win32/eventwindow.h"
-#include "tests/desktop/win32/taskwindows.h"
-#include "tests/support/driver.h"
+#include "tests/desktop/win32/script.h"
 
 #include <doctest/doctest.h>
 
-#include <cstring>
-#include <string>
-#include <vector>
-
-namespace
+TEST_CASE("a window tells of what others do to it, and its close box asks the first handler")
 {
-
-int number(intptr_t word)
-{
-    return static_cast<int>(word);
+    script s(PLAIN, "open1 open2 close1 close2");
+    s.play({
+        {"", "", [&] { taskopen(s.w, 250, 160, 320, 210); }}, // by the program
+        // A window manager may tell its own share of it once more.
+        {"move 260 170; wait 50", "open1 3 0;open2 3 0;*"},
+        {"size 330 220; wait 50", "open1 5 0;open2 5 0;*"},
+        {"closebox; ?shown", "close1;1;"},
+        {"rem close1; rem close2; closebox; ?shown", "open1 24 0;open2 24 0;0;"},
+    });
 }
 
-errorblock *tellopen(window, intptr_t data, openrecord *open)
+TEST_CASE("focus and activation are told as they come and go")
 {
-    said("%d:%x at %d;", number(data), static_cast<unsigned>(open->message), open->state.yscroll);
-    return nullptr;
+    script s(PLAIN, "activate focus1 focus2");
+    s.play({
+        {"another; ?front", "activate 0;focus1 0;focus2 0;0;"},
+        {"front; ?front", "activate 1;focus1 1;focus2 1;1;"},
+    });
 }
 
-errorblock *tellwheel(window, intptr_t claims, int32_t delta, int32_t, int horizontal, int *claimed)
+// Between the bars are 283 by 183 pixels, which are 531 by 343 units; a line is a tenth
+// of that, a notch of the wheel three lines, in whole pixels.
+TEST_CASE("bars and wheel move the view, if no handler of the wheel does")
 {
-    said("wheel %d %d;", delta, horizontal);
-    *claimed = number(claims);
-    return nullptr;
+    script s(SCROLLS, "wheel1 wheel2");
+    REQUIRE_FALSE(setextent(s.w, 0, -4000, 6000, 0));
+    s.play({
+        {"add open; send vscroll 3; ?view", "open 277 -343;0 -343;"},
+        {"send hscroll 3; ?view", "open 276 -343;531 -343;"},
+        {"send vscroll 7; send vscroll 1", "open 277 -3656;"}, // is at the end already
+        {"send vscroll 6; send hscroll 6; rem open; ?view", "open 277 0;open 276 0;0 0;"},
+        {"at 100 100; wheel -120; hwheel 120; ?view", "wheel1 -120 0;wheel1 120 1;158 -101;"},
+        {"let 1; wheel -120; hwheel 120; ?view", "wheel1 -120 0;wheel1 120 1;158 -101;"},
+        // A lost focus drops what a wheel has kept.
+        {"rem wheel1; rem wheel2; wheel -30; another; endother; front", ""},
+        {"wheel -30; ?view; wheel -10; ?view", "158 -101;158 -135;"},
+    });
 }
 
-// A window with a work area of ten times its size, and where its view is.
-struct scrollwindow : eventwindow {
-    scrollwindow() : eventwindow(EVENTSCROLLS)
-    {
-        CHECK_FALSE(setextent(w, 0, -4000, 6000, 0));
-        drivepump();
-        pointat(w, 100, 100);
-        taken();
-    }
-    windowstaterecord state()
-    {
-        return taskstate(w);
-    }
-};
-
-} // namespace
-
-TEST_CASE("a window that others move, size or show tells of it, and openwindow doesn't")
+TEST_CASE("a wheel goes to the window inside that has a bar, and to each window once")
 {
-    eventwindow e(EVENTPLAIN);
-    addopenhandler(tellopen, e.w, 1);
-    addopenhandler(tellopen, e.w, 2);
-    HWND h = taskhandle(e.w);
-    taskopen(e.w, 250, 160, 320, 210);
-    CHECK(taken() == "");
-    SetWindowPos(h, nullptr, 260, 170, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    CHECK(taken() == "1:3 at 0;2:3 at 0;");
-    SetWindowPos(h, nullptr, 0, 0, 330, 220, SWP_NOMOVE | SWP_NOZORDER);
-    CHECK(taken() == "1:5 at 0;2:5 at 0;");
-    ShowWindow(h, SW_HIDE);
-    CHECK(taken() == "1:18 at 0;2:18 at 0;");
-}
-
-TEST_CASE("the bars move the view and tell where it is")
-{
-    scrollwindow s;
-    addopenhandler(tellopen, s.w, 0);
-    HWND h = taskhandle(s.w);
-    SendMessageA(h, WM_VSCROLL, SB_PAGEDOWN, 0);
-    int32_t page = -s.state().yscroll;
-    CHECK(page > 100);
-    CHECK(taken() == "0:115 at " + std::to_string(-page) + ";");
-    SendMessageA(h, WM_VSCROLL, SB_BOTTOM, 0);
-    taken();
-    SendMessageA(h, WM_VSCROLL, SB_LINEDOWN, 0); // is there already
-    CHECK(taken() == "");
-    SendMessageA(h, WM_HSCROLL, SB_PAGEDOWN, 0);
-    CHECK(s.state().xscroll > 100);
-}
-
-TEST_CASE("the wheel is the handler's first, and then the window's")
-{
-    scrollwindow s;
-    addwheelhandler(tellwheel, s.w, 0);
-    addwheelhandler(tellwheel, s.w, 1); // the second is never asked
-    drivewheel(-120);
-    drivewheel(120, true);
-    CHECK(taken() == "wheel -120 0;wheel 120 1;");
-    windowstaterecord before = s.state();
-    CHECK(before.yscroll < 0);
-    CHECK(before.xscroll > 0);
-    remwheelhandler(tellwheel, s.w, 0);
-    drivewheel(-120);
-    drivewheel(120, true);
-    CHECK(taken() == "wheel -120 0;wheel 120 1;");
-    CHECK(s.state().yscroll == before.yscroll);
-    CHECK(s.state().xscroll == before.xscroll);
-}
-
-TEST_CASE("a lost focus drops what a wheel has kept")
-{
-    scrollwindow s;
-    drivewheel(-30);
-    window other = eventopen(EVENTPLAIN, 700);
-    removewindow(&other);
-    SetForegroundWindow(taskhandle(s.w));
-    drivepump(50);
-    drivewheel(-30);
-    CHECK(s.state().yscroll == 0);
-    drivewheel(-10);
-    CHECK(s.state().yscroll < 0);
-}
-
-TEST_CASE("a wheel over a window without a bar goes to the one inside that has one")
-{
-    eventwindow e(EVENTPLAIN);
-    window pane = taskwindow(WS_CHILD | WS_VSCROLL, e.w);
-    driveplace corner = driveclient(e.w, 20, 20);
-    taskopen(pane, corner.x, corner.y, 150, 120, BEHINDTOP);
+    script s;
+    window pane = taskwindow(WS_CHILD | WS_VSCROLL, s.w);
+    taskopen(pane, 350, 240, 120, 100, BEHINDTOP);
     setextent(pane, 0, -4000, 0, 0);
-    drivepump();
-    pointat(e.w, 250, 180);
-    drivewheel(-120);
-    CHECK(taskstate(pane).yscroll == 0);
-    pointat(e.w, 70, 70);
-    drivewheel(-120);
-    CHECK(taskstate(pane).yscroll < 0);
-    removewindow(&pane);
-
-    // What a control doesn't want comes back to a window that was asked already.
-    window around = eventopen(EVENTCONTROLS, 300);
-    addwheelhandler(tellwheel, around, 0);
-    moveto(driveicon(around, EVENTDRAWN));
-    taken();
-    drivewheel(-120);
-    CHECK(taken() == "wheel -120 0;");
-    remwheelhandler(tellwheel, around, 0);
-    removewindow(&around);
-}
-
-TEST_CASE("the close box asks the first handler, and without one hides the window")
-{
-    closefunction close = [](window, intptr_t data) -> errorblock * {
-        said("close %d;", number(data));
-        return nullptr;
-    };
-    eventwindow e(EVENTPLAIN);
-    addclosehandler(close, e.w, 1);
-    addclosehandler(close, e.w, 2);
-    SendMessageA(taskhandle(e.w), WM_CLOSE, 0, 0);
-    CHECK(taken() == "close 1;");
-    CHECK(IsWindowVisible(taskhandle(e.w)));
-    remclosehandler(close, e.w, 2);
-    remclosehandler(close, e.w, 1);
-    SendMessageA(taskhandle(e.w), WM_CLOSE, 0, 0);
-    CHECK_FALSE(IsWindowVisible(taskhandle(e.w)));
-    CHECK(IsWindow(taskhandle(e.w)));
+    s.play({{"at 140 20; wheel -120", "", [&] { CHECK(taskstate(pane).yscroll == 0); }},
+            {"at 200 130; wheel -120", "", [&] { CHECK(taskstate(pane).yscroll < 0); }},
+            {"add wheel1; on 12; wheel -120", "wheel1 -120 0;"}});
 }
 
 TEST_CASE("keys of a keyboard's extra row go to the first handler, with all they say")
 {
-    appcommandfunction command = [](window, intptr_t claims, window source, int32_t what,
-                                    int32_t device, int32_t keys, int *claimed) -> errorblock * {
-        said("%d %d %d %d;", source != 0, what, device, keys);
-        *claimed = number(claims);
-        return nullptr;
-    };
-    eventwindow e(EVENTPLAIN);
-    LPARAM said1 = MAKELPARAM(MK_CONTROL, APPCOMMAND_BROWSER_HOME | FAPPCOMMAND_MOUSE);
-    auto send = [&] {
-        return SendMessageA(taskhandle(e.w), WM_APPCOMMAND,
-                            reinterpret_cast<WPARAM>(taskhandle(e.w)), said1);
-    };
-    addappcommandhandler(command, e.w, 1);
-    addappcommandhandler(command, e.w, 0);
-    CHECK(send() == 1);
-    CHECK(taken() == "1 7 32768 8;");
-    remappcommandhandler(command, e.w, 1);
-    CHECK(send() == 0);
-    CHECK(taken() == "1 7 32768 8;");
+    script s(PLAIN, "command1 command2");
+    s.play({{"let 1; send appcommand 1 0x80070008", "command1 1 7 32768 8;=1;"},
+            {"let 0; send appcommand 1 0x80070008", "command1 1 7 32768 8;"}});
 }
-
-namespace
-{
-
-errorblock *dropask(const char *name, int32_t filetype, mouserecord *mouse, intptr_t data,
-                    int *accept)
-{
-    const char *leaf = strrchr(name, '\\');
-    said("%d ask %s %x on %d, buttons %d;", number(data), leaf ? leaf + 1 : name,
-         static_cast<unsigned>(filetype), number(mouse->icon), number(mouse->buttons));
-    *accept = 1;
-    return nullptr;
-}
-
-errorblock *dropload(const char *, int32_t filetype, intptr_t data, intptr_t zero)
-{
-    said("%d load %x %d;", number(data), static_cast<unsigned>(filetype), number(zero));
-    return nullptr;
-}
-
-} // namespace
 
 TEST_CASE("each dropped file is asked about where it fell, and loaded")
 {
-    eventwindow e(EVENTCONTROLS);
-    adddrophandler(e.w, 1, dropask);
-    adddroploadhandler(e.w, 2, dropload);
-    auto drop = [&](const std::vector<std::string> &files, driveplace place) {
-        drivedrop(e.w, files, place);
-        return taken();
-    };
-    driveplace background = driveclient(e.w, 200, 120);
-    CHECK(drop({"C:\\one.txt", "C:\\two.txt"}, background) ==
-          "1 ask one.txt ffd on -1, buttons 0;2 load ffd 0;"
-          "1 ask two.txt ffd on -1, buttons 0;2 load ffd 0;");
-    CHECK(drop({"C:\\one.txt"}, driveicon(e.w, EVENTBUTTON)).find("on 11,") != std::string::npos);
-    CHECK(drop({"C:\\windows"}, background).find("ask windows 1") == 2); // a folder
+    script s(CONTROLS, "drop1 load2");
+    s.play({{"at 200 120; drop C:\\one.txt|C:\\two.txt",
+             "drop1\\one.txt 4093 -1 0;load2 4093 0;drop1\\two.txt 4093 -1 0;load2 4093 0;"},
+            {"on 11; drop C:\\one.txt", "drop1\\one.txt 4093 11 0;load2 4093 0;"},
+            {"drop C:\\windows", "drop1\\windows 8189 11 0;load2 8189 0;"}}); // a folder
 }
 
-namespace
+TEST_CASE("filters see a message and may stop it: in the poll those that are posted, before all")
 {
-
-errorblock *pass(const systemmessage *message, intptr_t data, int *, intptr_t *, int *)
-{
-    if (message->message == WM_APP) said("%d;", number(data));
-    return nullptr;
-}
-
-errorblock *stop(const systemmessage *message, intptr_t data, int *stopped, intptr_t *result,
-                 int *kind)
-{
-    if (message->message != WM_APP) return nullptr;
-    said("stop;");
-    *stopped = 1;
-    *result = data;
-    *kind = data != 0;
-    return nullptr;
-}
-
-} // namespace
-
-TEST_CASE("all filters see a message, and one of them stops it with a result")
-{
-    eventwindow e(EVENTPLAIN);
-    HWND h = taskhandle(e.w);
-    addfilter(pass, -1, -1, 2);
-    addfilter(pass, WM_APP, e.w, 1);
-    CHECK(SendMessageA(h, WM_APP, 0, 0) == 0);
-    CHECK(taken() == "1;2;");
-    addfilter(stop, WM_APP, e.w, 77);
-    CHECK(SendMessageA(h, WM_APP, 0, 0) == 77);
-    CHECK(taken() == "1;stop;2;");
-    remfilter(stop, WM_APP, e.w, 77);
-    remfilter(pass, WM_APP, e.w, 1);
-    remfilter(pass, -1, -1, 2);
-}
-
-TEST_CASE("what a filter of the poll stops reaches nothing else, and what is sent it never sees")
-{
-    eventwindow e(EVENTPLAIN);
-    HWND h = taskhandle(e.w);
-    addfilter(pass, WM_APP, e.w, 1);
-    addpollfilter(stop, WM_APP, e.w, 0);
-    PostMessageA(h, WM_APP, 0, 0);
-    drivepump();
-    CHECK(taken() == "stop;");
-    SendMessageA(h, WM_APP, 0, 0);
-    CHECK(taken() == "1;");
-    rempollfilter(stop, WM_APP, e.w, 0);
-    PostMessageA(h, WM_APP, 0, 0);
-    drivepump();
-    CHECK(taken() == "1;");
-    remfilter(pass, WM_APP, e.w, 1);
+    script s(PLAIN, "filter6 filter1");
+    s.play({{"send app", "filter1;filter6;"},
+            {"add filter2; let 2; send app", "filter1;filter2;filter6;=72;"},
+            {"let 3; add pollfilter3; post app", "filter3;"},
+            {"send app", "filter1;filter2;filter6;"},
+            {"rem pollfilter3; rem filter2; rem filter6; post app", "filter1;"}});
 }
 
 TEST_CASE("the mouse hook sees a press before its window does, and can keep it")
 {
-    static bool keep;
-    hookfunction hook = [](window, intptr_t data, window hooked, intptr_t, intptr_t message,
-                           int *claimed) -> errorblock * {
-        if (message == WM_LBUTTONDOWN) said("%d hook %d;", number(data), hooked != 0);
-        *claimed = keep && (message == WM_LBUTTONDOWN || message == WM_LBUTTONUP);
-        return nullptr;
-    };
-    eventwindow e(EVENTPLAIN);
-    addclickhandler(tellclick, e.w, 0);
-    REQUIRE_FALSE(addhookhandler(hook, e.w, 1));
-    REQUIRE_FALSE(addhookhandler(hook, e.w, 2));
-    driveplace at = driveclient(e.w, 100, 100);
-    keep = false;
-    driveclick(at.x, at.y);
-    CHECK(taken() == "1 hook 1;2 hook 1;4 on -1;");
-    keep = true;
-    driveclick(at.x + 30, at.y);
-    CHECK(taken() == "1 hook 1;2 hook 1;");
-    CHECK_FALSE(remhookhandler(hook, e.w, 2));
-    CHECK_FALSE(remhookhandler(hook, e.w, 1));
-    driveclick(at.x + 60, at.y);
-    CHECK(taken() == "4 on -1;");
+    script s(PLAIN, "click hook1 hook2");
+    s.play({{"at 100 100; click", "hook1 1;hook2 1;click 4 -1;"},
+            {"let 2; by 30 0; click", "hook1 1;hook2 1;"},
+            {"rem hook2; rem hook1; by 30 0; click", "click 4 -1;"}});
 }
 
 TEST_CASE("changes of the system are broadcast")
 {
-    broadcastfunction heard = [](intptr_t *record, int *) -> errorblock * {
+    broadcastfunction heard = [](intptr_t *record, truth *) -> errorblock * {
         said("%x;", static_cast<unsigned>(record[BROADCASTNUMBER]));
         return nullptr;
     };
-    eventwindow e(EVENTPLAIN);
-    addbroadcasthandler(heard, BROADCASTSCREEN);
-    addbroadcasthandler(heard, BROADCASTFONTS);
-    SendMessageA(taskhandle(e.w), WM_FONTCHANGE, 0, 0);
-    CHECK(taken() == "88000;");
-    SendMessageA(taskhandle(e.w), WM_DISPLAYCHANGE, 32, MAKELPARAM(1024, 768));
-    CHECK(taken() == "9;");
-    rembroadcasthandler(heard, BROADCASTFONTS);
-    rembroadcasthandler(heard, BROADCASTSCREEN);
+    script s(PLAIN);
+    for (intptr_t number : {BROADCASTSCREEN, BROADCASTFONTS})
+        addbroadcasthandler(heard, number);
+    s.play({{"send fontchange", "88000;"}, {"send displaychange 32 0x3000400", "9;"}});
+    for (intptr_t number : {BROADCASTSCREEN, BROADCASTFONTS})
+        rembroadcasthandler(heard, number);
 }
-
-namespace
-{
-
-errorblock *again(intptr_t data)
-{
-    said("timed %d;", number(data));
-    return data == 1 && timedcount() == 0 ? addtimedcall(again, 2, 1) : nullptr;
-}
-
-} // namespace
 
 TEST_CASE("timed calls come from a loop of the system's too, in the order of their times")
 {
-    eventwindow e(EVENTPLAIN);
+    static timedfunction again = [](intptr_t data) -> errorblock * {
+        said("%d;", static_cast<int>(data));
+        return data == 1 && timedcount() == 0 ? addtimedcall(again, 2, 1) : nullptr;
+    };
+    script s(PLAIN);
     REQUIRE_FALSE(addtimedcall(again, 1, 40));
     REQUIRE_FALSE(addtimedcall(again, 3, 3));
     REQUIRE_FALSE(addtimedcall(again, 3, 4)); // the same, later
@@ -348,5 +122,5 @@ TEST_CASE("timed calls come from a loop of the system's too, in the order of the
         drivewait([] { return timedcount() == 0; }, 1000);
     });
     drivepump(50);
-    CHECK(taken() == "timed 3;timed 1;timed 2;");
+    CHECK(taken() == "3;1;2;");
 }

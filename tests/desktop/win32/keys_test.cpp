@@ -1,189 +1,144 @@
-// Keys typed on a real keyboard, and how the focus moves with them.
+// Keys of a real keyboard: who hears of them, how the focus moves, what scrolls.
 #include "desktop/keys.h"
 
+#include "base/errors.h"
 #include "desktop/handlers.h"
+#include "desktop/hotkeys.h"
 #include "desktop/icons.h"
-#include "desktop/menus.h"
+#include "desktop/keynames.h"
 #include "desktop/windows.h"
-#include "tests/desktop/win32/eventwindow.h"
-#include "tests/desktop/win32/taskwindows.h"
-#include "tests/support/driver.h"
+#include "tests/desktop/win32/script.h"
 
 #include <doctest/doctest.h>
 
-namespace
+TEST_CASE("a letter is a press and then its character, once each, wherever keys lead")
 {
-
-struct keywindow : eventwindow {
-    explicit keywindow(int32_t number = EVENTPLAIN) : eventwindow(number)
-    {
-        CHECK_FALSE(addkeyhandler(tellkey, w, 0));
-        CHECK_FALSE(focuswindow(w));
-        drivepump();
-        taken();
-    }
-};
-
-errorblock *claim(window, intptr_t wanted, int32_t, int32_t *code)
-{
-    said("claim %x;", static_cast<unsigned>(*code));
-    if (*code == wanted) *code = KEYCLAIMED;
-    return nullptr;
-}
-
-int focusicon()
-{
-    window w;
-    int32_t icon;
-    CHECK_FALSE(getcaretpair(&w, &icon));
-    return icon;
-}
-
-} // namespace
-
-TEST_CASE("a letter is a press and then its character, once each")
-{
-    for (int32_t number : {EVENTPLAIN, EVENTCONTROLS})
-        for (uint32_t flags : {0U, WINDOWNONAVIGATION}) {
-            CAPTURE(number);
-            CAPTURE(flags);
-            keywindow k(number);
-            setflags(k.w, flags, 0);
-            drivetype("A");
-            CHECK(taken() == "5000010 in -1;5000041 in -1;41 in -1;");
-            drivekey(VK_F5, DRIVECTRL);
-            CHECK(taken() == "6000011 in -1;6000074 in -1;");
-            drivekey(VK_DOWN);
-            CHECK(taken() == "4000028 in -1;");
+    for (int32_t number : {PLAIN, CONTROLS})
+        for (const char *flags : {"flags 0", "flags 0x20"}) { // no navigation
+            script s(number, "key");
+            s.play({{flags, ""},
+                    {"type A", "key 5000010 -1;key 5000041 -1;key 41 -1;"},
+                    {"key C_F5", "key 6000011 -1;key 6000074 -1;"},
+                    {"key CDown", "key 4000028 -1;"}});
         }
-    keywindow plain;
-    drivekey('Q', DRIVEALT);
-    CHECK(taken().find("c000051 in -1;") != std::string::npos);
+    // Of handlers one that claims a key is the last to hear of it.
+    script s(PLAIN, "key1 key2 key3");
+    s.play({{"let 65; type a", "key1 4000041 -1;key2 4000041 -1;"},
+            {"type b", "key1 4000042 -1;key2 4000042 -1;key3 4000042 -1;"
+                       "key1 62 -1;key2 62 -1;key3 62 -1;"},
+            {"rem key1; rem key2; key A_Q", "key3 c000012 -1;key3 c000051 -1;*"}});
 }
 
-TEST_CASE("a handler that claims a key is the last to hear of it")
+TEST_CASE("Tab moves between the controls, unless it is claimed or the window has no navigation")
 {
-    keywindow k;
-    CHECK_FALSE(remkeyhandler(tellkey, k.w, 0));
-    addkeyhandler(tellkey, k.w, 1);
-    addkeyhandler(claim, k.w, KEYPRESS | 'A');
-    addkeyhandler(tellkey, k.w, 0);
-    drivetype("a"); // its character is not made
-    CHECK(taken() == "1:4000041 in -1;claim 4000041;");
-    drivetype("b");
-    CHECK(taken() == "1:4000042 in -1;claim 4000042;4000042 in -1;1:62 in -1;claim 62;62 in -1;");
-}
-
-TEST_CASE("Tab moves between the controls, unless it is claimed")
-{
-    keywindow k(EVENTCONTROLS);
-    for (int icon : {EVENTFIELD, EVENTBUTTON, EVENTFIELD2, EVENTFIELD}) {
-        drivekey(VK_TAB);
-        CHECK(focusicon() == icon);
-    }
-    drivekey(VK_TAB, DRIVESHIFT);
-    CHECK(focusicon() == EVENTFIELD2);
-    focuswindow(k.w);
-    addkeyhandler(claim, k.w, KEYPRESS | VK_TAB);
-    drivekey(VK_TAB);
-    CHECK(focusicon() == -1);
-    remkeyhandler(claim, k.w, KEYPRESS | VK_TAB);
-    setflags(k.w, WINDOWNONAVIGATION, 0);
-    taken();
-    drivekey(VK_TAB);
-    CHECK(taken() == "4000009 in -1;9 in -1;");
-    CHECK(focusicon() == -1);
+    script s(CONTROLS, "");
+    s.play({{"key Tab; ?caret", "10 0 0;"},
+            {"key Tab; key Tab; ?caret", "14 0 0;"},
+            {"key Tab; ?caret; key S_Tab; ?caret", "10 0 0;14 0 0;"},
+            {"focus -1; add key2; let 9; key Tab; ?caret", "key2 4000009 -1;-1 -1 -1;"},
+            {"let 0; flags 0x20; key Tab; ?caret", "key2 4000009 -1;key2 9 -1;-1 -1 -1;"}});
 }
 
 TEST_CASE("a window with a menu bar gets Tab itself")
 {
-    keywindow k;
+    script s(PLAIN, "key");
     HMENU bar = CreateMenu();
     AppendMenuA(bar, MF_STRING, 1, "Entry");
-    SetMenu(taskhandle(k.w), bar);
-    drivekey(VK_TAB);
-    CHECK(taken() == "4000009 in -1;9 in -1;");
-    SetMenu(taskhandle(k.w), nullptr);
+    SetMenu(handleof(s.w), bar);
+    s.play({{"key Tab", "key 4000009 -1;key 9 -1;"}});
+    SetMenu(handleof(s.w), nullptr);
     DestroyMenu(bar);
 }
 
-TEST_CASE("Return and Escape in a field come as keys, with the field")
+TEST_CASE("a field has its keys for itself, tells of its changes, and offers keys when asked to")
 {
-    keywindow k(EVENTCONTROLS);
-    setcaret(k.w, EVENTFIELD, 0, 0, 0, 0);
-    drivetype("xy");
-    CHECK(drivetext(k.w, EVENTFIELD) == "xy");
-    CHECK(taken() == ""); // the field's own
-    drivekey(VK_RETURN);
-    CHECK(taken() == "d in 10;");
-    drivekey(VK_ESCAPE);
-    CHECK(taken() == "1b in 10;");
+    script s(CONTROLS, "key text1 text2 caret");
+    s.play({
+        {"focus 10", "caret 10 1;"},
+        {"type q", "text1 10;text2 10;"},
+        {"key Return; key Escape; ?text 10", "key d 10;key 1b 10;q;"},
+        {"key Tab", "caret 10 0;"},
+        {"key Tab", "caret 14 1;"},
+        {"text 10 set", "text1 10;text2 10;"},
+        // A change of windows leaves the focus where it was.
+        {"rem text1; rem text2; rem caret; another; front; ?caret", "14 0 0;"},
+        {"focus -1; frontother; front; ?caret", "-1 -1 -1;"},
+        {"focus 10; end 10; add key2; let 50; add subkeys", ""}, // 50 is the 2
+        {"type 2c", "key 4000032 10;key2 4000032 10;key 32 10;key2 32 10;"
+                    "key 4000043 10;key2 4000043 10;key 63 10;key2 63 10;"},
+        {"rem subkeys; type 3; ?text 10", "setc3;"},
+    });
 }
 
-TEST_CASE("fields tell of the caret and of every change, once")
+TEST_CASE("handlers of a control are asked in their order, until one stops the message")
 {
-    textchangefunction changed = [](window, int32_t icon, intptr_t data) -> errorblock * {
-        said("%d change %d;", static_cast<int>(data), static_cast<int>(icon));
-        return nullptr;
-    };
-    textfocusfunction caret = [](window, int32_t icon, int gained, intptr_t) -> errorblock * {
-        said("%s %d;", gained ? "got" : "lost", static_cast<int>(icon));
-        return nullptr;
-    };
-    keywindow k(EVENTCONTROLS);
-    addtextchangehandler(changed, k.w, 1);
-    addtextchangehandler(changed, k.w, 2);
-    addtextfocushandler(caret, k.w, 0);
-    setcaret(k.w, EVENTFIELD, 0, 0, 0, 0);
-    CHECK(taken() == "got 10;");
-    drivetype("q");
-    CHECK(taken() == "1 change 10;2 change 10;");
-    drivekey(VK_TAB);
-    CHECK(taken() == "lost 10;");
-    drivekey(VK_TAB);
-    CHECK(taken() == "got 14;");
-    seticontext(k.w, EVENTFIELD, "set");
-    CHECK(taken() == "1 change 10;2 change 10;");
+    script s;
+    HWND field = taskcontrol(s.w, FIELD);
+    LONG_PTR own = GetWindowLongPtrA(field, GWLP_WNDPROC);
+    auto ask = [&] { said("=%d;", static_cast<int>(SendMessageA(field, WM_APP, 0, 0))); };
+    auto changed = [&] { said("%d;", GetWindowLongPtrA(field, GWLP_WNDPROC) != own); };
+    auto second = [&] { SendMessageA(taskcontrol(s.w, FIELD2), WM_APP, 0, 0); };
+    s.play({{"add sub1; add sub2; add sub3", "sub1;sub2;sub3;=0;", ask},
+            {"let 2", "sub1;sub2;=102;", ask},
+            {"text 10 as ever; ?text 10", "as ever;", second},
+            {"rem sub1; rem sub3", "1;", changed},
+            {"rem sub2", "0;", changed},   // the last gives the control back
+            {"add sub9", "sub9;=0;", ask}, // which takes itself away
+            {"", "0;", changed}});
 }
 
-TEST_CASE("the window itself can have the focus, and keeps it over a change of windows")
+TEST_CASE("a hot key reaches its window's handlers, whoever has the focus; and one takes it")
 {
-    keywindow k(EVENTCONTROLS);
-    CHECK(GetFocus() == taskhandle(k.w));
-    window other = eventopen(EVENTPLAIN, 600);
-    CHECK(GetFocus() == taskhandle(other));
-    SetForegroundWindow(taskhandle(k.w));
-    drivepump(50);
-    CHECK(GetFocus() == taskhandle(k.w));
-
-    // And so does a field.
-    setcaret(k.w, EVENTFIELD2, 0, 0, 0, 0);
-    SetForegroundWindow(taskhandle(other));
-    drivepump(50);
-    SetForegroundWindow(taskhandle(k.w));
-    drivepump(50);
-    CHECK(focusicon() == EVENTFIELD2);
-    removewindow(&other);
+    hotkeyfunction pressed = [](window, int32_t id, int32_t key) -> errorblock * {
+        said("%d %s;", id, keyname(key));
+        return nullptr;
+    };
+    hotkeyfunction also = [](window, int32_t, int32_t) -> errorblock * {
+        said("also;");
+        return nullptr;
+    };
+    script s(PLAIN);
+    window second = taskwindow(WS_POPUP);
+    int32_t key = keynumber("C_F9"), other = keynumber("CS_F9");
+    REQUIRE_FALSE(addhotkeyhandler(pressed, s.w, 5, key));
+    REQUIRE_FALSE(addhotkeyhandler(pressed, s.w, 6, other));
+    REQUIRE_FALSE(addhotkeyhandler(also, s.w, 5, key));
+    CHECK_FALSE(addhotkeyhandler(pressed, s.w, 5, key)); // is there already
+    CHECK(addhotkeyhandler(pressed, s.w, 7, -1));
+    const errorblock *err = addhotkeyhandler(pressed, second, 5, key);
+    REQUIRE(err);
+    CHECK(std::string(err->text).find("(RegisterHotKey)") != std::string::npos);
+    s.play({{"another; key C_F9", "5 Ctrl+F9;also;"},
+            {"key CS_F9", "6 Ctrl+Shift+F9;", [&] { remhotkeyhandler(pressed, s.w, 5, key); }},
+            {"key C_F9", "also;", [&] { remhotkeyhandler(also, s.w, 5, key); }},
+            {"key C_F9", "", [&] { remhotkeyhandler(pressed, s.w, 6, other); }}});
+    CHECK_FALSE(addhotkeyhandler(pressed, second, 5, key)); // it is free again
+    remhotkeyhandler(pressed, second, 5, key);
 }
 
-TEST_CASE("focus and activation are told as they come and go")
+TEST_CASE("keys that scroll are claimed, by lines upright and by pages sideways")
 {
-    focusfunction focus = [](window, intptr_t data, int gained) -> errorblock * {
-        said("%dfocus %d;", static_cast<int>(data), gained);
-        return nullptr;
-    };
-    activatefunction active = [](window, intptr_t, intptr_t, int32_t how) -> errorblock * {
-        said("active %d;", how != 0);
-        return nullptr;
-    };
-    eventwindow e(EVENTPLAIN);
-    addfocushandler(focus, e.w, 1);
-    addfocushandler(focus, e.w, 2);
-    addactivatehandler(active, e.w, 0);
-    window other = eventopen(EVENTPLAIN, 600);
-    CHECK(taken() == "active 0;1focus 0;2focus 0;");
-    SetForegroundWindow(taskhandle(e.w));
-    drivepump(50);
-    CHECK(taken() == "active 1;1focus 1;2focus 1;");
-    removewindow(&other);
+    script s(SCROLLS);
+    REQUIRE_FALSE(setextent(s.w, 0, -4000, 6000, 0));
+    const struct {
+        int32_t key;
+        const char *view;
+    } rows[] = {{KEYRIGHT, "531 0;"},     {KEYLEFT, "0 0;"},    {KEYDOWN, "0 -34;"},
+                {KEYUP, "0 0;"},          {KEYEND, "0 -3656;"}, {KEYHOME, "0 0;"},
+                {KEYPAGEDOWN, "0 -343;"}, {KEYPAGEUP, "0 0;"}};
+    for (const auto &r : rows) {
+        int32_t code = KEYPRESS | r.key;
+        CHECK_FALSE(scrollkey(s.w, &code));
+        CHECK(code == KEYCLAIMED);
+        CHECK(s.act("?view") == r.view);
+    }
+    for (int32_t other : {KEYPRESS | KEYCTRL | KEYUP, KEYDOWN, KEYPRESS | KEYINSERT}) {
+        int32_t code = other;
+        CHECK_FALSE(scrollkey(s.w, &code));
+        CHECK(code == other);
+    }
+    CHECK(charkeycode('a') == (KEYPRESS | 'A'));
+    CHECK(charkeycode('A') == (KEYPRESS | KEYSHIFT | 'A'));
+    CHECK(charkeycode(0x2260) == -1);
+    CHECK(charkeycode(-1) == -1);
 }

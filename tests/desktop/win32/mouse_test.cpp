@@ -1,145 +1,54 @@
-// Presses, double clicks and drags with a real pointer.
+// The pointer: presses, double clicks, drags, its record and its looks.
 #include "desktop/mouse.h"
 
+#include "base/errors.h"
 #include "desktop/filters.h"
-#include "desktop/handlers.h"
-#include "desktop/icons.h"
 #include "desktop/windows.h"
 #include "graphics/modeinfo.h"
-#include "tests/desktop/win32/eventwindow.h"
-#include "tests/desktop/win32/taskwindows.h"
-#include "tests/support/driver.h"
+#include "tests/desktop/win32/script.h"
 
 #include <doctest/doctest.h>
 
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
-#include <vector>
 
-namespace
+// Left presses are 4, their drags 64, double clicks 1024; of the right button 1, 16
+// and 256.
+TEST_CASE("presses, double clicks and drags, on the background and on controls")
 {
-
-// A window that tells of its clicks and movements.
-struct mousewindow : eventwindow {
-    explicit mousewindow(int32_t number = EVENTCONTROLS) : eventwindow(number)
-    {
-        CHECK_FALSE(addclickhandler(tellclick, w, 0));
-    }
-    // A place of the background, some way right of the controls.
-    driveplace place(int right = 0, int down = 0)
-    {
-        return driveclient(w, 200 + right, 100 + down);
-    }
-};
-
-} // namespace
-
-TEST_CASE("a press is told at once, and its release not at all")
-{
-    mousewindow m;
-    moveto(m.place());
-    drivepress();
-    CHECK(taken() == "4 on -1;");
-    CHECK(mousestate() == MOUSEPRESSED);
-    driverelease();
-    CHECK(taken() == "");
-    CHECK(mousestate() == MOUSEIDLE);
-    drivepress(DRIVERIGHT);
-    CHECK(taken() == "1 on -1;");
-    driverelease(DRIVERIGHT);
-    CHECK(taken() == "");
+    script s(CONTROLS, "click");
+    s.play({
+        {"at 200 100; press; ?mouse", "click 4 -1;1;"},
+        {"release; ?mouse", "0;"},
+        {"Press; Release", "click 1 -1;"},
+        {"at 200 140; double; by 5 5", "click 4 -1;click 1024 -1;"},
+        {"at 200 60; Double; by 5 5", "click 1 -1;click 256 -1;"},
+        {"at 240 60; press; by 1 0; by 8 9; release", "click 4 -1;click 64 -1;"},
+        {"at 240 90; Press; by 1 0; by 8 9; Release", "click 1 -1;click 16 -1;"},
+        {"on 11; click", "click 4 11;"},
+        {"on 12; click", "click 4 12;"},
+        {"on 13; click", "click 4 13;"}, // disabled: falls through to the window
+        {"on 10; click", ""},
+        {"on 12; by 8 0; press; by 1 0; by 5 0; release", "click 4 12;click 64 12;"},
+        // A press ends another, and the loss of the capture ends it quietly.
+        {"at 240 20; press; Press; by 1 0", "click 4 -1;click 1 -1;click 16 -1;"},
+        {"Release; release; by 20 0; press", "click 4 -1;"},
+        {"capture 11; ?mouse; uncapture; by 4 0; release", "0;"},
+        // One handler hears of clicks, and all of movements.
+        {"add click7; add mouse1; add mouse2; at 200 170", "mouse1 -1;mouse2 -1;"},
+        {"press", "click 4 -1;*"},
+        {"release", "*"},
+    });
 }
 
-TEST_CASE("the least movement of a held button is a drag, from where it was pressed")
+TEST_CASE("the shape of the pointer is asked for over the client area")
 {
-    static std::vector<mouserecord> seen;
-    clickfunction note = [](window, intptr_t, mouserecord *mouse) -> errorblock * {
-        seen.push_back(*mouse);
-        return nullptr;
-    };
-    eventwindow e(EVENTCONTROLS);
-    REQUIRE_FALSE(addclickhandler(note, e.w, 0));
-    driveplace from = driveclient(e.w, 200, 100);
-    for (drivebutton button : {DRIVELEFT, DRIVERIGHT}) {
-        seen.clear();
-        drivedrag({from, {from.x + 1, from.y}, {from.x + 9, from.y + 9}}, button);
-        REQUIRE(seen.size() == 2);
-        bool left = button == DRIVELEFT;
-        CHECK(seen[0].buttons == (left ? BUTTONLEFT : BUTTONRIGHT));
-        CHECK(seen[1].buttons == (left ? BUTTONLEFTDRAG : BUTTONRIGHTDRAG));
-        for (const mouserecord &record : seen) {
-            CHECK(record.x == devtoosx(from.x));
-            CHECK(record.y == screentoosy(from.y));
-            CHECK(record.window == e.w);
-            CHECK(record.icon == -1);
-        }
-    }
-}
-
-TEST_CASE("a double click is a press and a double press, and drags nothing")
-{
-    mousewindow m;
-    for (drivebutton button : {DRIVELEFT, DRIVERIGHT}) {
-        driveplace at = m.place(0, button == DRIVELEFT ? 0 : 40);
-        drivedouble(at.x, at.y, button);
-        CHECK(taken() == (button == DRIVELEFT ? "4 on -1;1024 on -1;" : "1 on -1;256 on -1;"));
-        moveto({at.x + 5, at.y + 5});
-        CHECK(taken() == "");
-    }
-}
-
-TEST_CASE("only the first handler of clicks hears of one, and all of movements")
-{
-    mousewindow m;
-    addclickhandler(tellclick, m.w, 7);
-    addmousehandler(tellmouse, m.w, 1);
-    addmousehandler(tellmouse, m.w, 2);
-    moveto(m.place());
-    taken();
-    moveto(m.place(3, 0));
-    CHECK(taken() == "1move on -1;2move on -1;");
-    drivepress();
-    CHECK(taken() == "4 on -1;");
-    driverelease();
-    taken();
-}
-
-TEST_CASE("controls tell of their clicks by their number")
-{
-    mousewindow m;
-    auto click = [&](int icon) {
-        driveiconclick(m.w, icon);
-        return taken();
-    };
-    CHECK(click(EVENTBUTTON) == "4 on 11;");
-    CHECK(click(EVENTDRAWN) == "4 on 12;");
-    CHECK(click(EVENTDISABLED) == "4 on 13;"); // falls through to the window
-    CHECK(click(EVENTFIELD) == "");
-    driveplace from = driveicon(m.w, EVENTDRAWN);
-    drivedrag({from, {from.x + 1, from.y}, {from.x + 5, from.y}});
-    CHECK(taken() == "4 on 12;64 on 12;");
-}
-
-TEST_CASE("a press ends another, and capture that is lost ends it quietly")
-{
-    mousewindow m;
-    moveto(m.place());
-    drivepress();
-    drivepress(DRIVERIGHT);
-    CHECK(taken() == "4 on -1;1 on -1;");
-    moveto(m.place(1, 0));
-    CHECK(taken() == "16 on -1;"); // of the press that counts
-    driverelease(DRIVERIGHT);
-    driverelease();
-    drivepress();
-    taken();
-    SetCapture(GetDlgItem(taskhandle(m.w), EVENTBUTTON));
-    CHECK(mousestate() == MOUSEIDLE);
-    ReleaseCapture();
-    moveto(m.place(4, 0));
-    driverelease();
-    CHECK(taken() == "");
+    script s(CONTROLS, "pointer1 pointer2");
+    s.play({{"let 2; at 200 100", "pointer1 -1;pointer2 -1;*"},
+            {"?cursor", "cross;"},
+            {"let 0; by 10 0", "pointer1 -1;pointer2 -1;*"},
+            {"?cursor", "arrow;"}});
 }
 
 namespace
@@ -148,11 +57,9 @@ namespace
 int32_t dragkind;
 osbox dragarea; // the limits of the pointer
 
-errorblock *dragged(window self, intptr_t data, const dragresult *box)
+errorblock *dragend(window, intptr_t data, const dragresult *box)
 {
-    CHECK(mousestate() == MOUSEIDLE);
-    said("%dend of %d: %d %d %d %d;", static_cast<int>(data), self != 0, box->x0, box->y0, box->x1,
-         box->y1);
+    said("%dend %d %d %d %d;", static_cast<int>(data), box->x0, box->y0, box->x1, box->y1);
     return nullptr;
 }
 
@@ -162,56 +69,39 @@ errorblock *dragmoves(window, intptr_t, mouserecord *mouse)
     return nullptr;
 }
 
-errorblock *dragstarts(window self, intptr_t, mouserecord *mouse)
+errorblock *dragstart(mouserecord *mouse)
 {
     said("%d;", static_cast<int>(mouse->buttons));
     if (mouse->buttons != BUTTONLEFTDRAG) return nullptr;
-    int32_t x = static_cast<int32_t>(mouse->x), y = static_cast<int32_t>(mouse->y);
-    int32_t thick = dragkind == DRAGRUBBER ? 40 : 0;
-    dragbox record = {self, dragkind,    x,           y - thick,   x + thick,
-                      y,    dragarea.x0, dragarea.y0, dragarea.x1, dragarea.y1};
-    if (dragkind == DRAGBAR) record.y0 = y - 100;
-    setdragfunctions2(self, 5, dragged, dragmoves);
-    return startdrag(&record);
+    auto x = static_cast<int32_t>(mouse->x), y = static_cast<int32_t>(mouse->y);
+    int32_t wide = dragkind == DRAGRUBBER ? 40 : 0, high = dragkind == DRAGBAR ? 100 : wide;
+    dragbox box = {mouse->window, dragkind,    x,           y - high,   x + wide, y,
+                   dragarea.x0,   dragarea.y0, dragarea.x1, dragarea.y1};
+    setdragfunctions2(mouse->window, 5, dragend, dragmoves);
+    return startdrag(&box);
 }
 
-struct dragwindow : eventwindow {
-    driveplace from;
-
-    explicit dragwindow(int32_t kind) : eventwindow(EVENTPLAIN)
+// From pixels 300, 250 of the screen, where it is pressed.
+struct dragscript : script {
+    explicit dragscript(int32_t kind) : script(PLAIN, "calls")
     {
         dragkind = kind;
         dragarea = {-10000, -10000, 10000, 10000};
-        CHECK_FALSE(addclickhandler(dragstarts, w, 0));
-        from = driveclient(w, 100, 100);
-        moveto(from);
+        onclick = dragstart;
+        act("at 100 100");
     }
-
-    // Up to where the drag runs.
-    void start()
+    std::string at(int right, int down)
     {
-        drivepress();
-        drivemove(from.x + 1, from.y);
-        CHECK(taken() == "4;64;");
-        CHECK(mousestate() == MOUSEDRAG);
+        return "at " + std::to_string(devtoosx(300 + right)) + " " +
+               std::to_string(screentoosy(250 + down)) + ";";
     }
     // The box that the end tells of.
     osbox end()
     {
-        driverelease();
-        std::string told = taken();
-        osbox box = {};
-        int read =
-            sscanf(told.c_str(), "5end of 1: %d %d %d %d;", &box.x0, &box.y0, &box.x1, &box.y1);
-        CHECK(read == 4);
-        CHECK(mousestate() == MOUSEIDLE);
-        CHECK(GetCapture() == nullptr);
-        return box;
-    }
-    std::string at(int right, int down)
-    {
-        return "at " + std::to_string(devtoosx(from.x + right)) + " " +
-               std::to_string(screentoosy(from.y + down)) + ";";
+        std::string told = act("release; ?mouse");
+        osbox b = {};
+        CHECK(sscanf(told.c_str(), "5end %d %d %d %d;0;", &b.x0, &b.y0, &b.x1, &b.y1) == 4);
+        return b;
     }
 };
 
@@ -221,17 +111,14 @@ TEST_CASE("a drag tells of its moves, and ends with the box at the pointer's pla
 {
     for (int32_t kind : {DRAGRUBBER, DRAGPOINT, DRAGBAR}) {
         CAPTURE(kind);
-        dragwindow d(kind);
-        addmousehandler(tellmouse, d.w, 0);
-        d.start();
-        drivemove(d.from.x + 400, d.from.y + 30); // outside the window
-        CHECK(taken() == d.at(400, 30));
-        drivemove(d.from.x + 30, d.from.y + 20);
-        CHECK(taken() == d.at(30, 20)); // and no movement besides
+        dragscript d(kind);
+        d.play({{"add mouse1; press; by 1 0; ?mouse", "4;64;2;"},
+                {"by 399 30", d.at(400, 30)}, // outside the window
+                {"by -370 -10", d.at(30, 20)}});
         osbox box = d.end();
         // It began a pixel to the right of the press.
-        CHECK(abs(box.x0 - devtoosx(d.from.x + 29)) <= 2);
-        CHECK(abs(box.y1 - screentoosy(d.from.y + (kind == DRAGBAR ? 0 : 20))) <= 2);
+        CHECK(abs(box.x0 - devtoosx(329)) <= 2);
+        CHECK(abs(box.y1 - screentoosy(kind == DRAGBAR ? 250 : 270)) <= 2);
         CHECK(box.x1 - box.x0 == (kind == DRAGRUBBER ? 40 : 0));
         CHECK(box.y1 - box.y0 == (kind == DRAGRUBBER ? 40 : kind == DRAGBAR ? 100 : 0));
     }
@@ -239,43 +126,24 @@ TEST_CASE("a drag tells of its moves, and ends with the box at the pointer's pla
 
 TEST_CASE("the limits of a dragged point hold it, wherever the pointer goes")
 {
-    dragwindow d(DRAGPOINT);
-    dragarea = {devtoosx(d.from.x - 10), screentoosy(d.from.y + 10), devtoosx(d.from.x + 10),
-                screentoosy(d.from.y - 10)};
-    d.start();
-    drivemove(d.from.x + 60, d.from.y - 60);
-    CHECK(taken() == d.at(10, -10));
-    drivemove(d.from.x - 5, d.from.y + 60);
-    CHECK(taken() == d.at(-5, 10));
-    drivemove(d.from.x + 60, d.from.y - 60);
-    taken();
+    dragscript d(DRAGPOINT);
+    dragarea = {devtoosx(290), screentoosy(260), devtoosx(310), screentoosy(240)};
+    d.play({{"press; by 1 0", "4;64;"},
+            {"by 59 -60", d.at(10, -10)},
+            {"by -65 120", d.at(-5, 10)},
+            {"by 65 -120", d.at(10, -10)}});
     osbox box = d.end();
     CHECK(abs(box.x0 - dragarea.x1) <= 4);
     CHECK(abs(box.y0 - dragarea.y1) <= 4);
 }
 
-TEST_CASE("the other button, or capture that is lost, ends a drag like its release")
+TEST_CASE("the other button, lost capture or the window's close end a drag like its release")
 {
-    dragwindow d(DRAGRUBBER);
-    d.start();
-    SUBCASE("another press")
-    {
-        drivepress(DRIVERIGHT);
-        driverelease(DRIVERIGHT);
+    for (const char *ends : {"Press; Release", "capture 0; uncapture", "close"}) {
+        CAPTURE(ends);
+        dragscript d(DRAGRUBBER);
+        d.play({{"press; by 1 0", "4;64;"}, {ends, "5end*"}, {"?mouse; by 8 0; release", "0;"}});
     }
-    SUBCASE("capture")
-    {
-        SetCapture(taskhandle(d.w)), ReleaseCapture();
-    }
-    SUBCASE("the window is closed")
-    {
-        CHECK_FALSE(closewindow(d.w));
-    }
-    CHECK(taken().find("5end") == 0);
-    CHECK(mousestate() == MOUSEIDLE);
-    drivemove(d.from.x + 9, d.from.y);
-    driverelease();
-    CHECK(taken() == "");
 }
 
 // How far the system says that it is moving the window: some window managers take
@@ -283,46 +151,116 @@ TEST_CASE("the other button, or capture that is lost, ends a drag like its relea
 TEST_CASE("a drag of the window itself is the system's")
 {
     static std::atomic<int> moved;
-    filterfunction moving = [](const systemmessage *message, intptr_t left, int *, intptr_t *,
+    filterfunction moving = [](const systemmessage *message, intptr_t, truth *, intptr_t *,
                                int *) -> errorblock * {
-        moved = static_cast<int>(reinterpret_cast<const RECT *>(message->lparam)->left - left);
+        moved = static_cast<int>(reinterpret_cast<const RECT *>(message->lparam)->left - 200);
         return nullptr;
     };
-    dragwindow d(DRAGWINDOW);
-    RECT before;
-    GetWindowRect(taskhandle(d.w), &before);
+    dragscript d(DRAGWINDOW);
     moved = 0;
-    REQUIRE_FALSE(addfilter(moving, WM_MOVING, d.w, before.left));
+    REQUIRE_FALSE(addfilter(moving, WM_MOVING, d.w, 0));
     driveaside([] {},
                [&] {
                    drivepress();
                    for (int step = 1; step < 200 && !moved; step += 3)
-                       drivemove(d.from.x + step, d.from.y + step / 2);
+                       drivemove(300 + step, 250 + step / 2);
                    driverelease();
                    drivekey(VK_RETURN); // ends a loop that has missed the release
                });
     CHECK(moved > 0);
     CHECK(taken() == "4;64;");
-    remfilter(moving, WM_MOVING, d.w, before.left);
+    remfilter(moving, WM_MOVING, d.w, 0);
 }
 
-TEST_CASE("the shape of the pointer is asked for over the client area")
+namespace
 {
-    static int wanted;
-    pointerfunction handler = [](window, intptr_t data, mouserecord *mouse,
-                                 int *handled) -> errorblock * {
-        said("%d over %d;", static_cast<int>(data), static_cast<int>(mouse->icon));
-        *handled = wanted == data;
-        return wanted == data ? setpointer(POINTERCROSS, 0, nullptr) : nullptr;
+
+mouserecord pointernow()
+{
+    mouserecord mouse;
+    REQUIRE_FALSE(getpointer(&mouse));
+    return mouse;
+}
+
+HWND childmade(HWND parent, int icon, int left, int top, int width, int height)
+{
+    return CreateWindowA("STATIC", "", WS_CHILD | WS_VISIBLE | SS_NOTIFY, left, top, width, height,
+                         parent, reinterpret_cast<HMENU>(INT_PTR{icon}), nullptr, nullptr);
+}
+
+} // namespace
+
+TEST_CASE("shapes of the pointer by kind, and a name that isn't there leaves it as it is")
+{
+    auto program = reinterpret_cast<intptr_t>(GetModuleHandleA(nullptr));
+    auto system = reinterpret_cast<intptr_t>(GetModuleHandleA("kernel32"));
+    const struct {
+        int32_t kind;
+        intptr_t module;
+        const char *name, *shown;
+    } rows[] = {
+        {POINTERARROW, 0, nullptr, "arrow;"},      {POINTERBUSY, 0, nullptr, "busy;"},
+        {POINTERCROSS, 0, nullptr, "cross;"},      {POINTERHELP, 0, nullptr, "help;"},
+        {POINTERTEXT, 0, nullptr, "text;"},        {POINTERICON, 0, nullptr, "icon;"},
+        {POINTERNOENTRY, 0, nullptr, "no;"},       {POINTERPROGRAM, 0, "hand", "hand;"},
+        {POINTERMODULE, 0, "splith", "splith;"},   {POINTERNONE, 0, nullptr, "none;"},
+        {POINTERMODULE, program, "hand", "hand;"}, {POINTERSAME, 0, nullptr, "all;"},
+        {POINTERPROGRAM, 0, "none", "all;"},       {POINTERMODULE, 0, "none", "all;"},
+        {POINTERMODULE, system, "hand", "all;"},
     };
-    eventwindow e(EVENTCONTROLS);
-    addpointerhandler(handler, e.w, 1);
-    addpointerhandler(handler, e.w, 2);
-    wanted = 2;
-    moveto(driveclient(e.w, 200, 100));
-    CHECK(taken().find("1 over -1;2 over -1;") == 0);
-    CHECK(GetCursor() == LoadCursorA(nullptr, IDC_CROSS));
-    wanted = 0;
-    moveto(driveclient(e.w, 210, 100));
-    CHECK(GetCursor() == LoadCursorA(nullptr, IDC_ARROW));
+    script s(PLAIN);
+    for (const auto &r : rows) {
+        CAPTURE(r.kind);
+        SetCursor(LoadCursorA(nullptr, IDC_SIZEALL));
+        const errorblock *err = setpointer(r.kind, r.module, r.name);
+        CHECK((err != nullptr) == (r.name && std::string(r.shown) == "all;"));
+        if (err) CHECK(std::string(err->text).find("(LoadCursor)") != std::string::npos);
+        CHECK(s.act("?cursor") == r.shown);
+    }
+    SetCursor(LoadCursorA(nullptr, IDC_ARROW));
+}
+
+TEST_CASE("the pointer's record tells buttons, the library's window and the innermost control")
+{
+    bothscreens screens;
+    script s(PLAIN);
+    HWND outer = childmade(handleof(s.w), 50, 20, 20, 200, 100);
+    HWND inner = childmade(outer, 51, 30, 30, 100, 50);
+    childmade(inner, 52, 10, 10, 20, 20);
+    ShowWindow(childmade(inner, 53, 40, 10, 40, 20), SW_HIDE);
+    window pane = taskwindow(WS_CHILD | WS_VISIBLE, s.w);
+    taskopen(pane, 440, 170, 50, 80);
+    childmade(handleof(pane), 60, 5, 5, 20, 20);
+    const struct {
+        int x, y;
+        window w;
+        int32_t icon;
+    } rows[] = {
+        {10, 10, s.w, -1},   {25, 25, s.w, 50},   {55, 55, s.w, 51},
+        {65, 65, s.w, 52},   {95, 65, s.w, 51}, // the hidden one is not there
+        {245, 25, pane, 60}, {280, 90, pane, -1},
+    };
+    for (const auto &r : rows) {
+        CAPTURE(r.x);
+        s.act("at " + std::to_string(r.x) + " " + std::to_string(r.y));
+        mouserecord mouse = pointernow();
+        CHECK(mouse.window == r.w);
+        CHECK(mouse.icon == r.icon);
+        CHECK(mouse.x == devtoosx(s.place.x));
+        CHECK(mouse.y == devtoosy(modeinfo.heightpx - s.place.y));
+    }
+    // One of none of the library's is told as it is.
+    HWND plain = CreateWindowExA(WS_EX_TOPMOST, "STATIC", "", WS_POPUP | WS_VISIBLE, 50, 500, 100,
+                                 80, nullptr, nullptr, nullptr, nullptr);
+    HWND child = childmade(plain, 5, 10, 10, 50, 50);
+    drivemove(70, 520);
+    CHECK(pointernow().window == reinterpret_cast<window>(child));
+    CHECK(pointernow().icon == -1);
+    DestroyWindow(plain);
+    auto buttons = [&] { said("%d;", static_cast<int>(pointernow().buttons)); };
+    s.play({{"at 10 150", "0;", buttons}, // the left one before the right one
+            {"Press", "1;", buttons},
+            {"press", "4;", buttons},
+            {"Release", "4;", buttons},
+            {"release", "0;", buttons}});
 }

@@ -1,7 +1,5 @@
 #include "tests/desktop/win32/partner.h"
 
-#include "desktop/stages.h"
-#include "desktop/windows.h"
 #include "tests/support/driver.h"
 
 #include <doctest/doctest.h>
@@ -97,18 +95,4 @@ void partnerprogram::kill()
     TerminateProcess(handle(process), 1);
     WaitForSingleObject(handle(process), 5000);
     drivepump(50);
-}
-
-hiddenwindow::hiddenwindow(uint32_t flags)
-{
-    REQUIRE(inittemp() == nullptr);
-    w = reinterpret_cast<window>(CreateWindowExA(0, "Task", "A window of the test", WS_POPUP, 0, 0,
-                                                 0, 0, nullptr, nullptr, nullptr, nullptr));
-    REQUIRE(w != 0);
-    REQUIRE(setflags(w, flags, 0) == nullptr);
-}
-
-hiddenwindow::~hiddenwindow()
-{
-    if (IsWindow(reinterpret_cast<HWND>(w))) deletewindow(w);
 }

@@ -1,5 +1,5 @@
 // tests/desktop/win32/partner.h - another program to talk to
-// (tests/desktop/win32/partner), and a window of the library's class.
+// (tests/desktop/win32/partner).
 #pragma once
 
 #include "desktop/events.h"
@@ -21,12 +21,4 @@ struct partnerprogram {
     std::string ask(const std::string &line);
     // The end that it doesn't see coming.
     void kill();
-};
-
-// Hidden, of the class "Task", and gone with the object if it still is there.
-struct hiddenwindow {
-    window w;
-
-    explicit hiddenwindow(uint32_t flags = 0);
-    ~hiddenwindow();
 };

@@ -1,101 +1,17 @@
 // Handlers that take away themselves, their neighbours and their windows while an
 // event is being delivered.
 #include "desktop/blocks.h"
-#include "desktop/filters.h"
 #include "desktop/handlers.h"
-#include "desktop/icons.h"
 #include "desktop/mouse.h"
 #include "desktop/timed.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
-#include "tests/desktop/win32/eventwindow.h"
-#include "tests/desktop/win32/taskwindows.h"
-#include "tests/support/driver.h"
+#include "tests/desktop/win32/script.h"
 
 #include <doctest/doctest.h>
 
-#include <functional>
-
 namespace
 {
-
-// What the handler does when the wanted event comes, once; of clicks, those with
-// the wanted buttons.
-std::function<void()> act;
-int32_t wantedtype;
-intptr_t wantedbuttons;
-
-errorblock *once(int32_t type, intptr_t buttons = 0)
-{
-    if (type != wantedtype || buttons != wantedbuttons) return nullptr;
-    std::function<void()> now;
-    now.swap(act);
-    if (now) now();
-    return nullptr;
-}
-
-// A handler of that type, whatever it is given.
-template<int32_t TYPE, typename... ARGUMENTS> errorblock *on(ARGUMENTS...)
-{
-    return once(TYPE);
-}
-
-errorblock *onclick(window, intptr_t, mouserecord *mouse)
-{
-    return once(EVENTCLICK, mouse->buttons);
-}
-
-// Who doesn't paint is asked again at once.
-errorblock *onredraw(window self, intptr_t)
-{
-    once(EVENTREDRAW);
-    if (!wdatafind(self)) return nullptr;
-    return taskpaint(self, [](const redrawrecord &) {});
-}
-
-errorblock *ondrop(const char *, int32_t, mouserecord *, intptr_t, int *accept)
-{
-    *accept = 1;
-    return once(EVENTDROP);
-}
-
-errorblock *onfilter(const systemmessage *message, intptr_t, int *, intptr_t *, int *)
-{
-    return message->message == WM_APP ? once(EVENTFILTER) : nullptr;
-}
-
-errorblock *ondragend(window, intptr_t, const dragresult *)
-{
-    return once(EVENTCLICK, -1);
-}
-
-errorblock *starts(window self, intptr_t, mouserecord *mouse)
-{
-    if (mouse->buttons != BUTTONLEFTDRAG) return nullptr;
-    int32_t x = static_cast<int32_t>(mouse->x), y = static_cast<int32_t>(mouse->y);
-    dragbox record = {self, DRAGRUBBER, x, y, x + 40, y + 40, 0, 0, 9999, 9999};
-    setdragfunctions(self, 0, ondragend);
-    return startdrag(&record);
-}
-
-void handlers(window w)
-{
-    REQUIRE_FALSE(addclickhandler(onclick, w, 0));
-    REQUIRE_FALSE(addkeyhandler(on<EVENTKEY>, w, 0));
-    REQUIRE_FALSE(addmousehandler(on<EVENTMOUSE>, w, 0));
-    REQUIRE_FALSE(addopenhandler(on<EVENTOPEN>, w, 0));
-    REQUIRE_FALSE(addclosehandler(on<EVENTCLOSE>, w, 0));
-    REQUIRE_FALSE(addredrawhandler(onredraw, w, 0));
-    REQUIRE_FALSE(addfocushandler(on<EVENTFOCUS>, w, 0));
-    REQUIRE_FALSE(addactivatehandler(on<EVENTACTIVATE>, w, 0));
-    REQUIRE_FALSE(addwheelhandler(on<EVENTWHEEL>, w, 0));
-    REQUIRE_FALSE(addpointerhandler(on<EVENTPOINTER>, w, 0));
-    REQUIRE_FALSE(adddrophandler(w, 0, ondrop));
-    REQUIRE_FALSE(addtextchangehandler(on<EVENTTEXTCHANGE>, w, 0));
-    REQUIRE_FALSE(addtextfocushandler(on<EVENTTEXTFOCUS>, w, 0));
-    REQUIRE_FALSE(addfilter(onfilter, WM_APP, w, 0));
-    REQUIRE_FALSE(addpollfilter(on<EVENTPOLLFILTER>, WM_APP, w, 0));
-}
 
 // All blocks of the table, whatever they are.
 void forget()
@@ -106,76 +22,34 @@ void forget()
     }
 }
 
-// What brings each kind of event about. Each must end whether the window goes or
-// not.
-struct bringrow {
-    const char *what;
-    int32_t type;
-    intptr_t buttons;
-    void (*bring)(window w);
+// What brings each event about, with the pointer at 200, 120 and the focus in the
+// window itself. Each must end whether the window goes or not.
+const struct {
+    const char *event, *brings;
+} ROWS[] = {
+    {"click 4 -1", "press; release"},
+    {"click 1 -1", "Press; Release"},
+    {"click 1024 -1", "double"},
+    {"click 64 -1", "press; by 3 0; release"},
+    {"click 4 11", "on 11; press; release"},
+    {"click 4 12", "on 12; press; release"},
+    {"click 64 12", "on 12; press; by 3 0; release"},
+    {"key", "type a"},
+    {"key", "key Tab"},
+    {"mouse", "by 7 3"},
+    {"pointer", "by 8 3"},
+    {"wheel", "wheel -120"},
+    {"open", "size 250 150"},
+    {"open", "hide"},
+    {"close", "closebox"},
+    {"redraw", "erase"},
+    {"focus", "nofocus"},
+    {"caret", "focus 14"},
+    {"drop", "drop C:\\one.txt"},
+    {"text", "text 10 changed"},
+    {"filter1", "send app"},
+    {"filter2", "post app"},
 };
-
-driveplace middle;
-
-void click(window w, int icon)
-{
-    driveiconclick(w, icon);
-}
-
-const bringrow BRINGS[] = {
-    {"press", EVENTCLICK, BUTTONLEFT, [](window) { drivepress(), driverelease(); }},
-    {"right press", EVENTCLICK, BUTTONRIGHT,
-     [](window) { drivepress(DRIVERIGHT), driverelease(DRIVERIGHT); }},
-    {"double click", EVENTCLICK, BUTTONLEFTDOUBLE, [](window) { drivedouble(middle.x, middle.y); }},
-    {"drag", EVENTCLICK, BUTTONLEFTDRAG,
-     [](window) {
-         drivedrag({middle, {middle.x + 3, middle.y}});
-     }},
-    {"button", EVENTCLICK, BUTTONLEFT, [](window w) { click(w, EVENTBUTTON); }},
-    {"drawn control", EVENTCLICK, BUTTONLEFT, [](window w) { click(w, EVENTDRAWN); }},
-    {"dragged control", EVENTCLICK, BUTTONLEFTDRAG,
-     [](window w) {
-         driveplace at = driveicon(w, EVENTDRAWN);
-         drivedrag({at, {at.x + 3, at.y}});
-     }},
-    {"key", EVENTKEY, 0, [](window) { drivetype("a"); }},
-    {"Tab", EVENTKEY, 0, [](window) { drivekey(VK_TAB); }},
-    {"movement", EVENTMOUSE, 0, [](window) { drivemove(middle.x + 7, middle.y + 3); }},
-    {"pointer", EVENTPOINTER, 0, [](window) { drivemove(middle.x + 8, middle.y + 3); }},
-    {"wheel", EVENTWHEEL, 0, [](window) { drivewheel(-120); }},
-    {"open", EVENTOPEN, 0,
-     [](window w) { SetWindowPos(taskhandle(w), nullptr, 333, 222, 250, 150, SWP_NOZORDER); }},
-    {"hide", EVENTOPEN, 0, [](window w) { ShowWindow(taskhandle(w), SW_HIDE); }},
-    {"close", EVENTCLOSE, 0, [](window w) { SendMessageA(taskhandle(w), WM_CLOSE, 0, 0); }},
-    {"redraw", EVENTREDRAW, 0,
-     [](window w) {
-         InvalidateRect(taskhandle(w), nullptr, TRUE);
-         UpdateWindow(taskhandle(w));
-     }},
-    {"focus", EVENTFOCUS, 0, [](window) { SetFocus(nullptr); }},
-    {"caret", EVENTTEXTFOCUS, 0, [](window w) { focusicon(w, EVENTFIELD2); }},
-    {"drop", EVENTDROP, 0, [](window w) { drivedrop(w, {"C:\\one.txt"}, middle); }},
-    {"text", EVENTTEXTCHANGE, 0, [](window w) { seticontext(w, EVENTFIELD, "changed"); }},
-    {"filter", EVENTFILTER, 0, [](window w) { SendMessageA(taskhandle(w), WM_APP, 0, 0); }},
-    {"poll filter", EVENTPOLLFILTER, 0,
-     [](window w) { PostMessageA(taskhandle(w), WM_APP, 0, 0); }},
-};
-
-// With the pointer on the background and the focus in the window itself.
-bool acted(const bringrow &row, window w, const std::function<void()> &what)
-{
-    SetForegroundWindow(taskhandle(w));
-    focuswindow(w);
-    drivemove(middle.x, middle.y);
-    wantedtype = row.type;
-    wantedbuttons = row.buttons;
-    act = what;
-    row.bring(w);
-    drivepump();
-    bool did = !act;
-    act = nullptr;
-    return did;
-}
 
 } // namespace
 
@@ -185,27 +59,31 @@ TEST_CASE("a handler of any event may take away all handlers, or its window and 
 {
     drivecounts before = {};
     for (bool again : {false, true}) {
-        for (const bringrow &row : BRINGS)
+        for (const auto &r : ROWS)
             for (bool windowgoes : {false, true}) {
-                INFO(std::string(row.what));
+                INFO(std::string(r.brings));
                 CAPTURE(windowgoes);
-                eventlibrary library;
-                window w = eventopen(EVENTCONTROLS, 200), kept = w;
-                window pane = eventopen(EVENTPLAIN, 800, w);
-                middle = driveclient(w, 200, 120);
-                handlers(w);
-                bool did = acted(row, w, [&] {
+                script s(CONTROLS, "click key mouse pointer wheel open close redraw focus caret "
+                                   "drop text filter1 pollfilter2");
+                window pane = templatewindow(PLAIN, 800, s.w);
+                s.act("front; focus -1; at 200 120");
+                bool did = false;
+                onheard = [&](const std::string &event) {
+                    if (did || !event.starts_with(r.event)) return;
+                    did = true;
                     if (again) drivepump(1);
                     if (windowgoes)
-                        removewindow(&w);
+                        removewindow(&s.w);
                     else
                         forget();
-                });
+                };
+                s.act(r.brings);
+                onheard = nullptr;
                 CHECK(did);
-                CHECK(IsWindow(taskhandle(kept)) != windowgoes);
-                CHECK((wdatafind(kept) == nullptr) == windowgoes);
+                CHECK(IsWindow(handleof(s.shown)) != windowgoes);
+                CHECK((wdatafind(s.shown) == nullptr) == windowgoes);
                 CHECK((wdatafind(pane) == nullptr) == windowgoes);
-                if (w) removewindow(&w);
+                if (s.w) removewindow(&s.w);
                 forget();
             }
         if (!again) before = drivecountnow();
@@ -217,55 +95,52 @@ TEST_CASE("a handler of any event may take away all handlers, or its window and 
 
 TEST_CASE("a drag, its end and a timed call may take their window away")
 {
+    static script *dragged;
+    dragendfunction removes = [](window, intptr_t, const dragresult *) -> errorblock * {
+        return removewindow(&dragged->w);
+    };
+    timedfunction timed = [](intptr_t) -> errorblock * { return removewindow(&dragged->w); };
     for (bool early : {false, true}) {
         CAPTURE(early);
-        eventlibrary library;
-        window w = eventopen(EVENTPLAIN, 200);
-        addclickhandler(starts, w, 0);
-        driveplace from = driveclient(w, 100, 100);
-        act = [&] { removewindow(&w); };
-        wantedtype = early ? EVENTTIMED : EVENTCLICK;
-        wantedbuttons = early ? 0 : -1;
-        drivemove(from.x, from.y);
-        drivepress();
-        drivemove(from.x + 5, from.y);
-        CHECK(mousestate() == MOUSEDRAG);
+        script s(PLAIN, "calls");
+        dragged = &s;
+        onclick = [&](mouserecord *mouse) -> errorblock * {
+            if (mouse->buttons != BUTTONLEFTDRAG) return nullptr;
+            dragbox box = {s.w, DRAGRUBBER, 300, 300, 340, 340, 0, 0, 9999, 9999};
+            setdragfunctions(s.w, 0, early ? nullptr : removes);
+            return startdrag(&box);
+        };
+        CHECK(s.act("at 100 100; press; by 5 0; ?mouse") == "2;");
         if (early) { // the window goes, which ends the drag
-            addtimedcall(on<EVENTTIMED>, 0, 1);
+            addtimedcall(timed, 0, 1);
             drivewait([] { return timedcount() == 0; });
         }
-        driverelease();
-        CHECK(w == 0);
-        CHECK(mousestate() == MOUSEIDLE);
-        forget();
+        CHECK(s.act("release; ?mouse") == "0;");
+        CHECK(s.w == 0);
     }
 }
 
 TEST_CASE("a parent's end reaches all below it, which may end each other")
 {
-    static window *second;
+    static window panes[3];
     parentfunction gone = [](window self, intptr_t data) -> errorblock * {
         said("gone %d;", static_cast<int>(data));
-        if (data == 0) removewindow(second);
-        window w = self;
-        return removewindow(&w);
+        if (data == 0) removewindow(&panes[1]);
+        return removewindow(&self);
     };
     parentfunction closed = [](window, intptr_t data) -> errorblock * {
         said("closed %d;", static_cast<int>(data));
         return nullptr;
     };
-    eventlibrary library;
-    window w = eventopen(EVENTPLAIN, 200);
-    window panes[3];
-    second = &panes[1];
+    script s(PLAIN);
     for (int n = 2; n >= 0; n--) { // the newest is told first
-        panes[n] = eventopen(EVENTPLAIN, 600 + 20 * n, w);
+        panes[n] = templatewindow(PLAIN, 600 + 20 * n, s.w);
         addparentdeletedhandler(gone, panes[n], n);
         addparentclosedhandler(closed, panes[n], n);
     }
-    CHECK_FALSE(closewindow(w));
-    CHECK(taken() == "closed 0;closed 1;closed 2;");
-    CHECK_FALSE(deletewindow(w));
+    CHECK(s.act("close") == "closed 0;closed 1;closed 2;");
+    CHECK_FALSE(deletewindow(s.w));
+    s.w = 0;
     CHECK(taken() == "gone 0;gone 2;");
     CHECK(wdatas == nullptr);
     forget();

@@ -24,7 +24,8 @@ struct state {
     bool serving, alone;
     int answers; // to the question that goes round
     bool asking;
-    bool acknowledged, terminated;
+    bool acknowledged, terminated, twice;
+    bool ending; // by us
     UINT_PTR status;
     std::string received; // data and pokes, in words
 };
@@ -68,11 +69,11 @@ std::string answer(DWORD milliseconds)
     return text;
 }
 
-bool post(UINT message, UINT_PTR low, UINT_PTR high)
+void post(UINT message, UINT_PTR low, UINT_PTR high)
 {
     partner.acknowledged = false;
-    return PostMessageA(partner.server, message, reinterpret_cast<WPARAM>(partner.self),
-                        PackDDElParam(message, low, high));
+    PostMessageA(partner.server, message, reinterpret_cast<WPARAM>(partner.self),
+                 PackDDElParam(message, low, high));
 }
 
 void initiated(HWND client, ATOM app, ATOM topic)
@@ -127,8 +128,9 @@ LRESULT CALLBACK procedure(HWND self, UINT message, WPARAM wparam, LPARAM lparam
         return 0;
     case WM_DDE_TERMINATE:
         // Who has been terminated says so too; who began it doesn't.
-        if (!partner.terminated)
+        if (!partner.terminated && !partner.ending)
             PostMessageA(other, WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(self), 0);
+        partner.twice = partner.terminated;
         partner.terminated = true;
         if (partner.alone) PostQuitMessage(0);
         return 0;
@@ -136,38 +138,21 @@ LRESULT CALLBACK procedure(HWND self, UINT message, WPARAM wparam, LPARAM lparam
     return DefWindowProcA(self, message, wparam, lparam);
 }
 
-std::string formats()
-{
-    std::string text;
-    OpenClipboard(nullptr);
-    for (UINT format = 0; (format = EnumClipboardFormats(format));)
-        text += std::to_string(format) + " ";
-    CloseClipboard();
-    return text.empty() ? "none" : text;
-}
-
-std::string pastedpicture(HANDLE data)
-{
-    auto *picture = static_cast<METAFILEPICT *>(GlobalLock(data));
-    if (!picture) return "none";
-    std::string text = "mode " + std::to_string(picture->mm) + " size " +
-                       std::to_string(picture->xExt) + "," + std::to_string(picture->yExt) +
-                       " bytes " + std::to_string(GetMetaFileBitsEx(picture->hMF, 0, nullptr));
-    GlobalUnlock(data);
-    return text;
-}
-
 std::string paste(UINT format)
 {
     OpenClipboard(nullptr);
     HANDLE data = GetClipboardData(format);
     std::string text = "none";
-    if (data && format == CF_METAFILEPICT)
-        text = pastedpicture(data);
-    else if (data && format == CF_ENHMETAFILE)
-        text = "bytes " +
-               std::to_string(GetEnhMetaFileBits(static_cast<HENHMETAFILE>(data), 0, nullptr));
-    else if (data) {
+    if (data && format == CF_METAFILEPICT) {
+        auto *picture = static_cast<METAFILEPICT *>(GlobalLock(data));
+        text = "mode " + std::to_string(picture->mm) + " size " + std::to_string(picture->xExt) +
+               "," + std::to_string(picture->yExt) + " bytes " +
+               std::to_string(GetMetaFileBitsEx(picture->hMF, 0, nullptr));
+        GlobalUnlock(data);
+    } else if (data && format == CF_ENHMETAFILE) {
+        auto picture = static_cast<HENHMETAFILE>(data);
+        text = "bytes " + std::to_string(GetEnhMetaFileBits(picture, 0, nullptr));
+    } else if (data) {
         text = hex(GlobalLock(data), GlobalSize(data));
         GlobalUnlock(data);
     }
@@ -204,19 +189,26 @@ std::string initiate(const std::string &app, const std::string &topic)
     return std::to_string(partner.answers);
 }
 
-// A poke or data: flags in hexadecimal, the item, and the text; "short" makes a
-// block without even a header, "null" none.
+// A poke or data: flags in hexadecimal, the item, and the text.
 std::string put(UINT message, unsigned flags, const std::string &item, const std::string &text)
 {
     unsigned short header[2] = {static_cast<unsigned short>(flags), CF_TEXT};
-    std::string bytes(reinterpret_cast<const char *>(header), 4);
-    bytes += text;
-    HGLOBAL block = text == "short" ? blockof("xyz", 3) : blockof(bytes.data(), bytes.size());
-    if (text == "null") GlobalFree(block), block = nullptr;
-    ATOM atom = GlobalAddAtomA(item.c_str());
-    if (!post(message, reinterpret_cast<UINT_PTR>(block), atom)) return "unposted";
-    bool answered = message == WM_DDE_POKE || flags & 0x8000;
-    return answer(answered ? PATIENCE : SOON);
+    std::string bytes = std::string(reinterpret_cast<const char *>(header), 4) + text;
+    post(message, reinterpret_cast<UINT_PTR>(blockof(bytes.data(), bytes.size())),
+         GlobalAddAtomA(item.c_str()));
+    return answer(message == WM_DDE_POKE || flags & 0x8000 ? PATIENCE : SOON);
+}
+
+// Ends the conversation: what comes back isn't answered, and comes once.
+std::string terminate()
+{
+    partner.terminated = partner.twice = false;
+    partner.ending = true;
+    PostMessageA(partner.server, WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(partner.self), 0);
+    wait(partner.terminated, PATIENCE);
+    wait(partner.twice, SOON);
+    partner.ending = false;
+    return partner.twice ? "twice" : partner.terminated ? "terminated" : "none";
 }
 
 std::string word(std::string *line)
@@ -235,16 +227,8 @@ unsigned number(const std::string &text)
 std::string obey(std::string line)
 {
     std::string verb = word(&line);
-    if (verb == "formats") return formats();
     if (verb == "paste") return paste(number(line));
     if (verb == "copy") return copy(line), "ok";
-    if (verb == "show") { // a window at a place of the screen, in front of all
-        int left = static_cast<int>(number(word(&line))), top = static_cast<int>(number(line));
-        // One that takes the focus is the window manager's to place.
-        SetWindowPos(partner.self, HWND_TOPMOST, left, top, 100, 80,
-                     SWP_SHOWWINDOW | SWP_NOACTIVATE);
-        return "ok";
-    }
     if (verb == "serve") {
         partner.app = word(&line);
         partner.topic = line;
@@ -256,12 +240,9 @@ std::string obey(std::string line)
         std::string app = word(&line);
         return initiate(app, line);
     }
-    if (verb == "execute") {
-        post(WM_DDE_EXECUTE, 0, reinterpret_cast<UINT_PTR>(blockof(line.c_str(), line.size() + 1)));
-        return answer(PATIENCE);
-    }
-    if (verb == "unended") { // the block holds just the text
-        post(WM_DDE_EXECUTE, 0, reinterpret_cast<UINT_PTR>(blockof(line.data(), line.size())));
+    if (verb == "execute" || verb == "unended") { // the block holds just the text
+        size_t size = line.size() + (verb == "execute");
+        post(WM_DDE_EXECUTE, 0, reinterpret_cast<UINT_PTR>(blockof(line.c_str(), size)));
         return answer(PATIENCE);
     }
     if (verb == "poke" || verb == "data") {
@@ -269,32 +250,9 @@ std::string obey(std::string line)
         std::string item = word(&line);
         return put(verb == "poke" ? WM_DDE_POKE : WM_DDE_DATA, flags, item, line);
     }
-    if (verb == "terminate") {
-        partner.terminated = false;
-        PostMessageA(partner.server, WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(partner.self), 0);
-        // What comes back isn't answered.
-        for (int i = 0; i < 2; i++) {
-            MSG m;
-            DWORD start = GetTickCount();
-            while (GetTickCount() - start < (i ? SOON : PATIENCE)) {
-                if (PeekMessageA(&m, partner.self, WM_DDE_TERMINATE, WM_DDE_TERMINATE, PM_REMOVE)) {
-                    if (i) return "twice";
-                    partner.terminated = true;
-                    break;
-                }
-                Sleep(5);
-            }
-        }
-        return partner.terminated ? "terminated" : "none";
-    }
+    if (verb == "terminate") return terminate();
     if (verb == "terminated") return wait(partner.terminated, SOON * 3) ? "yes" : "no";
     if (verb == "received") return partner.received.empty() ? "none" : partner.received;
-    if (verb == "send") { // a message of the family that should have been posted
-        UINT message = number(word(&line));
-        SendMessageTimeoutA(partner.server, message, reinterpret_cast<WPARAM>(partner.self),
-                            static_cast<LPARAM>(number(line)), SMTO_NORMAL, PATIENCE, nullptr);
-        return "ok";
-    }
     return "what?";
 }
 
