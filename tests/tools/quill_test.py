@@ -86,12 +86,13 @@ RUNS = [
     (f"dict add MainDict.dic - < {WORDS['Main.txt']}", DONE, "", ""),
     ("dict build Other.dic Other.txt", DONE, "", ""),
     ("grid build g.qmg g.txt", DONE, "", ""),
-    (f"solve g.qmg {HERE} --mark 0,0,2,0", DONE, "cat\ncot\nCut\n", "3 solutions of 1 words\n"),
+    (f"solve g.qmg {HERE} --mark 0,0,2,0", DONE, "cat\ncot\nCut\n", "3 solutions of 1 word\n"),
     (f"solve g.qmg {HERE} --mark=0,0,2,0 --mark=2,0,2,2", DONE,
      "".join(f"{a}\t{b}\n" for a in ("cat", "cot", "Cut") for b in ("tar", "tip", "top")), ""),
     (f"solve g.qmg {HERE} --mark 0,0,2,0 --dict Other --dict MainDict", DONE,
      "cat\ncot\nCut\ncit\n", ""),
-    (f"solve g.qmg {HERE} --mark 2,0,2,2 --max 2", DONE, "tar\ntip\ntop\n", ""),  # one above it
+    (f"solve g.qmg {HERE} --mark 2,0,2,2 --max 2", DONE, "tar\ntip\ntop\n",  # one above it
+     "ended at the limit"),
     (f"solve g.qmg {HERE}", FAILED, "", "Need marked word!"),
     (f"solve g.qmg {HERE} --mark 0,0,0,0", FAILED, "", "Nothing to solve!"),
     (f"solve g.qmg {HERE} --mark 0,0,2,0 --dict Nowhere", FAILED, "", "No dictionary Nowhere"),

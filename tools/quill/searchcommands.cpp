@@ -53,7 +53,9 @@ errorblock *commandsolve(const arguments &args)
 
     outsolutions();
     if (edgestopped()) remark("stopped");
-    remark("%d solutions of %d words", solutions.count, solutions.slotcount);
+    if (solutions.count > solutions.maxsolutions) remark("ended at the limit: there may be more");
+    remark("%d solution%s of %d word%s", solutions.count, solutions.count == 1 ? "" : "s",
+           solutions.slotcount, solutions.slotcount == 1 ? "" : "s");
     return nullptr;
 }
 
