@@ -99,30 +99,37 @@ TEST_CASE("a dictionary is edited, made and taken away by the menu")
 TEST_CASE("names that can't be a dictionary's are told of, and make none")
 {
     const std::string longest(31, 'n');
-    auto name = [](const std::string &with, const char *said) {
-        play({
-            {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-            {type, with}, {key, VK_RETURN}, {box, said},
-            {answer, IDOK}, {known, "mine"},
-        });
+    const char *signs = "A dictionary's name can't hold any of \\ / : * ? \" < > |";
+    const struct {
+        std::string name;
+        const char *said;
+    } refused[] = {
+        {"no\\such\\folder", signs}, {"no*name", signs},
+        {"end.", "A dictionary's name can't end in a point or a space."},
+        {"lpt1.x", "lpt1.x is a device of the system's, and no name for a dictionary."},
+        {longest + "n", "A dictionary's name has at most 31 characters."},
     };
-    play({{dictionaries, "mine: ant"}});
-    name("MINE", "Dictionary already exists.");
     play({
+        {dictionaries, "mine: ant"},
         {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-        {type, longest + "n"}, {key, VK_RETURN}, {answer, IDOK}, {known, "mine"},
+        {type, "MINE"}, {key, VK_RETURN}, {box, "Dictionary already exists."},
+        {answer, IDOK}, {known, "mine"}, {infront, "Quillmere"},
         {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-        {type, "no\\such\\folder"}, {key, VK_RETURN}, {answer, IDOK}, {known, "mine"},
+    });
+    for (const auto &[name, said] : refused) // the box stays, for the name to be mended
+        play({
+            {fill, NEWDICTNAME, name}, {key, VK_RETURN}, {box, said}, {answer, IDOK},
+            {infront, "Create New Dictionary"}, {text, NEWDICTNAME, name}, {known, "mine"},
+        });
+    play({
+        {key, VK_BACK}, {key, VK_RETURN}, {shown, "Create New Dictionary", "no"},
+        {known, "mine " + longest}, {kept, longest, ""}, {enabled, "yes"},
         {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-        {type, "no*name"}, {key, VK_RETURN}, {answer, IDOK}, {known, "mine"},
+        {key, VK_RETURN}, {enabled, "yes"}, {box, "none"}, // the user knows
         {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-        {key, VK_RETURN}, {enabled, "yes"}, {box, "none"}, {known, "mine"}, // the user knows
+        {type, "never"}, {press, DIALOGCANCEL}, {enabled, "yes"},
         {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-        {type, "never"}, {press, DIALOGCANCEL}, {enabled, "yes"}, {known, "mine"},
-        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-        {type, "never"}, {key, ALT | VK_F4}, {enabled, "yes"}, {known, "mine"},
-        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-        {type, longest}, {key, VK_RETURN}, {known, "mine " + longest}, {kept, longest, ""},
+        {type, "never"}, {key, ALT | VK_F4}, {enabled, "yes"}, {known, "mine " + longest},
     });
 }
 

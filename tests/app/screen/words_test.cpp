@@ -224,8 +224,11 @@ TEST_CASE("a dictionary that another program has open is let alone")
         {answer, IDOK}, {shown, "Edit (mine)", "no"},
         {menu, COMMANDDELETEDICT, "mine"}, {answer, IDOK}, {known, "mine"},
         {letgo}, {menu, COMMANDEDITDICT, "mine"}, {type, "bee"}, {key, VK_RETURN},
-        {hold, "mine.dic"}, {press, EDITOK}, {shown, "Edit (mine)", "no"},
+        // What couldn't be saved is told of and still there, to be saved later.
+        {hold, "mine.dic"}, {press, EDITOK}, {boxthere, "yes"}, {answer, IDOK},
+        {shown, "Edit (mine)", "yes"}, {words, "mine", "ant bee"}, {changed, "yes"},
         {letgo}, {kept, "mine", "ant"},
+        {press, EDITOK}, {shown, "Edit (mine)", "no"}, {changed, "no"}, {kept, "mine", "ant bee"},
     });
 }
 
