@@ -42,6 +42,8 @@ bool known(const char *text)
     std::string said = text;
     return (said.starts_with("Fitted ") && said.find(" words, up to ") != std::string::npos) ||
            (said.starts_with("File ") && said.ends_with(" not found.")) ||
+           said.starts_with("A dictionary's name ") || // what a new one can't be called
+           said.ends_with(" and no name for a dictionary.") ||
            said.find("hhctrl.ocx") != std::string::npos;
 }
 
