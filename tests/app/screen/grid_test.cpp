@@ -319,10 +319,10 @@ TEST_CASE("cases are ticked, exclude each other, and take the letters along")
     play({
         {crossword, "aB#"}, {menu, COMMANDUPPERCASE}, {document, "AB#"},
         {click, "0,0"}, {type, "x"}, {document, "XB#"},
-        {entries, "2", "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
+        {entries, MENUATGRID, "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
         {menu, COMMANDLOWERCASE}, {document, "xb#"},
-        {entries, "2", "Grid Type, Size..., Reflect, Upper Case, +Lower Case, Customise..."},
+        {entries, MENUATGRID, "Grid Type, Size..., Reflect, Upper Case, +Lower Case, Customise..."},
         {menu, COMMANDLOWERCASE}, {document, "xb#"}, {undrawn, "0"},
-        {entries, "2", "Grid Type, Size..., Reflect, Upper Case, Lower Case, Customise..."},
+        {entries, MENUATGRID, "Grid Type, Size..., Reflect, Upper Case, Lower Case, Customise..."},
     });
 }

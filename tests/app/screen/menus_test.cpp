@@ -13,20 +13,20 @@ TEST_CASE("an entry is grey only for its cause, and ticked by what it tells of")
         "New Grid, New Words, Open..., !Save, Save Grid As..., Save Clues As..., "
         "Save As Default, Exit";
     play({
-        {dictionaries, "one: one word"}, {entries, "0", filemenu},
-        {entries, "1", "Spell Check..., Load, Edit, Create..., Delete"},
-        {entries, "2", "Grid Type, Size..., Reflect, Upper Case, Lower Case, Customise..."},
-        {entries, "2 0", "+Crossword, Wordsquare"},
-        {entries, "2 2", "Vertical -, Horizontal |, Diagonal /, Diagonal \\"},
-        {entries, "3", "Choices..., Help..., About Quillmere..."}, {entries, "1 1", "one"},
-        {entries, "1 2", "one"}, {entries, "1 4", "one"},
-        {menu, COMMANDWORDSQUARE}, {entries, "0", filemenu},
-        {entries, "1", "!Spell Check..., Load, Edit, Create..., Delete"},
-        {entries, "2 0", "Crossword, +Wordsquare"},
-        {entries, "2 2", "!Vertical -, !Horizontal |, !Diagonal /, !Diagonal \\"},
+        {dictionaries, "one: one word"}, {entries, MENUATFILE, filemenu},
+        {entries, MENUATWORDS, "Spell Check..., Load, Edit, Create..., Delete"},
+        {entries, MENUATGRID, "Grid Type, Size..., Reflect, Upper Case, Lower Case, Customise..."},
+        {entries, under(MENUATGRID, MENUATGRIDTYPE), "+Crossword, Wordsquare"},
+        {entries, under(MENUATGRID, MENUATREFLECT), "Vertical -, Horizontal |, Diagonal /, Diagonal \\"},
+        {entries, MENUATHELP, "Choices..., Help..., About Quillmere..."},
+        {entries, under(MENUATWORDS, MENUATLOAD), "one"},
+        {menu, COMMANDWORDSQUARE}, {entries, MENUATFILE, filemenu},
+        {entries, MENUATWORDS, "!Spell Check..., Load, Edit, Create..., Delete"},
+        {entries, under(MENUATGRID, MENUATGRIDTYPE), "Crossword, +Wordsquare"},
+        {entries, under(MENUATGRID, MENUATREFLECT), "!Vertical -, !Horizontal |, !Diagonal /, !Diagonal \\"},
         {menu, COMMANDCROSSWORD}, {menu, COMMANDUPPERCASE},
-        {entries, "2", "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
-        {erase, "*"}, {entries, "1", "!Spell Check..., Load, Edit, !Create..., Delete"},
+        {entries, MENUATGRID, "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
+        {erase, "*"}, {entries, MENUATWORDS, "!Spell Check..., Load, Edit, !Create..., Delete"},
         {menu, COMMANDDELETEDICT, "one"}, {answer, IDOK}, {known, "one"},
     });
 }
@@ -63,8 +63,9 @@ TEST_CASE("dictionaries are loaded, ticked and unloaded by the menu, and the gri
         {dictionaries, "Alpha: a b; beta: b c; Gamma: c d"}, {another, ".../..."},
         {menu, COMMANDLOADDICT, "Gamma"}, {menu, COMMANDLOADDICT, "Alpha"}, {title, "Quillmere*"},
         {words, "Alpha", "a b"}, {words, "Gamma", "c d"}, {words, "beta", "not loaded"},
-        {entries, "1 1", "+Alpha, beta, +Gamma"}, {entries, "1 2", "Alpha, beta, Gamma"},
-        {entries, "1 4", "Alpha, beta, Gamma"}, {inuse, "Alpha Gamma"},
+        {entries, under(MENUATWORDS, MENUATLOAD), "+Alpha, beta, +Gamma"},
+        {entries, under(MENUATWORDS, MENUATEDIT), "Alpha, beta, Gamma"},
+        {entries, under(MENUATWORDS, MENUATDELETE), "Alpha, beta, Gamma"}, {inuse, "Alpha Gamma"},
         {menu, COMMANDSAVEAS}, {choose, 0, "named"}, {menu, COMMANDLOADDICT, "Gamma"},
         {inuse, "Alpha"}, {words, "Gamma", "not loaded"},
         {menu, COMMANDLOADDICT, "beta"}, {inuse, "Alpha beta"},
@@ -72,7 +73,7 @@ TEST_CASE("dictionaries are loaded, ticked and unloaded by the menu, and the gri
         {words, "beta", "not loaded"}, {title, "Quillmere - named.qmg"},
         // A name that is no longer known is passed over.
         {menu, COMMANDDELETEDICT, "Alpha"}, {file, "Alpha.dic", "none"}, {known, "beta Gamma"},
-        {inuse, "Gamma"}, {entries, "1 1", "beta, +Gamma"},
+        {inuse, "Gamma"}, {entries, under(MENUATWORDS, MENUATLOAD), "beta, +Gamma"},
         {drop, ONMAIN, "named.qmg"}, {inuse, "Gamma"},
     });
 }
@@ -87,7 +88,7 @@ TEST_CASE("a dictionary is edited, made and taken away by the menu")
         {type, "newest"}, {key, VK_RETURN}, {shown, "Create New Dictionary", "no"},
         {enabled, "yes"}, {known, "Alpha beta newest"}, {inuse, ""}, {kept, "newest", ""},
         {words, "newest", ""},
-        {front}, {entries, "1 4", "Alpha, beta, newest"},
+        {front}, {entries, under(MENUATWORDS, MENUATDELETE), "Alpha, beta, newest"},
         // What can't be deleted is told of, and stays.
         {hold, "beta.dic"}, {menu, COMMANDDELETEDICT, "beta"}, {answer, IDOK}, {letgo},
         {readonly, 1, "Alpha.dic"}, {menu, COMMANDDELETEDICT, "Alpha"}, {answer, IDOK},
@@ -161,8 +162,11 @@ TEST_CASE("a grid is saved under a typed name, and opened again")
         {menu, COMMANDSAVEAS}, {choose, 1, "second.QMG"}, {value, "file", "second.QMG"},
         {erase, "second.QMG"}, {click, "2,1"}, {type, "z"}, {menu, COMMANDSAVE}, {box, "none"},
         {title, "Quillmere - second.QMG"}, {quill, "grid draw @second.QMG", "ab#|..z"},
-        {click, "1,1"}, {type, "y"}, {key, CTRL | 'S'}, {title, "Quillmere - second.QMG"},
+        {click, "1,1"}, {type, "y"}, {title, "Quillmere - second.QMG*"},
+        {key, CTRL | 'S'}, {title, "Quillmere - second.QMG"},
         {quill, "grid draw @second.QMG", "ab#|.yz"},
+        {menu, COMMANDNEWWORDS}, {document, "..#/..."}, {title, "Quillmere - second.QMG*"},
+        {menu, COMMANDSAVE}, {menu, COMMANDNEWGRID}, {document, ".../..."}, {title, "Quillmere"},
     });
 }
 
@@ -181,18 +185,6 @@ TEST_CASE("a type of picture makes a picture, and leaves the document its name")
     CHECK(file(4, "plain.wmf") == std::string("\1\0\t\0", 4));
     CHECK(file(4, "placeable.wmf") == "\xD7\xCD\xC6\x9A");
     CHECK(file(0, "clues.txt").find("Clues across.") != std::string::npos);
-}
-
-TEST_CASE("the title tells the document and whether it is changed")
-{
-    play({
-        {crossword, ".../..."}, {title, "Quillmere"},
-        {click, "0,0"}, {title, "Quillmere"},
-        {type, "a"}, {title, "Quillmere*"},
-        {menu, COMMANDNEWGRID}, {title, "Quillmere"}, {document, ".../..."},
-        {another, "ab#/.*."}, {menu, COMMANDNEWWORDS}, {document, "..#/..."}, {title, "Quillmere*"},
-        {undrawn, "0"},
-    });
 }
 
 TEST_CASE("a default grid keeps size, kind, looks and window for the next start")

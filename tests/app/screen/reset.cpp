@@ -13,6 +13,7 @@
 #include "dict/dictwindow.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
+#include "find/solutionsview.h"
 #include "find/spellwindow.h"
 #include "grid/appearance.h"
 #include "grid/grid.h"
@@ -95,6 +96,7 @@ void documentreset()
     gridkindapply(GRIDCROSSWORD);
     gridextent();
     gridredraw();
+    InvalidateRect(handle(solutionswindow), nullptr, TRUE);
     settitlefromgrid();
 }
 

@@ -18,6 +18,7 @@ constexpr int PATIENCE = 5000; // for what a row expects
 std::atomic<int> ticks;
 HWND ear; // on the program's thread
 std::string stumbled;
+bool decided;
 
 // A timer's message comes only when no other is left: after two of them, all input has
 // been dealt with, by whichever loop fetches messages.
@@ -52,8 +53,9 @@ std::string rowplay(const step &row)
         return stumbled;
     }
     std::string seen;
-    auto right = [&] { return (seen = row.see(row.on, row.with)) == row.is; };
-    if (drivewait(right, PATIENCE)) return "";
+    decided = false;
+    drivewait([&] { return (seen = row.see(row.on, row.with)) == row.is || decided; }, PATIENCE);
+    if (seen == row.is) return "";
     return "expected \"" + row.is + "\", saw \"" + seen + "\"";
 }
 
@@ -99,6 +101,11 @@ std::string ask(const std::function<std::string()> &question)
     std::function<void()> work = [&] { seen = question(); };
     SendMessageA(ear, WM_APP, 0, reinterpret_cast<LPARAM>(&work));
     return seen;
+}
+
+void decide()
+{
+    decided = true;
 }
 
 void stumble(const std::string &why)

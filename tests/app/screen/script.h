@@ -42,8 +42,10 @@
 #include <source_location>
 #include <string>
 
-using deed = void (*)(int32_t on, const std::string &with);
-using sight = std::string (*)(int32_t of, const std::string &named);
+using doing = void(int32_t on, const std::string &with);
+using seeing = std::string(int32_t of, const std::string &named);
+using deed = doing *;
+using sight = seeing *;
 
 struct step {
     using place = std::source_location;
@@ -79,6 +81,7 @@ void play(std::initializer_list<step> rows);
 // that finds no way says so, which fails its row.
 std::string ask(const std::function<std::string()> &question);
 void stumble(const std::string &why);
+void decide(); // a sight that can't be looked at again: its row waits for no other answer
 std::string place(const std::string &leaf); // the path of a file
 std::string yes(bool holds);
 
@@ -93,104 +96,80 @@ constexpr int32_t cell(int32_t x, int32_t y)
     return x * 1000 + y;
 }
 
+// A menu that an entry of one in the bar opens, as the number of a sight.
+constexpr int32_t UNDER = 100;
+constexpr int32_t under(int32_t bar, int32_t entry)
+{
+    return bar + UNDER * (entry + 1);
+}
+
 // Where a script begins: a Crossword by its picture, a Wordsquare of so many cells each
 // way, both with WORDS in use; dictionaries of its own, "mine: ant bee; other: else",
 // in use or not (on is 1 or 0), and the shipped large one as that name, which a script
 // must first ask for by largehere.
 inline const std::string WORDS = "words: act art bat cat cot ease incomprehensibly oat rat stare "
                                  "tar tea teas toe tsar";
-void crossword(int32_t, const std::string &picture);
-void square(int32_t size, const std::string &);
-void dictionaries(int32_t inuse, const std::string &listed);
-void large(int32_t inuse, const std::string &name);
-bool largehere();                                     // false with a visible skip
-void another(int32_t, const std::string &picture);    // another document, dictionaries as they are
-void setting(int32_t value, const std::string &name); // minimum, limit, show, cursor, split
+doing crossword, square, dictionaries, large;
+bool largehere(); // false with a visible skip
+doing another;    // another document, dictionaries as they are
+doing setting;    // so much, of: minimum, limit, kind, directions, show, cursor
 
-// The hands.
-void click(int32_t held, const std::string &cells); // one after the other
-void drag(int32_t held, const std::string &cells);
-void pick(int32_t row, const std::string &held);      // in the solutions: "", right, ctrl, double
-void pickword(int32_t row, const std::string &);      // in an editor's or spell check's list
-void press(int32_t control, const std::string &held); // "", right; high, low for arrows
-void fill(int32_t field, const std::string &text);
-void type(int32_t, const std::string &text);
-void key(int32_t code, const std::string &times);
-void menu(int32_t command, const std::string &entry);    // by the keys; a dictionary's name
-void command(int32_t id, const std::string &dictionary); // as a message, for preparation
-void twitch(int32_t, const std::string &celltext);       // pressed, moved a little, let go
-void split(int32_t thousandths, const std::string &);    // drags the gap between the panes there
-void drop(int32_t where, const std::string &leaves);
-void searched(int32_t control, const std::string &); // pressed, and waited for its end
-void searchend(int32_t, const std::string &);
-void front(int32_t, const std::string &title);
-void aside(int32_t, const std::string &title); // to the screen's corner, behind others
-void shut(int32_t, const std::string &title);  // by its system menu
-void resize(int32_t,
-            const std::string &pixels); // of the main window, "500,400"; "max", "min", "back"
-void wheel(int32_t notches, const std::string &);         // over the list
-void answer(int32_t button, const std::string &);         // a box of the system
-void choose(int32_t row, const std::string &leaf);        // a box for files: OK with that
-void pickcolour(int32_t control, const std::string &rgb); // "200 100 50": the box it opens, OK
-void pickfont(int32_t control, const std::string &points);
-void fresh(int32_t, const std::string &);     // everything as at a first start
-void nextstart(int32_t, const std::string &); // reads what a start reads: choices, default grid
+// The hands. With the mouse the number is what is held, or a row or a control.
+doing click;           // cells, one after the other
+doing drag;            // through cells
+doing twitch;          // a cell, pressed, moved a little, let go
+doing pick;            // a row of the solutions: "", right, ctrl, double
+doing pickword;        // a row in an editor's or spell check's list
+doing press;           // a control: "", right; high, low for arrows
+doing fill, type, key; // a field anew; letters; a key, so many times
+doing menu;            // a command by the keys; a dictionary's name
+doing command;         // as a message, for preparation
+doing split;           // drags the gap between the panes there, in thousandths
+doing drop;            // leaves, ONMAIN and so on
+doing searched;        // a control, pressed, and waited for its end
+doing searchend;
+doing front, aside;     // a window by its title; to the screen's corner, behind others
+doing shut;             // by its system menu
+doing resize;           // the main window: "500,400"; "max", "min", "back"
+doing wheel;            // so many notches over the list
+doing answer;           // a button, in a box of the system
+doing choose;           // a row and a leaf in a box for files, and OK
+doing pickcolour;       // a control and "200 100 50": the box it opens, OK
+doing pickfont;         // a control and points
+doing fresh, nextstart; // all as at a first start; reads what a start reads
 
 // Files, and what other programs do to them.
-void put(int32_t, const std::string &leaftext); // "words.txt cow|bee"
-void erase(int32_t, const std::string &leaf);
-void copyfile(int32_t bytes, const std::string &leaves); // "from to", cut to so many; 0 for all
-void hold(int32_t, const std::string &leaf);             // nobody else gets in, until
-void letgo(int32_t, const std::string &);
-void readonly(int32_t on, const std::string &leaf);
-void nomemory(int32_t after, const std::string &); // allocations fail, -1 for no more
+doing put, erase;  // "words.txt cow|bee"
+doing copyfile;    // "from to", cut to so many bytes; 0 for all
+doing hold, letgo; // nobody else gets in, until
+doing readonly;    // 1 or 0
+doing nomemory;    // allocations fail after so many, -1 for no more
 
 // The eyes.
-std::string title(int32_t, const std::string &);
-std::string document(int32_t, const std::string &);
-std::string cursor(int32_t, const std::string &);
-std::string mark(int32_t, const std::string &);   // "0,0 3,0", or none
-std::string marked(int32_t, const std::string &); // how many cells
-std::string listed(int32_t, const std::string &);
-std::string count(int32_t, const std::string &);    // of the solutions
-std::string selected(int32_t, const std::string &); // how many of them
-std::string lying(int32_t, const std::string &);    // how many of them lie where they say
-std::string text(int32_t control, const std::string &);
-std::string ticked(int32_t control, const std::string &);
-std::string there(int32_t control, const std::string &); // yes or no
-std::string focus(int32_t control, const std::string &); // -1: a list of words
-std::string box(int32_t, const std::string &);           // of the system: its text; none
-std::string boxthere(int32_t, const std::string &);
-std::string shown(int32_t, const std::string &title);
-std::string infront(int32_t, const std::string &);     // the front window's title
-std::string enabled(int32_t, const std::string &);     // the main window
-std::string entries(int32_t, const std::string &path); // of a menu, by positions: "2 0"
-std::string word(int32_t row, const std::string &);    // of the list of words
-std::string wordrow(int32_t, const std::string &);     // its selected row, -1
-std::string caretrow(int32_t, const std::string &);    // with the outline, -1
-std::string wordtall(int32_t where,
-                     const std::string &); // letters of ONWORDS or ONLIST: large, small
-std::string wordseen(int32_t row, const std::string &);    // the row is in view
-std::string wordink(int32_t row, const std::string &);     // black, white
-std::string outlined(int32_t row, const std::string &);    // has dots
-std::string words(int32_t, const std::string &dictionary); // in memory
-std::string kept(int32_t, const std::string &dictionary);  // in its file
-std::string inuse(int32_t, const std::string &);           // dictionaries, as the grid names them
-std::string known(int32_t, const std::string &);           // all
-std::string changed(int32_t, const std::string &);         // yes, no: words not saved
-std::string file(int32_t bytes, const std::string &leaf);  // so many of it, 0 for all; none
-std::string filesize(int32_t, const std::string &leaf);    // none
-std::string quill(int32_t, const std::string &words);      // its lines; "@leaf" is a path
-std::string value(int32_t, const std::string &name);       // of the model: see script.cpp
-std::string colour(int32_t cellat, const std::string &);   // of its middle, "ffffff"
-std::string sample(int32_t control, const std::string &);  // of its middle
-std::string inks(int32_t where, const std::string &rgb);   // dots in the grid, or a control: none,
-                                                           // some, many
-std::string framed(int32_t, const std::string &pixels);    // that is its size, within one
-std::string undrawn(int32_t, const std::string &);         // pixels that a redraw changes
-std::string repainted(int32_t where, const std::string &); // painted over, it is drawn again
-std::string scrolled(int32_t, const std::string &);        // the grid, by cells: "1,2"
-int64_t worked(); // by this program so far, in milliseconds: others may be busy too
-bool recorded(
-    bool now); // the folder of dictionaries, in the system's records; false if it can't be
-std::string layout(int32_t, const std::string &); // right: bar, list, gap and grid
+seeing title, document, cursor, mark; // of the mark the corners, "0,0 3,0", or none
+seeing marked;                        // how many cells
+seeing listed, count, selected;       // the solutions, and how many
+seeing lying;                         // how many of them lie where they say
+seeing text, ticked, there;           // of a control
+seeing focus;                         // a control has it; -1: a list of words
+seeing box, boxthere;                 // of the system: its text, or none
+seeing shown, infront, enabled;       // a title; the front one's; the main window
+seeing entries;                       // of a menu of the bar, or of one under it
+seeing word, wordrow, caretrow;       // a list of words: its row; selected, outlined row, or -1
+seeing wordtall;                      // letters of ONWORDS or ONLIST: large, small
+seeing wordseen, wordink, outlined;   // the row is in view; behind it black, white; has dots
+seeing words, kept;                   // of a dictionary, in memory and in its file
+seeing inuse, known;                  // dictionaries, as the grid names them; all
+seeing changed;                       // words not saved
+seeing file;                          // so many bytes of it, 0 for all; none
+seeing quill;                         // its lines; "@leaf" is a path
+seeing value;                         // of the model: see sights.cpp
+seeing colour, sample;                // of the middle of a cell, a control: "ffffff"
+seeing inks;             // dots of a colour in the grid, or a control: none, some, many
+seeing framed;           // that is the main window's size, within one
+seeing undrawn;          // pixels that a redraw changes
+seeing repainted;        // painted over, it is drawn again
+seeing scrolled;         // the grid, by cells: "1,2"
+seeing layout;           // right: bar, list, gap and grid
+int64_t worked();        // by this program so far, in milliseconds: others may be busy too
+bool recorded(bool now); // the folder of dictionaries in the system's records; false if it can't

@@ -170,7 +170,7 @@ TEST_CASE("a command in the middle of a search ends it first")
         {drag, "0,0 4,4"}, {press, BARSOLVE}, {there, BARSTOP, "yes"},
         {menu, COMMANDUPPERCASE}, {there, BARSOLVE, "yes"}, {count, "0"}, {mark, "none"},
         {undrawn, "0"},
-        {entries, "2", "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
+        {entries, MENUATGRID, "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
     });
 }
 

@@ -155,6 +155,24 @@ BOOL CALLBACK ownsbelow(HWND h, LPARAM word)
            (EnumChildWindows(h, owns, word), !reinterpret_cast<topsearch *>(word)->found);
 }
 
+// The main window once nothing is left to paint and the screen shows all that was painted:
+// two looks at it are the same.
+drivepicture settledlook(UINT how)
+{
+    ask([&] {
+        RedrawWindow(handle(mainwindow), nullptr, nullptr, how | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        return "";
+    });
+    drivepicture last, now = drivelook(mainwindow);
+    drivewait([&] {
+        drivepause(0);
+        last = now;
+        now = drivelook(mainwindow);
+        return !drivediffer(last, now);
+    });
+    return now;
+}
+
 } // namespace
 
 window ownerof(int32_t control)
@@ -325,21 +343,21 @@ std::string enabled(int32_t, const std::string &)
 
 // They are as the program makes them when the menu opens: "!" stands before those that
 // are grey, "+" before ticked ones.
-std::string entries(int32_t, const std::string &path)
+std::string entries(int32_t of, const std::string &)
 {
-    HMENU shownmenu = GetMenu(handle(mainwindow));
-    std::istringstream in(path);
+    int bar = of % UNDER, entry = of / UNDER - 1;
+    HMENU shownmenu = GetSubMenu(GetMenu(handle(mainwindow)), bar);
     drivemove(2, 2); // an entry under the pointer would be chosen
     drivekey(VK_MENU);
-    int at, level = 0;
-    for (; in >> at; shownmenu = GetSubMenu(shownmenu, at), level++) {
-        int down = 0;
-        for (int i = 0; i < at; i++)
-            down += level == 0 ||
-                    GetMenuState(shownmenu, static_cast<UINT>(i), MF_BYPOSITION) != MF_SEPARATOR;
-        for (; down; down--)
-            drivekey(level ? VK_DOWN : VK_RIGHT);
-        drivekey(level ? VK_RIGHT : VK_DOWN);
+    for (int i = 0; i < bar; i++)
+        drivekey(VK_RIGHT);
+    drivekey(VK_DOWN);
+    for (int i = 0; i < entry; i++)
+        if (GetMenuState(shownmenu, static_cast<UINT>(i), MF_BYPOSITION) != MF_SEPARATOR)
+            drivekey(VK_DOWN);
+    if (entry >= 0) {
+        drivekey(VK_RIGHT);
+        shownmenu = GetSubMenu(shownmenu, entry);
     }
     std::string all;
     for (int i = 0; i < GetMenuItemCount(shownmenu); i++) {
@@ -348,9 +366,8 @@ std::string entries(int32_t, const std::string &path)
         std::string plain = std::string(name).substr(0, std::string(name).find('\t'));
         std::erase(plain, '&');
         UINT state = GetMenuState(shownmenu, static_cast<UINT>(i), MF_BYPOSITION);
-        if (plain.empty()) continue;
-        add(&all,
-            (state & MF_GRAYED ? "!" : "") + std::string(state & MF_CHECKED ? "+" : "") + plain);
+        const char *sign = state & MF_GRAYED ? "!" : state & MF_CHECKED ? "+" : "";
+        if (!plain.empty()) add(&all, sign + plain);
     }
     for (int tries = 0; inmenus() && tries < 8; tries++)
         drivekey(VK_ESCAPE);
@@ -461,13 +478,6 @@ std::string file(int32_t bytes, const std::string &leaf)
     return joined(bytes ? whole.substr(0, static_cast<size_t>(bytes)) : whole, '|');
 }
 
-std::string filesize(int32_t, const std::string &leaf)
-{
-    std::error_code none;
-    auto bytes = std::filesystem::file_size(place(leaf), none);
-    return none ? "none" : number(static_cast<int64_t>(bytes));
-}
-
 std::string quill(int32_t, const std::string &named)
 {
     char self[MAX_PATH];
@@ -575,14 +585,14 @@ std::string framed(int32_t, const std::string &pixels)
     return yes(std::abs(r.right - r.left - width) <= 1 && std::abs(r.bottom - r.top - height) <= 1);
 }
 
+// A redraw heals what it finds: the first answer holds.
 std::string undrawn(int32_t, const std::string &)
 {
     drivemove(2, 2); // the pointer is in no picture
-    drivepicture before = drivelook(mainwindow);
-    RedrawWindow(handle(mainwindow), nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-    drivepause(0);
-    return number(drivediffer(before, drivelook(mainwindow)));
+    drivepicture before = settledlook(0);
+    drivepicture after = settledlook(RDW_INVALIDATE | RDW_ERASE);
+    decide();
+    return number(drivediffer(before, after));
 }
 
 std::string repainted(int32_t where, const std::string &)

@@ -174,38 +174,29 @@ TEST_CASE(
 // Words come in from a list, are edited, checked against a grid, kept or not, and found
 // again by a program that is started afresh; what was kept is read by quill.
 
-namespace
-{
-
-// "mine", from a list with a word too many and one too few.
-void listedit()
+TEST_CASE("words that a setter keeps are in the file, in the grid's check and in the next start")
 {
     play({
         {dictionaries, ""}, {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
         {type, "mine"}, {key, VK_RETURN}, {known, "mine"},
         {menu, COMMANDEDITDICT, "mine"}, {text, EDITCOUNT, "0"},
+        // a word too many and one too few
         {put, "list.txt house|HORSE|words of old|mouse||cat"}, {pickword, 0, "right"},
         {key, VK_DOWN}, {key, VK_RETURN}, {choose, 0, "list.txt"}, {text, EDITCOUNT, "5"},
         {fill, EDITWORD, "stable"}, {key, VK_RETURN}, {fill, EDITWORD, "wordsofold"},
         {press, EDITDELETE}, {pickword, 0}, {text, EDITWORD, "cat"},
         {press, EDITDELETE}, {text, EDITCOUNT, "4"},
-    });
-}
-
-} // namespace
-
-TEST_CASE("words that a setter keeps are in the file, in the grid's check and in the next start")
-{
-    listedit();
-    play({
         {press, EDITOK}, {quill, "dict words @mine.dic", "Horse|house|mouse|stable"}, {inuse, ""},
         {menu, COMMANDLOADDICT, "mine"}, {inuse, "mine"},
         {another, "....#/#####"}, {click, "0,0"}, {type, "h"}, {key, VK_RIGHT},
         {another, "hose#/#####"}, {menu, COMMANDSPELLCHECK}, {text, CHECKFIELD, "hose"},
         {pickword, 0}, {text, CHECKFIELD, "Horse"},
         {fill, CHECKFIELD, "hosepipe"}, {press, CHECKADD}, {press, CHECKCONTINUE},
-        {text, QUESTIONTEXT, ASKED},
-        {press, QUESTIONYES}, // it was the only word
+        {text, QUESTIONTEXT, ASKED}, {press, QUESTIONNO}, // it was the only word
+        {quill, "dict words @mine.dic", "Horse|house|mouse|stable"},
+        {menu, COMMANDSPELLCHECK}, {text, CHECKFIELD, "hose"}, // it is asked about again
+        {fill, CHECKFIELD, "hosepipe"}, {press, CHECKADD}, {press, CHECKCONTINUE},
+        {text, QUESTIONTEXT, ASKED}, {press, QUESTIONYES},
         {quill, "dict words @mine.dic", "Horse|hosepipe|house|mouse|stable"},
         {nextstart}, {menu, COMMANDEDITDICT, "mine"}, {text, EDITCOUNT, "5"},
         {type, "hosepipe"}, {wordrow, "1"},
@@ -232,31 +223,4 @@ TEST_CASE("words that a setter keeps are in the file, in the grid's check and in
     CHECK(programquit(p));
     CHECK(programstatus(p) == 0);
     recorded(false);
-}
-
-TEST_CASE(
-    "words that a setter doesn't keep are nowhere, with the editor's Cancel and the check's No")
-{
-    listedit();
-    play({
-        {press, DIALOGCANCEL}, {quill, "dict words @mine.dic", ""},
-        {menu, COMMANDEDITDICT, "mine"}, {text, EDITCOUNT, "0"},
-        {fill, EDITWORD, "house"}, {press, EDITADD}, {press, EDITOK},
-        {menu, COMMANDLOADDICT, "mine"}, {another, "hose#/#####"}, {menu, COMMANDSPELLCHECK},
-        {press, CHECKADD}, {press, CHECKCLOSE}, {text, QUESTIONTEXT, ASKED},
-        {press, QUESTIONNO}, {quill, "dict words @mine.dic", "house"},
-        {menu, COMMANDSPELLCHECK}, // it is asked about again
-        {text, CHECKFIELD, "hose"},
-        {key, VK_ESCAPE}, {infront, "Quillmere"},
-        // Those of windows that were closed by their boxes wait in memory for the next answer.
-        {menu, COMMANDEDITDICT, "mine"}, {infront, "Edit (mine)"},
-        {fill, EDITWORD, "mouse"}, {key, VK_RETURN}, {key, ALT | VK_F4}, {kept, "mine", "house"},
-        {menu, COMMANDSPELLCHECK}, {press, CHECKADD}, {key, ALT | VK_F4},
-        {text, QUESTIONTEXT, ASKED},
-        {press, QUESTIONYES}, {quill, "dict words @mine.dic", "hose|house|mouse"},
-        {menu, COMMANDEDITDICT, "mine"}, {infront, "Edit (mine)"},
-        {fill, EDITWORD, "more"}, {key, VK_RETURN}, {key, ALT | VK_F4}, {changed, "yes"},
-        {menu, COMMANDDELETEDICT, "mine"}, // takes them and the file at once
-        {file, "mine.dic", "none"}, {known, ""}, {changed, "no"},
-    });
 }

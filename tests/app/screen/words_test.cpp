@@ -118,6 +118,10 @@ TEST_CASE("OK saves, Cancel and Escape read again, and the frame decides nothing
         {press, EDITOK}, {shown, "Edit (mine)", "no"}, {changed, "no"}, {kept, "mine", "ant bee"},
         {menu, COMMANDEDITDICT, "mine"}, {erase, "mine.dic"}, {press, EDITOK}, // nothing to write
         {shown, "Edit (mine)", "no"}, {file, "mine.dic", "none"},
+        // A dictionary that goes takes its changes along.
+        {menu, COMMANDEDITDICT, "other"}, {infront, "Edit (other)"},
+        {fill, EDITWORD, "more"}, {key, VK_RETURN}, {key, ALT | VK_F4}, {changed, "yes"},
+        {menu, COMMANDDELETEDICT, "other"}, {file, "other.dic", "none"}, {changed, "no"},
     });
 }
 
