@@ -5,11 +5,8 @@
 #include "resources/identifiers.h"
 #include "tests/app/random/random.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <atomic>
-#include <cstring>
 #include <thread>
 
 uint32_t searchesstopped, fileschosen;
@@ -28,21 +25,9 @@ std::atomic<DWORD> begun; // when the step began, 0 between steps
 DWORD programthread;
 std::thread hand, watch;
 
-HWND handle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
-
-bool ofclass(HWND h, const char *wanted)
-{
-    char name[64] = "";
-    GetClassNameA(h, name, sizeof name);
-    return !std::strcmp(name, wanted);
-}
-
 BOOL CALLBACK boxfound(HWND h, LPARAM word)
 {
-    if (!IsWindowVisible(h) || !IsWindowEnabled(h) || !ofclass(h, "#32770")) return TRUE;
+    if (!IsWindowVisible(h) || !IsWindowEnabled(h) || !classis(h, "#32770")) return TRUE;
     *reinterpret_cast<HWND *>(word) = h;
     return FALSE;
 }
@@ -60,11 +45,6 @@ void press(HWND box, int button)
 {
     PostMessageA(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
-}
-
-window word(HWND h)
-{
-    return reinterpret_cast<window>(h);
 }
 
 void click(HWND control)
@@ -123,18 +103,10 @@ void filesanswer(HWND box, int tries)
     Sleep(150);
 }
 
-BOOL CALLBACK childadd(HWND h, LPARAM word)
-{
-    if (IsWindowVisible(h) && IsWindowEnabled(h))
-        reinterpret_cast<std::vector<HWND> *>(word)->push_back(h);
-    return TRUE;
-}
-
 // A colour or a font is chosen by anything that the box has.
 void choiceanswer(HWND box, int tries)
 {
-    std::vector<HWND> children;
-    EnumChildWindows(box, childadd, reinterpret_cast<LPARAM>(&children));
+    std::vector<HWND> children = controls(word(box));
     if (tries >= BOXPLAY || children.empty() || chance(otherdice, 25)) {
         bool ok = tries < 2 * BOXPLAY && chance(otherdice, 70);
         note("  the box \"%s\": %s", drivetext(word(box)).c_str(), ok ? "OK" : "Cancel");
@@ -143,7 +115,7 @@ void choiceanswer(HWND box, int tries)
     }
     HWND child = pick(otherdice, children);
     note("  the box \"%s\": control %d", drivetext(word(box)).c_str(), GetDlgCtrlID(child));
-    if (ofclass(child, "Edit") || ofclass(child, "ComboBox")) {
+    if (classis(child, "Edit") || classis(child, "ComboBox")) {
         click(child);
         static const char *const typed[] = {"0", "-7", "12", "72", "2000", "999999", "abc", ""};
         drivekey('A', DRIVECTRL);
@@ -279,11 +251,9 @@ void holdend()
 // The program's own questions wait for their answer in the poll.
 void questionplay()
 {
-    constexpr int QUESTION = 12; // the text, which no other window has
     std::vector<window> tops = topwindows();
-    std::vector<HWND> children;
-    if (tops.empty() || !drivecontrol(tops[0], QUESTION)) return;
-    EnumChildWindows(handle(tops[0]), childadd, reinterpret_cast<LPARAM>(&children));
+    if (tops.empty() || !drivecontrol(tops[0], QUESTIONTEXT)) return;
+    std::vector<HWND> children = controls(tops[0]);
     if (children.empty()) return;
     HWND child = pick(otherdice, children);
     note("  \"%s\" waits: control %d", drivetext(tops[0]).c_str(), GetDlgCtrlID(child));

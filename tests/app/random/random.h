@@ -16,6 +16,8 @@
 #include "desktop/events.h"
 #include "tests/support/driver.h"
 
+#include <windows.h>
+
 #include <cstdint>
 #include <random>
 #include <string>
@@ -50,6 +52,18 @@ std::string scratchfile(const std::string &leaf);
 void scratchfill(); // files to drop, and the dictionaries as they were
 std::string droppable(dice &from);
 std::string typedname(dice &from); // good, bad, taken, long
+
+// Windows as the system names them; any thread.
+inline HWND handle(window w)
+{
+    return reinterpret_cast<HWND>(w);
+}
+inline window word(HWND h)
+{
+    return reinterpret_cast<window>(h);
+}
+bool classis(HWND h, const char *wanted);
+std::vector<HWND> controls(window top); // visible and enabled, below it at any depth
 
 // One step of this thread.
 void steprandom();

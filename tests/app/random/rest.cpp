@@ -120,25 +120,9 @@ void clipboardempty()
     CloseClipboard();
 }
 
-void same(const char *what, int32_t now, int32_t before)
-{
-    if (now != before)
-        fault("%s are left behind: %d, and at first %d", what, static_cast<int>(now),
-              static_cast<int>(before));
-}
-
 void bounded(const char *what, uint32_t now, uint32_t before, uint32_t slack)
 {
     if (now > before + slack) fault("%s grow: %u, and at first %u", what, now, before);
-}
-
-void windowsnote()
-{
-    for (const wdata *record = wdatas; record; record = record->next) {
-        HWND h = reinterpret_cast<HWND>(record->handle);
-        note("    window \"%s\", shown %d, enabled %d", drivetext(record->handle).c_str(),
-             IsWindowVisible(h), IsWindowEnabled(h));
-    }
 }
 
 void systemcompare(const drivecounts &now)
@@ -196,14 +180,22 @@ void rest()
                 static_cast<int>(now.windows), now.system.gdiobjects, now.system.userobjects,
                 now.system.handles);
     std::fflush(stdout);
-    windowsnote();
-    same("windows", now.windows, first.windows);
-    same("blocks", now.flexblocks, first.flexblocks);
-    same("handlers", now.handlers, first.handlers);
-    same("null handlers", now.nulls, first.nulls);
-    same("timed calls", now.timers, first.timers);
-    same("levels of the poll", now.nesting, first.nesting);
-    same("boxes", now.boxes, first.boxes);
+    const struct {
+        const char *what;
+        int32_t now, before;
+    } counts[] = {
+        {"windows", now.windows, first.windows},
+        {"blocks", now.flexblocks, first.flexblocks},
+        {"handlers", now.handlers, first.handlers},
+        {"null handlers", now.nulls, first.nulls},
+        {"timed calls", now.timers, first.timers},
+        {"boxes", now.boxes, first.boxes},
+        {"levels of the poll", now.nesting, first.nesting},
+    };
+    for (const auto &[what, is, was] : counts)
+        if (is != was)
+            fault("%s are left behind: %d, and at first %d", what, static_cast<int>(is),
+                  static_cast<int>(was));
     if (mousestate() != MOUSEIDLE) fault("a press or a drag goes on");
     systemcompare(now.system);
 }

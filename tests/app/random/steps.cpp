@@ -15,8 +15,6 @@
 #include "resources/identifiers.h"
 #include "tests/app/random/random.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -27,23 +25,6 @@ namespace
 {
 
 const DWORD programthread = GetCurrentThreadId();
-
-HWND handle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
-
-window word(HWND h)
-{
-    return reinterpret_cast<window>(h);
-}
-
-bool classis(HWND h, const char *wanted)
-{
-    char name[64] = "";
-    GetClassNameA(h, name, sizeof name);
-    return !std::strcmp(name, wanted);
-}
 
 BOOL CALLBACK topadd(HWND h, LPARAM list)
 {
@@ -57,13 +38,6 @@ BOOL CALLBACK childadd(HWND h, LPARAM list)
     if (IsWindowVisible(h) && IsWindowEnabled(h))
         reinterpret_cast<std::vector<HWND> *>(list)->push_back(h);
     return TRUE;
-}
-
-std::vector<HWND> controls(window top)
-{
-    std::vector<HWND> found;
-    EnumChildWindows(handle(top), childadd, reinterpret_cast<LPARAM>(&found));
-    return found;
 }
 
 int held(dice &from)
@@ -206,32 +180,17 @@ void commandgive(int32_t id)
     drivepump();
 }
 
+// Any of the bar's; the dictionaries have a step of their own.
 void command()
 {
-    static const int32_t ids[] = {COMMANDNEWGRID,
-                                  COMMANDNEWWORDS,
-                                  COMMANDOPEN,
-                                  COMMANDSAVE,
-                                  COMMANDSAVEAS,
-                                  COMMANDSAVECLUES,
-                                  COMMANDSAVEDEFAULT,
-                                  COMMANDEXIT,
-                                  COMMANDSPELLCHECK,
-                                  COMMANDNEWDICT,
-                                  COMMANDCROSSWORD,
-                                  COMMANDWORDSQUARE,
-                                  COMMANDSIZE,
-                                  COMMANDREFLECTVERTICAL,
-                                  COMMANDREFLECTHORIZONTAL,
-                                  COMMANDREFLECTRISING,
-                                  COMMANDREFLECTFALLING,
-                                  COMMANDUPPERCASE,
-                                  COMMANDLOWERCASE,
-                                  COMMANDCUSTOMISE,
-                                  COMMANDCHOICES,
-                                  COMMANDHELP,
-                                  COMMANDABOUT};
-    commandgive(pick(firstdice, ids));
+    HMENU in = GetMenu(handle(mainwindow));
+    UINT id = static_cast<UINT>(-1); // of what opens a menu
+    while (in && id == static_cast<UINT>(-1)) {
+        int at = roll(firstdice, std::max(GetMenuItemCount(in), 1));
+        id = GetMenuItemID(in, at);
+        in = GetSubMenu(in, at);
+    }
+    if (id < DICTMENUFIRST || id >= DICTMENUFIRST + MAXDICTS) commandgive(static_cast<int32_t>(id));
 }
 
 void kindcommand()
@@ -499,6 +458,20 @@ void comeback()
 }
 
 } // namespace
+
+bool classis(HWND h, const char *wanted)
+{
+    char name[64] = "";
+    GetClassNameA(h, name, sizeof name);
+    return !std::strcmp(name, wanted);
+}
+
+std::vector<HWND> controls(window top)
+{
+    std::vector<HWND> found;
+    EnumChildWindows(handle(top), childadd, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
 
 std::vector<window> topwindows()
 {
