@@ -199,7 +199,6 @@ void setting(int32_t number, const std::string &name)
         if (name == "directions") grid.filldirections = number;
         if (name == "kind") grid.kind = number;
         if (name == "limit") solutions.maxsolutions = number;
-        if (name == "show") grid.showsolutions = number;
         if (name == "cursor") grid.cursorx = number / 1000, grid.cursory = number % 1000;
         gridredraw();
         return static_cast<errorblock *>(nullptr);

@@ -221,15 +221,3 @@ TEST_CASE("a dropped grid brings its window size along; what is no grid is told 
         {title, "Quillmere - words.txt"},
     });
 }
-
-TEST_CASE("an edited grid is asked about before the program ends")
-{
-    const char *asked = "Grid edited and not saved. Continue?";
-    play({
-        {crossword, "..."}, {click, "0,0"}, {type, "a"}, {key, ALT | VK_F4}, {box, asked},
-        {answer, IDNO}, {document, "a.."}, {title, "Quillmere*"},
-        {shut, "Quillmere*"}, {box, asked},
-        {answer, IDNO}, {menu, COMMANDEXIT}, {box, asked},
-        {type, "n"}, {box, "none"}, {title, "Quillmere*"},
-    });
-}

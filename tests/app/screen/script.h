@@ -112,7 +112,7 @@ inline const std::string WORDS = "words: act art bat cat cot ease incomprehensib
 doing crossword, square, dictionaries, large;
 bool largehere(); // false with a visible skip
 doing another;    // another document, dictionaries as they are
-doing setting;    // so much, of: minimum, limit, kind, directions, show, cursor
+doing setting;    // so much, of: minimum, limit, kind, directions, cursor
 
 // The hands. With the mouse the number is what is held, or a row or a control.
 doing click;           // cells, one after the other

@@ -513,7 +513,6 @@ std::string value(int32_t, const std::string &name)
         {"show", grid.showsolutions},
         {"directions", grid.filldirections},
         {"slots", solutions.slotcount},
-        {"row", solutions.rowheight},
         {"unsaved", gridsunsaved()},
     };
     for (const auto &one : values)
