@@ -35,7 +35,7 @@ namespace
 constexpr const char *HELPFILE =
     "<HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\"
     "Quillmere.exe\\Path>\\Quillmere.chm>";
-constexpr int32_t ABOUTVERSION = 220;
+constexpr int32_t ABOUTVERSION = VERSIONMAJOR * 100 + VERSIONMINOR;
 constexpr const char *ABOUTDATE = "(26-June-2012)";
 
 errorblock *programexit()
