@@ -5,6 +5,7 @@
 #include "desktop/mouse.h"
 #include "desktop/press.h"
 #include "desktop/validation.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <cstring>
 
@@ -66,7 +67,7 @@ answer created(HWND control, UINT, WPARAM, LPARAM lparam)
 answer destroyed(HWND control, UINT, WPARAM, LPARAM)
 {
     KillTimer(control, 1);
-    pressgone(reinterpret_cast<window>(control));
+    pressgone(windowof(control));
     return SYSTEM;
 }
 

@@ -7,17 +7,13 @@
 #include "desktop/validation.h"
 #include "desktop/win32/abx.h"
 #include "desktop/windows.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windowsx.h>
 
-static HWND handle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
-
 static window parentof(HWND control)
 {
-    return reinterpret_cast<window>(GetParent(control));
+    return windowof(GetParent(control));
 }
 
 // As an event of the parent has it.
@@ -33,28 +29,28 @@ static mouserecord recordof(HWND control, int32_t buttons)
 
 void presslook(window control, bool pressed)
 {
-    abxchange(handle(control), CONTROLPRESSED, pressed); // before a click begins some work
+    abxchange(systemwindow(control), CONTROLPRESSED, pressed); // before a click begins some work
 }
 
 void presscapture(window control, bool on)
 {
     if (on)
-        SetCapture(handle(control));
-    else if (GetCapture() == handle(control))
+        SetCapture(systemwindow(control));
+    else if (GetCapture() == systemwindow(control))
         ReleaseCapture();
 }
 
 void presstimer(window control, bool on)
 {
     if (on)
-        SetTimer(handle(control), 1, PRESSTICK, nullptr);
+        SetTimer(systemwindow(control), 1, PRESSTICK, nullptr);
     else
-        KillTimer(handle(control), 1);
+        KillTimer(systemwindow(control), 1);
 }
 
 void pressclick(window control, int32_t buttons)
 {
-    mouserecord mouse = recordof(handle(control), buttons);
+    mouserecord mouse = recordof(systemwindow(control), buttons);
     clickdeliver(mouse.window, &mouse);
 }
 
@@ -80,7 +76,7 @@ static void moved(HWND control, LPARAM lparam)
     // The system also tells of the pointer when windows have moved under it.
     bool really = lparam != place;
     place = lparam;
-    if (really) pressmove(reinterpret_cast<window>(control), inside(control, lparam));
+    if (really) pressmove(windowof(control), inside(control, lparam));
     if (IsWindow(control)) movedeliver(control); // a drag may have ended it
 }
 
@@ -95,7 +91,7 @@ static bool pointerover(HWND control)
 static void panefocus(HWND pane)
 {
     uint32_t flags = 0;
-    if (getflags(reinterpret_cast<window>(pane), &flags) || !(flags & WINDOWPANE)) return;
+    if (getflags(windowof(pane), &flags) || !(flags & WINDOWPANE)) return;
     if (GetFocus() == pane) SetFocus(GetParent(pane));
 }
 
@@ -107,13 +103,12 @@ static void pressed(HWND control, UINT message)
     bool left = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
     bool twice = message == WM_LBUTTONDBLCLK || message == WM_RBUTTONDBLCLK;
     if (!twice) panefocus(GetParent(control));
-    (twice ? pressdouble : pressdown)(reinterpret_cast<window>(control),
-                                      left ? BUTTONLEFT : BUTTONRIGHT, codes);
+    (twice ? pressdouble : pressdown)(windowof(control), left ? BUTTONLEFT : BUTTONRIGHT, codes);
 }
 
 void abxmouse(HWND control, UINT message, WPARAM, LPARAM lparam)
 {
-    window self = reinterpret_cast<window>(control);
+    window self = windowof(control);
     switch (message) {
     case WM_MOUSEMOVE:
         moved(control, lparam);

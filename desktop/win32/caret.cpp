@@ -4,6 +4,7 @@
 #include "desktop/icons.h"
 #include "desktop/poll.h"
 #include "desktop/win32/iconhandle.h"
+#include "graphics/win32/windowhandle.h"
 
 // Its answer is the old focus, which may be nothing: what counts is the new.
 static errorblock *focusto(HWND control)
@@ -15,7 +16,7 @@ static errorblock *focusto(HWND control)
 
 errorblock *focuswindow(window w)
 {
-    return focusto(reinterpret_cast<HWND>(w));
+    return focusto(systemwindow(w));
 }
 
 errorblock *focusicon(window w, int32_t icon)
@@ -27,7 +28,7 @@ errorblock *focusicon(window w, int32_t icon)
 
 errorblock *focusnext(window w, window from, int back)
 {
-    HWND control = GetNextDlgTabItem(reinterpret_cast<HWND>(w), reinterpret_cast<HWND>(from), back);
+    HWND control = GetNextDlgTabItem(systemwindow(w), systemwindow(from), back);
     if (!control) return nullptr;
     if (SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL)
         SendMessageA(control, EM_SETSEL, 0, -1);
@@ -94,13 +95,13 @@ errorblock *getcaret(caretrecord *caret)
 {
     *caret = {-1, -1, -1, -1};
     HWND focused = GetFocus();
-    window around = focused ? polltarget(reinterpret_cast<window>(focused)) : 0;
+    window around = focused ? polltarget(windowof(focused)) : 0;
     if (!around) return nullptr;
     caret->self = around;
-    if (reinterpret_cast<window>(focused) == around) return nullptr;
+    if (windowof(focused) == around) return nullptr;
 
     // The icon is what stands in the window itself, whatever is inside that.
-    while (reinterpret_cast<window>(GetParent(focused)) != around)
+    while (windowof(GetParent(focused)) != around)
         focused = GetParent(focused);
     caret->icon = GetDlgCtrlID(focused);
     selectionof(focused, &caret->start, &caret->end);

@@ -7,6 +7,7 @@
 #include "desktop/handlers.h"
 #include "desktop/win32/clipboardmessages.h"
 #include "desktop/win32/clipboardservice.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <objbase.h>
 
@@ -185,8 +186,7 @@ static void renderall()
 
 bool clipboardmessage(const systemmessage *message)
 {
-    if (!clipboard.hidden || message->window != reinterpret_cast<window>(clipboard.hidden))
-        return false;
+    if (!clipboard.hidden || message->window != windowof(clipboard.hidden)) return false;
     switch (message->message) {
     case WM_RENDERFORMAT:
         reporterror(renderformat(static_cast<int32_t>(message->wparam)));

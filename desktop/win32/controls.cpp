@@ -5,6 +5,7 @@
 #include "desktop/keys.h"
 #include "desktop/mouse.h"
 #include "desktop/poll.h"
+#include "graphics/win32/windowhandle.h"
 
 static bool clicked(window self, int32_t icon)
 {
@@ -46,7 +47,7 @@ static bool navigated(window self, int32_t identifier)
 
 bool controlcommand(HWND handle, WPARAM wparam, LPARAM lparam)
 {
-    window self = reinterpret_cast<window>(handle);
+    window self = windowof(handle);
     int32_t icon = LOWORD(wparam);
     int32_t code = HIWORD(wparam);
     if (!lparam) return code == 0 && navigated(self, icon);

@@ -9,6 +9,7 @@
 #include "desktop/win32/ddemessages.h"
 #include "desktop/win32/ddeservice.h"
 #include "desktop/windows.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <dde.h>
 
@@ -31,7 +32,7 @@ errorblock *ddestart(const char *name)
     dde.hidden = CreateWindowExA(0, "Task", "osdde", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
                                  GetModuleHandleA(nullptr), nullptr);
     if (!dde.hidden) return syserr("CreateWindowEx");
-    err = setflags(reinterpret_cast<window>(dde.hidden), WINDOWDDE, 0);
+    err = setflags(windowof(dde.hidden), WINDOWDDE, 0);
     if (!err) err = addbroadcasthandler(quit, BROADCASTQUIT);
     if (err) {
         kepterror kept = keeperror(err);
@@ -145,7 +146,7 @@ static bool isofwindow(const ddeconversation *conversation, window w)
 
 static bool isdead(const ddeconversation *conversation, window)
 {
-    return !IsWindow(ddehandle(ddepartner(conversation)));
+    return !IsWindow(systemwindow(ddepartner(conversation)));
 }
 
 static bool isany(const ddeconversation *, window)
@@ -156,7 +157,7 @@ static bool isany(const ddeconversation *, window)
 void ddewindowgone(window w)
 {
     finishall(isofwindow, w);
-    if (w == reinterpret_cast<window>(dde.hidden)) dde.hidden = nullptr;
+    if (w == windowof(dde.hidden)) dde.hidden = nullptr;
 }
 
 void ddesweep()
@@ -172,7 +173,7 @@ errorblock *ddeend()
     HWND hidden = dde.hidden;
     dde.hidden = nullptr;
     dde.callback = nullptr;
-    return hidden ? deletewindow(reinterpret_cast<window>(hidden)) : nullptr;
+    return hidden ? deletewindow(windowof(hidden)) : nullptr;
 }
 
 // A partner that is there answers, and until then its word must not be taken for
@@ -236,7 +237,7 @@ bool ddemessage(const systemmessage *message, intptr_t *result)
         ddeinitiate(message->window, partner, app, topic);
         return true;
     }
-    if (message->message == WM_DDE_ACK && ddehandle(message->window) == dde.opening) {
+    if (message->message == WM_DDE_ACK && systemwindow(message->window) == dde.opening) {
         ddeanswered(message->window, partner, app, topic);
         return true;
     }

@@ -6,6 +6,7 @@
 #include "base/platform.h"
 #include "base/syserr.h"
 #include "base/trace.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <dde.h>
 
@@ -18,7 +19,7 @@ void ddeanswered(window w, window server, ATOM app, ATOM topic)
 {
     GlobalDeleteAtom(app);
     GlobalDeleteAtom(topic);
-    if (!IsWindow(ddehandle(server)) || ddefind(w, server)) return; // the same, twice
+    if (!IsWindow(systemwindow(server)) || ddefind(w, server)) return; // the same, twice
     ddeconversation *made = nullptr;
     errorblock *err = ddenew(server, w, DDEOURS, nullptr, 0, &made);
     reporterror(err);
@@ -39,7 +40,7 @@ static void ask(window w, const char *topic, const char *app)
 {
     trace("ddesend init");
     ATOM appatom = atomof(app), topicatom = atomof(topic);
-    dde.opening = ddehandle(w);
+    dde.opening = systemwindow(w);
     SendMessageTimeoutA(HWND_BROADCAST, WM_DDE_INITIATE, static_cast<WPARAM>(w),
                         MAKELPARAM(appatom, topicatom), SMTO_ABORTIFHUNG, PATIENCE, nullptr);
     dde.opening = nullptr;

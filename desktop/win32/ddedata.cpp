@@ -4,6 +4,7 @@
 #include "base/flex.h"
 #include "base/syserr.h"
 #include "base/trace.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <dde.h>
 
@@ -20,8 +21,8 @@ static_assert(sizeof(dataheader) == HEADERSIZE);
 
 bool ddepost(window to, UINT message, window from, LPARAM parameter)
 {
-    if (IsWindow(ddehandle(to)))
-        return PostMessageA(ddehandle(to), message, static_cast<WPARAM>(from), parameter);
+    if (IsWindow(systemwindow(to)))
+        return PostMessageA(systemwindow(to), message, static_cast<WPARAM>(from), parameter);
     SetLastError(ERROR_INVALID_WINDOW_HANDLE);
     return false;
 }

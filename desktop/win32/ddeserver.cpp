@@ -7,6 +7,7 @@
 #include "base/trace.h"
 #include "desktop/ddecommand.h"
 #include "desktop/windows.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <dde.h>
 
@@ -32,7 +33,7 @@ static void acknowledge(window w, window client)
 {
     trace("+ve ack client %x wnd %x", static_cast<unsigned>(client), static_cast<unsigned>(w));
     ATOM app = GlobalAddAtomA(dde.name), topic = GlobalAddAtomA("system");
-    SendMessageTimeoutA(ddehandle(client), WM_DDE_ACK, static_cast<WPARAM>(w),
+    SendMessageTimeoutA(systemwindow(client), WM_DDE_ACK, static_cast<WPARAM>(w),
                         MAKELPARAM(app, topic), SMTO_ABORTIFHUNG, PATIENCE, nullptr);
 }
 
@@ -52,7 +53,7 @@ void ddeinitiate(window w, window client, ATOM app, ATOM topic)
 {
     uint32_t flags = 0;
     if (getflags(w, &flags) || !(flags & WINDOWDDE)) return;
-    if (client == w || !IsWindow(ddehandle(client)) || !isforus(app, topic)) return;
+    if (client == w || !IsWindow(systemwindow(client)) || !isforus(app, topic)) return;
     ddesweep();
     acknowledge(w, client);
     if (dde.callback) begin(w, client);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/dde.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -24,11 +25,6 @@ struct ddeservice {
 };
 // Changed by dde.cpp, and the last two by ddeclient.cpp.
 extern ddeservice dde;
-
-inline HWND ddehandle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
 
 // A name of the system's, "" if it isn't there.
 void ddename(ATOM atom, char *name);

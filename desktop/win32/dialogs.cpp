@@ -5,6 +5,7 @@
 #include "desktop/templates.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -46,6 +47,6 @@ errorblock *dialogend(const dialogrecord &record)
 // The call tells what the state was, not whether it worked.
 errorblock *enablewindow(window w, int on)
 {
-    if (w) EnableWindow(reinterpret_cast<HWND>(w), on != 0);
+    if (w) EnableWindow(systemwindow(w), on);
     return nullptr;
 }

@@ -4,12 +4,13 @@
 #include "desktop/win32/pointerplace.h"
 #include "desktop/win32/procedure.h"
 #include "desktop/windows.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <shellapi.h>
 
 errorblock *setdrops(window w, bool on)
 {
-    DragAcceptFiles(reinterpret_cast<HWND>(w), on);
+    DragAcceptFiles(systemwindow(w), on);
     return nullptr;
 }
 

@@ -5,6 +5,7 @@
 #include "desktop/timed.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -13,17 +14,12 @@ static_assert(SYSTEMKEYDOWN == WM_KEYDOWN && SYSTEMSYSKEYDOWN == WM_SYSKEYDOWN &
 
 static bool wide; // changed by sourcesetwide alone
 
-static HWND handle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
-
 // What the four words leave out, the time and the pointer's place, is for those
 // who fetched the message; none of the calls below looks at it.
 static MSG messageof(const systemmessage *message)
 {
     MSG m = {};
-    m.hwnd = handle(message->window);
+    m.hwnd = systemwindow(message->window);
     m.message = static_cast<UINT>(message->message);
     m.wParam = static_cast<WPARAM>(message->wparam);
     m.lParam = message->lparam;
@@ -51,8 +47,8 @@ sourcefetched sourcefetch(bool wait, systemmessage *message)
 {
     MSG m = {};
     sourcefetched fetched = fetch(wait, &m);
-    *message = {reinterpret_cast<window>(m.hwnd), static_cast<intptr_t>(m.message),
-                static_cast<intptr_t>(m.wParam), m.lParam};
+    *message = {windowof(m.hwnd), static_cast<intptr_t>(m.message), static_cast<intptr_t>(m.wParam),
+                m.lParam};
     return fetched;
 }
 
@@ -74,7 +70,7 @@ bool sourceisours(window w)
 // The menu word of a child is its number.
 static bool hasmenu(window w)
 {
-    return !(GetWindowLongA(handle(w), GWL_STYLE) & WS_CHILD) && GetMenu(handle(w));
+    return !(GetWindowLongA(systemwindow(w), GWL_STYLE) & WS_CHILD) && GetMenu(systemwindow(w));
 }
 
 bool sourcenavigates(window w)
@@ -85,13 +81,13 @@ bool sourcenavigates(window w)
 
 window sourceparent(window w)
 {
-    return reinterpret_cast<window>(GetParent(handle(w)));
+    return windowof(GetParent(systemwindow(w)));
 }
 
 bool sourcenavigate(window target, const systemmessage *message)
 {
     MSG m = messageof(message);
-    return (wide ? IsDialogMessageW : IsDialogMessageA)(handle(target), &m);
+    return (wide ? IsDialogMessageW : IsDialogMessageA)(systemwindow(target), &m);
 }
 
 void sourcetranslate(const systemmessage *message)

@@ -6,6 +6,7 @@
 #include "base/syserr.h"
 #include "base/text.h"
 #include "desktop/loadrequest.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -50,7 +51,7 @@ static OPENFILENAMEA choicefrom(const char *path, startrecord *start, window own
     strcopyn(start->chosen, leafname(path), sizeof start->chosen);
     OPENFILENAMEA choice = {};
     choice.lStructSize = sizeof choice;
-    choice.hwndOwner = reinterpret_cast<HWND>(owner);
+    choice.hwndOwner = systemwindow(owner);
     choice.lpstrFile = start->chosen;
     choice.nMaxFile = sizeof start->chosen;
     choice.lpstrInitialDir = start->folder[0] ? start->folder : nullptr;

@@ -5,6 +5,7 @@
 #include "desktop/help.h"
 #include "desktop/keys.h"
 #include "desktop/menupath.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -26,7 +27,7 @@ static void itemasked(window w, window item)
         reporterror(helpicon(w, -1, 0));
         return;
     }
-    int32_t icon = GetDlgCtrlID(reinterpret_cast<HWND>(item));
+    int32_t icon = GetDlgCtrlID(systemwindow(item));
     reporterror(helpicon(w, icon, item));
 }
 
@@ -47,14 +48,14 @@ bool helpmessage(window w, intptr_t lparam)
     if (asked->iContextType == HELPINFO_MENUITEM)
         menuasked(asked);
     else
-        itemasked(w, reinterpret_cast<window>(asked->hItemHandle));
+        itemasked(w, windowof(static_cast<HWND>(asked->hItemHandle)));
     return true;
 }
 
 bool helpcontextmenu(window w, intptr_t wparam, intptr_t lparam)
 {
     if (wparam == w) {
-        LRESULT part = SendMessageA(reinterpret_cast<HWND>(w), WM_NCHITTEST, 0, lparam);
+        LRESULT part = SendMessageA(systemwindow(w), WM_NCHITTEST, 0, lparam);
         if (part != HTCLIENT) return false;
     }
     itemasked(w, wparam);

@@ -4,18 +4,14 @@
 #include "base/syserr.h"
 #include "base/text.h"
 #include "graphics/modeinfo.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
-
-static HWND handleof(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
 
 errorblock *helpsystemplace(window w, int32_t *x, int32_t *y)
 {
     RECT frame;
-    if (!GetWindowRect(handleof(w), &frame)) return syserr("GetWindowRect");
+    if (!GetWindowRect(systemwindow(w), &frame)) return syserr("GetWindowRect");
     *x = devtoosx(frame.left);
     *y = screentoosy(frame.top);
     return nullptr;
@@ -33,7 +29,7 @@ static HGDIOBJ fontof(HWND w)
 void helpsystemfont(window w, helpfont *font)
 {
     LOGFONTA facts = {};
-    GetObjectA(fontof(handleof(w)), sizeof facts, &facts);
+    GetObjectA(fontof(systemwindow(w)), sizeof facts, &facts);
     strcopyn(font->name, facts.lfFaceName, sizeof font->name);
     font->height = facts.lfHeight < 0 ? -facts.lfHeight : facts.lfHeight;
 }

@@ -4,6 +4,7 @@
 #include "base/platform.h"
 #include "base/syserr.h"
 #include "base/text.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -25,11 +26,6 @@ struct helptext {
     RECT margins;                    // likewise
     const char *font;
 };
-
-static HWND handleof(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
 
 // Looked for once and kept: its windows live on.
 static errorblock *helplibrary(helpcall *call)
@@ -60,7 +56,7 @@ errorblock *helpsystemtopic(window w, const char *path)
     helpcall call = nullptr;
     errorblock *err = helplibrary(&call);
     if (err || !call) return err;
-    return call(handleof(w), path, TOPIC, 0) ? nullptr : filemissing(path);
+    return call(systemwindow(w), path, TOPIC, 0) ? nullptr : filemissing(path);
 }
 
 errorblock *helpsystempopup(window w, const char *text, int32_t x, int32_t y, const char *font)
@@ -71,13 +67,14 @@ errorblock *helpsystempopup(window w, const char *text, int32_t x, int32_t y, co
     constexpr auto ANYCOLOUR = static_cast<COLORREF>(-1);
     helptext shown = {sizeof shown, nullptr,          0,   text, {x, y}, ANYCOLOUR,
                       ANYCOLOUR,    {-1, -1, -1, -1}, font};
-    call(handleof(w), nullptr, TEXTPOPUP, reinterpret_cast<DWORD_PTR>(&shown));
+    call(systemwindow(w), nullptr, TEXTPOPUP, reinterpret_cast<DWORD_PTR>(&shown));
     return nullptr;
 }
 
 errorblock *helpsystemopen(window w, const char *address)
 {
-    HINSTANCE opened = ShellExecuteA(handleof(w), "open", address, nullptr, nullptr, SW_SHOWNORMAL);
+    HINSTANCE opened =
+        ShellExecuteA(systemwindow(w), "open", address, nullptr, nullptr, SW_SHOWNORMAL);
     constexpr intptr_t FAILURES = 32; // up to this one
     return reinterpret_cast<intptr_t>(opened) > FAILURES ? nullptr
                                                          : syserr("ShellExecute", "%s", address);

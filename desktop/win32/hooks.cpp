@@ -2,6 +2,7 @@
 #include "desktop/eventsource.h"
 #include "desktop/handlers.h"
 #include "desktop/subclass.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -11,8 +12,7 @@ static LRESULT CALLBACK mousehooked(int code, WPARAM message, LPARAM parameter)
 {
     if (code == HC_ACTION) {
         auto *mouse = reinterpret_cast<const MOUSEHOOKSTRUCT *>(parameter);
-        if (hookdeliver(reinterpret_cast<window>(mouse->hwnd), parameter,
-                        static_cast<intptr_t>(message)))
+        if (hookdeliver(windowof(mouse->hwnd), parameter, static_cast<intptr_t>(message)))
             return 1; // swallowed
     }
     return CallNextHookEx(mousehook, code, message, parameter);
@@ -31,12 +31,12 @@ errorblock *sourcehook(bool on)
 
 window sourcecontrol(window w, int32_t icon)
 {
-    return reinterpret_cast<window>(GetDlgItem(reinterpret_cast<HWND>(w), icon));
+    return windowof(GetDlgItem(systemwindow(w), icon));
 }
 
 static LRESULT CALLBACK subclassprocedure(HWND control, UINT message, WPARAM wparam, LPARAM lparam)
 {
-    systemmessage m = {reinterpret_cast<window>(control), static_cast<intptr_t>(message),
+    systemmessage m = {windowof(control), static_cast<intptr_t>(message),
                        static_cast<intptr_t>(wparam), lparam};
     intptr_t result = 0, own = 0;
     if (subclassdeliver(&m, &result, &own)) return result;
@@ -46,11 +46,11 @@ static LRESULT CALLBACK subclassprocedure(HWND control, UINT message, WPARAM wpa
 
 intptr_t sourcesubclass(window control)
 {
-    return SetWindowLongPtrA(reinterpret_cast<HWND>(control), GWLP_WNDPROC,
+    return SetWindowLongPtrA(systemwindow(control), GWLP_WNDPROC,
                              reinterpret_cast<LONG_PTR>(subclassprocedure));
 }
 
 void sourceunsubclass(window control, intptr_t procedure)
 {
-    SetWindowLongPtrA(reinterpret_cast<HWND>(control), GWLP_WNDPROC, procedure);
+    SetWindowLongPtrA(systemwindow(control), GWLP_WNDPROC, procedure);
 }

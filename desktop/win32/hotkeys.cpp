@@ -4,6 +4,7 @@
 #include "base/trace.h"
 #include "desktop/dispatch.h"
 #include "desktop/keynames.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -25,7 +26,7 @@ static bool hasblock(window owner, int32_t id, int32_t key)
 
 static errorblock *take(window owner, int32_t id, int32_t code)
 {
-    return RegisterHotKey(reinterpret_cast<HWND>(owner), id, systemmodifiers(code),
+    return RegisterHotKey(systemwindow(owner), id, systemmodifiers(code),
                           static_cast<UINT>(code & 0xFF))
                ? nullptr
                : syserr("RegisterHotKey");
@@ -47,7 +48,7 @@ errorblock *remhotkeyhandler(hotkeyfunction function, window owner, int32_t id, 
 {
     bool removed = false;
     remblock(EVENTHOTKEY, key, owner, id, anyfunction(function), &removed);
-    if (removed && !hasblock(owner, id, key)) UnregisterHotKey(reinterpret_cast<HWND>(owner), id);
+    if (removed && !hasblock(owner, id, key)) UnregisterHotKey(systemwindow(owner), id);
     return nullptr;
 }
 

@@ -9,6 +9,7 @@
 #include "desktop/validation.h"
 #include "desktop/win32/abx.h"
 #include "desktop/win32/iconhandle.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <commctrl.h>
 
@@ -18,7 +19,7 @@
 errorblock *iconhandle(window w, int32_t icon, HWND *control)
 {
     SetLastError(ERROR_CONTROL_ID_NOT_FOUND); // stands where the system gives no reason
-    *control = GetDlgItem(reinterpret_cast<HWND>(w), icon);
+    *control = GetDlgItem(systemwindow(w), icon);
     return *control ? nullptr : syserr("GetDlgItem");
 }
 

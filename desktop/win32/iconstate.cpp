@@ -6,6 +6,7 @@
 #include "base/errors.h"
 #include "base/syserr.h"
 #include "graphics/modeinfo.h"
+#include "graphics/win32/windowhandle.h"
 
 errorblock *seticonselected(window w, int32_t icon, int on)
 {
@@ -76,7 +77,7 @@ errorblock *seticonstate(window w, int32_t icon, uint32_t eor, uint32_t clear)
 
 errorblock *iconbox(window w, int32_t icon, osbox *box)
 {
-    HWND control, around = reinterpret_cast<HWND>(w);
+    HWND control, around = systemwindow(w);
     RECT r;
     POINT corners[2];
     windowstaterecord state;

@@ -1,4 +1,5 @@
 #include "desktop/keynames.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -31,7 +32,7 @@ errorblock *scrollkey(window w, int32_t *code)
 {
     for (const scrollrow &row : scrollkeys)
         if (*code == (KEYPRESS | row.key)) {
-            SendMessageA(reinterpret_cast<HWND>(w), row.message, row.action, 0);
+            SendMessageA(systemwindow(w), row.message, row.action, 0);
             *code = KEYCLAIMED;
             break;
         }

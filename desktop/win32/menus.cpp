@@ -3,6 +3,7 @@
 #include "base/syserr.h"
 #include "base/trace.h"
 #include "desktop/menupath.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -119,7 +120,7 @@ errorblock *attachmenu(window w, int32_t tag)
 {
     menurow *row = wanted(tag);
     if (!row) return nullptr;
-    return SetMenu(reinterpret_cast<HWND>(w), handle(row->menu)) ? nullptr : syserr("SetMenu");
+    return SetMenu(systemwindow(w), handle(row->menu)) ? nullptr : syserr("SetMenu");
 }
 
 // A choice with the right button holds too, as this most often opens on one.
@@ -133,8 +134,7 @@ errorblock *popupmenu(window w, int32_t tag)
     GetCursorPos(&place);
     UINT flags = TPM_RIGHTBUTTON | (row->flags & 1);
     SetLastError(0);
-    return TrackPopupMenu(handle(row->menu), flags, place.x, place.y, 0, reinterpret_cast<HWND>(w),
-                          nullptr)
+    return TrackPopupMenu(handle(row->menu), flags, place.x, place.y, 0, systemwindow(w), nullptr)
                ? nullptr
                : syserr("TrackPopupMenu");
 }

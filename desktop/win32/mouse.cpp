@@ -8,6 +8,7 @@
 #include "desktop/win32/procedure.h"
 #include "desktop/windowplace.h"
 #include "graphics/modeinfo.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windowsx.h>
 
@@ -27,11 +28,6 @@ static struct {
     dragendfunction end;
     dragmovefunction move;
 } dragging;
-
-static HWND handle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
 
 int32_t mousestate()
 {
@@ -58,7 +54,7 @@ mouserecord placerecord(HWND self, POINT client)
 {
     POINT screen = client;
     ClientToScreen(self, &screen);
-    mouserecord record = {0, 0, 0, reinterpret_cast<window>(self), iconunder(self, screen)};
+    mouserecord record = {0, 0, 0, windowof(self), iconunder(self, screen)};
     placeset(&record, screen);
     return record;
 }
@@ -71,7 +67,7 @@ static POINT placeof(const taskmessage &m)
 // Whoever takes the capture away hears of it, which finds the state idle.
 static void release(window w)
 {
-    if (GetCapture() == handle(w)) ReleaseCapture();
+    if (GetCapture() == systemwindow(w)) ReleaseCapture();
 }
 
 // The state is idle before the end is told: a handler may start another drag.
@@ -99,7 +95,7 @@ void mouseend(window w)
 // The pointer's place on the screen, of a point as far as its limits let it.
 static POINT dragplace(POINT client)
 {
-    ClientToScreen(handle(mouse.dragged), &client);
+    ClientToScreen(systemwindow(mouse.dragged), &client);
     if (!mouse.limited) return client;
     const pixelbox &box = mouse.limits;
     return {std::clamp<LONG>(client.x, box.left, std::max(box.left, box.right)),
@@ -110,7 +106,7 @@ static POINT dragplace(POINT client)
 static void dragto(POINT client)
 {
     POINT place = dragplace(client);
-    ScreenToClient(handle(mouse.dragged), &place);
+    ScreenToClient(systemwindow(mouse.dragged), &place);
     dragboxmove(place.x, place.y);
 }
 
@@ -121,7 +117,7 @@ static void movestart(window w)
     constexpr WPARAM BYPOINTER = SC_MOVE | 2;
     mouse.state = MOUSEIDLE;
     ReleaseCapture();
-    SendMessageA(handle(w), WM_SYSCOMMAND, BYPOINTER, 0);
+    SendMessageA(systemwindow(w), WM_SYSCOMMAND, BYPOINTER, 0);
 }
 
 errorblock *startdrag(const dragbox *record)
@@ -135,7 +131,7 @@ errorblock *startdrag(const dragbox *record)
     mouse.limited = record->type == DRAGPOINT;
     mouse.limits = {ostodevx(record->minx), ostoscreeny(record->maxy), ostodevx(record->maxx),
                     ostoscreeny(record->miny)};
-    SetCapture(handle(record->window)); // ends another's press first
+    SetCapture(systemwindow(record->window)); // ends another's press first
     dragboxstart(record);
     mouse.state = MOUSEDRAG;
     return nullptr;
@@ -248,6 +244,6 @@ reply mousemessage(const taskmessage &m)
 // Another has taken the capture, be it the system for a switch of windows.
 reply mousecapture(const taskmessage &m)
 {
-    if (reinterpret_cast<HWND>(m.lparam) != m.handle) mouseend(m.self);
+    if (systemwindow(m.lparam) != m.handle) mouseend(m.self);
     return REPLYDONE;
 }

@@ -8,6 +8,7 @@
 #include "desktop/poll.h"
 #include "desktop/win32/procedure.h"
 #include "graphics/modeinfo.h"
+#include "graphics/win32/windowhandle.h"
 
 int32_t iconunder(HWND around, POINT screen)
 {
@@ -47,13 +48,13 @@ static bool isours(HWND under)
 // as it is too.
 static void windowset(mouserecord *mouse, HWND under, POINT screen)
 {
-    mouse->window = under ? reinterpret_cast<window>(under) : -1;
+    mouse->window = under ? windowof(under) : -1;
     mouse->icon = -1;
     if (!under || !isours(under)) return;
-    window holding = polltarget(reinterpret_cast<window>(under));
+    window holding = polltarget(windowof(under));
     if (!holding) return;
     mouse->window = holding;
-    mouse->icon = iconunder(reinterpret_cast<HWND>(holding), screen);
+    mouse->icon = iconunder(systemwindow(holding), screen);
 }
 
 errorblock *getpointer(mouserecord *mouse)

@@ -15,6 +15,7 @@
 #include "desktop/windows.h"
 #include "graphics/modeinfo.h"
 #include "graphics/palette.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <dde.h>
 
@@ -209,7 +210,7 @@ LRESULT systemreply(const taskmessage &m)
 
 LRESULT CALLBACK taskprocedure(HWND handle, UINT number, WPARAM wparam, LPARAM lparam)
 {
-    taskmessage m = {handle, reinterpret_cast<window>(handle), number, wparam, lparam};
+    taskmessage m = {handle, windowof(handle), number, wparam, lparam};
     pollenter();
     reply given = filtered(m);
     bool wanted = given.kind == 0 ? given.result != 0 : given.result == 0;

@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr int32_t BEFOREPICTURE = 4, BEHINDPICTURE = 20;
+constexpr int FIELD = 512; // the most that a combo box itself shows
 
 void drawtext(const DRAWITEMSTRUCT *item, int32_t x, const char *text)
 {
@@ -52,7 +53,18 @@ void drawtokens(const DRAWITEMSTRUCT *item, const char *string)
     }
 }
 
-void drawrow(const DRAWITEMSTRUCT *item, rowtext text)
+// The system copies without a limit, so a text is got whole and cut here.
+void rowstring(const DRAWITEMSTRUCT *item, const rowtexts &texts, char *buffer)
+{
+    void *whole = nullptr;
+    LRESULT size = SendMessageA(item->hwndItem, texts.length, item->itemID, 0);
+    if (size <= 0 || heap_alloc(&whole, static_cast<int32_t>(size) + 1)) return;
+    SendMessageA(item->hwndItem, texts.text, item->itemID, reinterpret_cast<LPARAM>(whole));
+    strcopyn(buffer, static_cast<const char *>(whole), VALIDATIONSIZE);
+    heap_free(&whole);
+}
+
+void drawrow(const DRAWITEMSTRUCT *item, const rowtexts &texts)
 {
     constexpr UINT PAINTS = ODA_DRAWENTIRE | ODA_SELECT | ODA_FOCUS;
     if (!(item->itemAction & PAINTS)) return;
@@ -63,19 +75,22 @@ void drawrow(const DRAWITEMSTRUCT *item, rowtext text)
     SetTextColor(item->hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_MENUTEXT));
     FillRect(item->hDC, &item->rcItem, GetSysColorBrush(behind));
     char string[VALIDATIONSIZE] = "";
-    text(item, string);
+    if (item->itemState & ODS_COMBOBOXEDIT)
+        GetWindowTextA(item->hwndItem, string, FIELD);
+    else
+        rowstring(item, texts, string);
     drawtokens(item, string);
     RestoreDC(item->hDC, saved);
 }
 
 } // namespace
 
-bool rowmessage(const systemmessage *message, int32_t icon, rowtext text)
+bool rowmessage(const systemmessage *message, int32_t icon, const rowtexts &texts)
 {
     if (message->message == WM_DRAWITEM) {
         auto *item = reinterpret_cast<const DRAWITEMSTRUCT *>(message->lparam);
         if (static_cast<int32_t>(item->CtlID) != icon) return false;
-        drawrow(item, text);
+        drawrow(item, texts);
         return true;
     }
     auto *item = reinterpret_cast<MEASUREITEMSTRUCT *>(message->lparam);
@@ -107,15 +122,4 @@ errorblock *rowunfilter(window w, void *record, filterfunction function)
     for (UINT message : FILTERED)
         remfilter(function, message, w, reinterpret_cast<intptr_t>(record));
     return nullptr;
-}
-
-// The system copies without a limit, so a text is got whole and cut here.
-void rowstring(HWND control, UINT length, UINT get, UINT index, char *buffer)
-{
-    void *whole = nullptr;
-    LRESULT size = SendMessageA(control, length, index, 0);
-    if (size <= 0 || heap_alloc(&whole, static_cast<int32_t>(size) + 1)) return;
-    SendMessageA(control, get, index, reinterpret_cast<LPARAM>(whole));
-    strcopyn(buffer, static_cast<const char *>(whole), VALIDATIONSIZE);
-    heap_free(&whole);
 }

@@ -7,10 +7,14 @@
 
 constexpr int ROWHEIGHT = 16; // pixels, of the icon that a row may show
 
-// Answers WM_DRAWITEM and WM_MEASUREITEM for a control, whose text of a row is
-// got by text, into VALIDATIONSIZE bytes. False for another control's.
-using rowtext = void (*)(const DRAWITEMSTRUCT *item, char *buffer);
-bool rowmessage(const systemmessage *message, int32_t icon, rowtext text);
+// The messages by which a kind of box tells the text of a row.
+struct rowtexts {
+    UINT length, text;
+};
+
+// Answers WM_DRAWITEM and WM_MEASUREITEM for a control. False for another
+// control's.
+bool rowmessage(const systemmessage *message, int32_t icon, const rowtexts &texts);
 
 // The notification code of a control's WM_COMMAND, or -1.
 int32_t rowcommand(const systemmessage *message, int32_t icon);
@@ -18,6 +22,3 @@ int32_t rowcommand(const systemmessage *message, int32_t icon);
 // Three filters that all have the record as their data.
 errorblock *rowfilters(window w, void *record, filterfunction function);
 errorblock *rowunfilter(window w, void *record, filterfunction function);
-
-// The text of a string of the control by the system's messages for it.
-void rowstring(HWND control, UINT length, UINT get, UINT index, char *buffer);

@@ -7,6 +7,7 @@
 #include "desktop/templatechain.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
+#include "graphics/win32/windowhandle.h"
 #include "resources/identifiers.h"
 
 #include <windows.h>
@@ -152,9 +153,9 @@ static window dialogmake(const void *resource, window parent)
     wdataparent = parent;
     HWND dialog = CreateDialogIndirectParamA(GetModuleHandleA(nullptr),
                                              static_cast<const DLGTEMPLATE *>(resource),
-                                             reinterpret_cast<HWND>(parent), dialogprocedure, 0);
+                                             systemwindow(parent), dialogprocedure, 0);
     wdataparent = 0; // which a window that wasn't made left there
-    return reinterpret_cast<window>(dialog);
+    return windowof(dialog);
 }
 
 // The system doesn't always say why.

@@ -2,15 +2,11 @@
 #pragma once
 
 #include "desktop/windowplace.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
 struct errorblock;
-
-inline HWND systemwindow(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
 
 // Where the window is now.
 errorblock *geometryread(window w, windowgeometry *geometry);

@@ -1,6 +1,7 @@
 #include "graphics/dragbox.h"
 
 #include "graphics/dragboxstate.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -12,7 +13,7 @@ static_assert(PATTERNINVERT == 0x5A0049);
 
 HWND dragwindow()
 {
-    return reinterpret_cast<HWND>(dragstate.given.window);
+    return systemwindow(dragstate.given.window);
 }
 
 void drawrubber(HDC dc, const dragpixels &box)
@@ -86,7 +87,7 @@ void toggle()
 
 void dragboxstart(const dragbox *record)
 {
-    HWND w = reinterpret_cast<HWND>(record->window);
+    HWND w = systemwindow(record->window);
     POINT client = {}, pointer = {};
     ClientToScreen(w, &client);
     GetCursorPos(&pointer);
@@ -120,7 +121,7 @@ void dragboxflush(intptr_t window)
 // so both times it is drawn at the same place.
 void dragboxredraw(intptr_t window, intptr_t context, bool after)
 {
-    HWND w = reinterpret_cast<HWND>(window);
+    HWND w = systemwindow(window);
     if (!dragstate.shown || (w != dragwindow() && !IsChild(dragwindow(), w))) return;
     POINT origin = {};
     MapWindowPoints(dragwindow(), w, &origin, 1);

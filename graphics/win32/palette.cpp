@@ -1,6 +1,7 @@
 #include "graphics/palette.h"
 
 #include "graphics/colours.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -110,7 +111,7 @@ void paletteidentity(intptr_t dc)
 // is.
 static void reread(intptr_t window, bool realise)
 {
-    HWND w = reinterpret_cast<HWND>(window);
+    HWND w = systemwindow(window);
     HDC dc = GetDC(w);
     if (realise) paletteselect(reinterpret_cast<intptr_t>(dc));
     readpalette(dc);

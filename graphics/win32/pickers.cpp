@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "graphics/fontsize.h"
 #include "graphics/modeinfo.h"
+#include "graphics/win32/windowhandle.h"
 
 #include <windows.h>
 
@@ -15,7 +16,7 @@ errorblock *choosecolour(intptr_t window, int32_t, uint32_t *word, int32_t *resu
     static COLORREF custom[16]; // the user's own, for the run
     CHOOSECOLORA choice = {};
     choice.lStructSize = sizeof choice;
-    choice.hwndOwner = reinterpret_cast<HWND>(window);
+    choice.hwndOwner = systemwindow(window);
     choice.rgbResult = *word >> 8;
     choice.lpCustColors = custom;
     choice.Flags = CC_RGBINIT | CC_ANYCOLOR;
@@ -50,7 +51,7 @@ errorblock *choosefont(intptr_t window, int32_t, fontrecord *font, int32_t *resu
     LOGFONTA logical = logfontof(*font);
     CHOOSEFONTA choice = {};
     choice.lStructSize = sizeof choice;
-    choice.hwndOwner = reinterpret_cast<HWND>(window);
+    choice.hwndOwner = systemwindow(window);
     choice.lpLogFont = &logical;
     choice.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT;
     *result = ChooseFontA(&choice) ? 1 : 0;

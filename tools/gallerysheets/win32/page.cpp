@@ -3,6 +3,7 @@
 #include "base/errors.h"
 #include "base/syserr.h"
 #include "graphics/placeable.h"
+#include "graphics/win32/windowhandle.h"
 #include "tools/gallerysheets/files.h"
 
 #include <windows.h>
@@ -130,7 +131,7 @@ errorblock *pagesave(const page *p, const std::string &path)
 void pagecopywindow(const page *p, int32_t x, int32_t y, intptr_t window, int32_t width,
                     int32_t height)
 {
-    HWND w = reinterpret_cast<HWND>(window);
+    HWND w = systemwindow(window);
     HDC dc = GetDC(w);
     BitBlt(context(p), x, y, width, height, dc, 0, 0, SRCCOPY);
     ReleaseDC(w, dc);

@@ -1,5 +1,6 @@
 #include "tools/tour/outside.h"
 
+#include "graphics/win32/windowhandle.h"
 #include "resources/identifiers.h"
 #include "tests/support/driver.h"
 #include "tests/support/win32/program.h"
@@ -18,11 +19,6 @@ window mainwindow;
 static program started;
 static std::filesystem::path dictionaries;
 static HMODULE resources; // of the program, for its menu
-
-static HWND handle(window w)
-{
-    return reinterpret_cast<HWND>(w);
-}
 
 [[noreturn]] void outsidefault(const std::string &what)
 {
@@ -69,7 +65,7 @@ void outsideend()
 static std::vector<HWND> panes()
 {
     std::vector<HWND> found;
-    for (HWND h = GetWindow(handle(mainwindow), GW_CHILD); h; h = GetWindow(h, GW_HWNDNEXT))
+    for (HWND h = GetWindow(systemwindow(mainwindow), GW_CHILD); h; h = GetWindow(h, GW_HWNDNEXT))
         if (IsWindowVisible(h)) found.push_back(h);
     auto order = [](HWND h) {
         RECT r;
@@ -83,17 +79,17 @@ static std::vector<HWND> panes()
 
 window panebar()
 {
-    return reinterpret_cast<window>(panes()[0]);
+    return windowof(panes()[0]);
 }
 
 window panelist()
 {
-    return reinterpret_cast<window>(panes()[1]);
+    return windowof(panes()[1]);
 }
 
 window panegrid()
 {
-    return reinterpret_cast<window>(panes()[2]);
+    return windowof(panes()[2]);
 }
 
 window dialog(const std::string &title)
@@ -150,7 +146,7 @@ void leave(window w, int32_t control)
 {
     std::string title = drivetext(w);
     press(w, control);
-    if (!drivewait([w] { return !IsWindowVisible(handle(w)); }))
+    if (!drivewait([w] { return !IsWindowVisible(systemwindow(w)); }))
         outsidefault("the window \"" + title + "\" stays");
 }
 
@@ -267,7 +263,7 @@ drivepicture metafilelook(const std::string &path, int32_t width)
 static drivepicture framed(window w)
 {
     RECT all;
-    GetWindowRect(handle(w), &all);
+    GetWindowRect(systemwindow(w), &all);
     driveplace inside = driveclient(w, 0, 0);
     int width, height;
     drivesize(w, &width, &height);

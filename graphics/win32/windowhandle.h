@@ -1,0 +1,17 @@
+// graphics/win32/windowhandle.h - a window by its number, and by the system's
+// handle, which has the same value.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+inline HWND systemwindow(intptr_t window)
+{
+    return reinterpret_cast<HWND>(window);
+}
+
+inline intptr_t windowof(HWND handle)
+{
+    return reinterpret_cast<intptr_t>(handle);
+}
