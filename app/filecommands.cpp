@@ -1,5 +1,6 @@
 #include "app/filecommands.h"
 
+#include "app/filetypes.h"
 #include "app/longwork.h"
 #include "app/mainwindow.h"
 #include "base/text.h"
@@ -13,34 +14,27 @@
 #include "output/cluelist.h"
 #include "output/picture.h"
 
-#include <iterator>
-
 namespace
 {
 
-constexpr const char *FILTERGRIDS = "Quillmere grid files (*.qmg)";
-
-struct formatrow {
-    const char *description;
-    int32_t type;
-};
-
-const formatrow formats[] = {
-    {"Quillmere grid file (*.qmg)", FILETYPEGRID},
-    {"Enhanced metafile (*.emf)", PICTUREENHANCED},
-    {"Metafile (*.wmf)", PICTUREMETAFILE},
-    {"Placeable metafile (*.wmf)", PICTUREPLACEABLE},
-};
-
 // The name keeps what the user typed; the dialog's end gives it the extension.
-void gridformat(intptr_t, int32_t index, int32_t *type, char *, int32_t)
+void formattype(intptr_t filetype, int32_t, int32_t *type, char *, int32_t)
 {
-    *type = formats[index].type;
+    *type = static_cast<int32_t>(filetype);
 }
 
-void clueformat(intptr_t, int32_t, int32_t *type, char *, int32_t)
+// Asks where to save, with the formats that have a text in one of the lists.
+errorblock *saveask(const char *name, const char *filekind::*list, int32_t filetype,
+                    savehandler handler)
 {
-    *type = FILETYPETEXT;
+    savefilter rows[FILEKINDS];
+    int32_t count = 0, chosen = 0;
+    for (const filekind &kind : filekinds)
+        if (kind.*list) rows[count++] = {kind.*list, formattype, kind.row.type};
+    savefilterset(count, rows, &chosen);
+    char path[PATHSIZE];
+    strcopyn(path, name, sizeof path);
+    return savefileowner(path, sizeof path, filetype, handler, mainwindow);
 }
 
 errorblock *gridsavedas(const char *path, int32_t type)
@@ -99,30 +93,22 @@ constexpr handlertable drophandlers = {
 
 errorblock *filesaveas()
 {
-    savefilter rows[std::size(formats)];
-    for (size_t i = 0; i < std::size(formats); i++)
-        rows[i] = {formats[i].description, gridformat};
-    char path[PATHSIZE] = "Grid";
-    int32_t chosen = 0;
-    savefilterset(std::size(rows), rows, &chosen);
-    return savefileowner(path, sizeof path, FILETYPEGRID, gridsavedas, mainwindow);
+    return saveask("Grid", &filekind::savegrid, FILETYPEGRID, gridsavedas);
 }
 
 errorblock *filesaveclues()
 {
-    static const savefilter rows[] = {{"Text file (*.txt)", clueformat}};
-    char path[PATHSIZE] = "Clues";
-    int32_t chosen = 0;
-    savefilterset(std::size(rows), rows, &chosen);
-    return savefileowner(path, sizeof path, FILETYPETEXT, cluessavedas, mainwindow);
+    return saveask("Clues", &filekind::saveclues, FILETYPETEXT, cluessavedas);
 }
 
 errorblock *fileopen()
 {
-    static const int32_t types[] = {FILETYPEGRID};
-    static const loadgroup groups[] = {{FILTERGRIDS, std::size(types), types}};
+    loadgroup groups[FILEKINDS];
+    int32_t count = 0;
+    for (const filekind &kind : filekinds)
+        if (kind.opengrid) groups[count++] = {kind.opengrid, 1, &kind.row.type};
     char path[PATHSIZE] = "";
-    return loadfile(path, 0, groups, std::size(groups), gridchosen, 0, mainwindow);
+    return loadfile(path, 0, groups, count, gridchosen, 0, mainwindow);
 }
 
 errorblock *dropsaccept(window w)
