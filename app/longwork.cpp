@@ -18,28 +18,30 @@ constexpr int32_t SOON = 10;      // centiseconds
 constexpr uint32_t PATIENCE = 50; // milliseconds that a user waits for a poll
 constexpr int32_t POLLSDUE = 16;  // messages delivered when he has
 
-errorblock *(*pending)(intptr_t); // the search that waits to begin, 0 for none
-int32_t running;                  // searches under way: one, or none
-uint32_t polled;                  // when the last poll ended, by platformticks
-
 struct waitrecord {
     afterfunction function; // 0 for none
     intptr_t data;
 };
-waitrecord waiting;
+
+struct {
+    errorblock *(*pending)(intptr_t); // the search that waits to begin, 0 for none
+    int32_t running;                  // searches under way: one, or none
+    uint32_t polled;                  // when the last poll ended, by platformticks
+    waitrecord waiting;               // for the search's end
+} work;
 
 errorblock *searchstart(intptr_t data)
 {
-    auto worker = pending;
-    pending = nullptr;
+    auto worker = work.pending;
+    work.pending = nullptr;
     return worker ? worker(data) : nullptr;
 }
 
 errorblock *waitover(intptr_t)
 {
-    if (running) return addtimedcall(waitover, 0, SOON);
-    waitrecord due = waiting;
-    waiting = {};
+    if (work.running) return addtimedcall(waitover, 0, SOON);
+    waitrecord due = work.waiting;
+    work.waiting = {};
     return due.function ? due.function(due.data) : nullptr;
 }
 
@@ -51,8 +53,8 @@ errorblock *nothing(intptr_t)
 
 void searchdrop()
 {
-    if (!pending) return;
-    pending = nullptr;
+    if (!work.pending) return;
+    work.pending = nullptr;
     remtimedcall(searchstart, 0);
 }
 
@@ -61,9 +63,9 @@ void searchdrop()
 errorblock *aftersearch(afterfunction function, intptr_t data)
 {
     searchdrop();
-    if (!running) return function(data);
+    if (!work.running) return function(data);
     stoprequest();
-    waiting = {function, data};
+    work.waiting = {function, data};
     return addtimedcall(waitover, 0, SOON);
 }
 
@@ -72,28 +74,28 @@ errorblock *aftersearch(afterfunction function, intptr_t data)
 errorblock *searchlater(errorblock *(*worker)(intptr_t))
 {
     errorblock *err = addtimedcall(searchstart, 0, SOON);
-    if (!err) pending = worker;
+    if (!err) work.pending = worker;
     return err;
 }
 
 void searchbegin()
 {
-    running++;
+    work.running++;
     reporterror(swapbuttons(1));
     reporterror(addnullhandler(nothing, 0));
-    polled = platformticks();
+    work.polled = platformticks();
 }
 
 void searchend()
 {
     remnullhandler(nothing, 0);
     reporterror(swapbuttons(0));
-    running--;
+    work.running--;
 }
 
 bool searchunderway()
 {
-    return running;
+    return work.running > 0;
 }
 
 // A poll delivers one message. When the user has waited, what he has done since
@@ -103,12 +105,12 @@ void searchpoll()
     int32_t polls = searchpolldue() ? POLLSDUE : 1;
     for (int32_t i = 0; i < polls && !search.stopflag; i++)
         pollonce();
-    polled = platformticks();
+    work.polled = platformticks();
 }
 
 bool searchpolldue()
 {
-    return platformticks() - polled >= PATIENCE;
+    return platformticks() - work.polled >= PATIENCE;
 }
 
 void searchbusy(bool on)

@@ -23,8 +23,9 @@ struct formattext {
 };
 constexpr formattext DATEDEFAULT = {"%ZDY %M3 %YR"};
 constexpr formattext TIMEDEFAULT = {"%Z12:%MI%AM"};
-formattext dateformat = DATEDEFAULT;
-formattext hourformat = TIMEDEFAULT;
+struct {
+    formattext date, hour;
+} formats = {DATEDEFAULT, TIMEDEFAULT};
 
 struct dateparts {
     platformdate date;
@@ -239,19 +240,19 @@ void filedatetext(char *out, const fileinfo *info)
 
 void setdateformats(const char *date, const char *time)
 {
-    strcopyn(dateformat.text, date ? date : DATEDEFAULT.text, sizeof dateformat.text);
-    strcopyn(hourformat.text, time ? time : TIMEDEFAULT.text, sizeof hourformat.text);
+    strcopyn(formats.date.text, date ? date : DATEDEFAULT.text, sizeof formats.date.text);
+    strcopyn(formats.hour.text, time ? time : TIMEDEFAULT.text, sizeof formats.hour.text);
 }
 
 void nowtext(char *out, bool withtime, bool withdate)
 {
     char format[sizeof(formattext) * 2 + 4];
     if (withtime && withdate)
-        std::snprintf(format, sizeof format, "%s %s%%0", hourformat.text, dateformat.text);
+        std::snprintf(format, sizeof format, "%s %s%%0", formats.hour.text, formats.date.text);
     else
         std::snprintf(format, sizeof format, "%s%%0",
-                      withtime   ? hourformat.text
-                      : withdate ? dateformat.text
+                      withtime   ? formats.hour.text
+                      : withdate ? formats.date.text
                                  : "");
     time5 now;
     timeget(&now);

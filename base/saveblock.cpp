@@ -10,8 +10,10 @@ namespace
 
 constexpr int32_t SIZEGUESS = 4096;
 
-bool transferring; // the load under way comes from memory
-int32_t sizeguess = SIZEGUESS;
+struct {
+    bool transferring; // the load under way comes from memory
+    int32_t sizeguess;
+} blocks = {false, SIZEGUESS};
 
 } // namespace
 
@@ -30,8 +32,8 @@ errorblock *saveblock(const char *path, int32_t type, const void *address, int32
 errorblock *loadblockopen(const char *path, int32_t *size)
 {
     *size = 0;
-    transferring = ramreadactive();
-    if (transferring) {
+    blocks.transferring = ramreadactive();
+    if (blocks.transferring) {
         ramreadsize(size);
         return nullptr;
     }
@@ -46,7 +48,7 @@ errorblock *loadblockread(const char *path, void *address, int32_t size, int32_t
                           int32_t *done)
 {
     *count = *done = 0;
-    if (transferring) {
+    if (blocks.transferring) {
         ramread(address, size, count);
         *done = *count < size;
         return nullptr;
@@ -63,13 +65,13 @@ errorblock *loadblockread(const char *path, void *address, int32_t size, int32_t
 
 errorblock *loadblockclose(errorblock *error)
 {
-    if (transferring) ramreadrewind(nullptr);
-    transferring = false;
+    if (blocks.transferring) ramreadrewind(nullptr);
+    blocks.transferring = false;
     return error;
 }
 
 void saveblocksize(int32_t *old)
 {
-    *old = sizeguess;
-    sizeguess = SIZEGUESS;
+    *old = blocks.sizeguess;
+    blocks.sizeguess = SIZEGUESS;
 }

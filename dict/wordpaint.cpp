@@ -13,8 +13,7 @@
 
 #include <algorithm>
 
-wordmetricsrecord wordmetrics = {1, 0, 0};
-fontrecord wordfont;
+wordmetricsrecord wordmetrics = {.font = {}, .rowheight = 1, .listwidth = 0, .ascent = 0};
 
 namespace
 {
@@ -74,7 +73,7 @@ void rowspaint(const wordview *view, const redrawrecord &r)
 errorblock *listpaint(const redrawrecord &r, intptr_t view)
 {
     fonthandle font;
-    errorblock *err = fontfind(&wordfont, &font);
+    errorblock *err = fontfind(&wordmetrics.font, &font);
     if (err) return err;
     fontset(font, FONTCLEAR, BLACK, 0);
     fontalign(0);
@@ -94,7 +93,7 @@ void dictmetricsupdate(const fontrecord *font)
     fontmetrics metrics = {};
     errorblock *err = fontinfo(font, &metrics);
     if (!err) {
-        wordfont = *font;
+        wordmetrics.font = *font;
         wordmetrics.rowheight = std::max(devtoosy(metrics.height + metrics.externalleading), 1);
         wordmetrics.listwidth = devtoosx(CHARACTERS * metrics.averagewidth);
         wordmetrics.ascent = devtoosy(metrics.ascent);

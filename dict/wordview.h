@@ -90,13 +90,11 @@ errorblock *wordviewschanged();
 // The font of the lists has changed: open views are measured and painted anew.
 errorblock *wordviewsrefresh();
 
-// Metrics of the lists, OS units. Changed by dictmetricsupdate alone.
+// The lists' font and its metrics, OS units. Changed by dictmetricsupdate alone.
 struct wordmetricsrecord {
+    fontrecord font;
     int32_t rowheight;
     int32_t listwidth;
     int32_t ascent; // from a row's top down to the words' base line
 };
 extern wordmetricsrecord wordmetrics;
-
-// The font that was measured.
-extern fontrecord wordfont;

@@ -15,8 +15,6 @@
 
 clipboardservice clipboard;
 
-static cliprendered inhand; // between render and clipboardput
-
 static errorblock *quit(intptr_t *, int *)
 {
     return clipboardend();
@@ -72,13 +70,13 @@ errorblock *clipboardalloc(void **pointer, int32_t size)
 {
     trace("cb alloc %d", static_cast<int>(size));
     *pointer = nullptr;
-    blockfree(&inhand);
+    blockfree(&clipboard.inhand);
     if (size < 0) return makeerror(ERRORCORRUPTMEMORY);
     // A block of no bytes is one that the system has thrown away.
     HGLOBAL handle = GlobalAlloc(GHND, size ? static_cast<SIZE_T>(size) : 1);
     if (!handle) return makeerror(ERRORMEMORY);
-    inhand = {handle, GlobalLock(handle), size};
-    *pointer = inhand.pointer;
+    clipboard.inhand = {handle, GlobalLock(handle), size};
+    *pointer = clipboard.inhand.pointer;
     return nullptr;
 }
 
@@ -87,13 +85,13 @@ static errorblock *renderformat(int32_t format)
     trace("oscbrender format %d", static_cast<int>(format));
     if (!clipboard.render) return nullptr;
     errorblock *err = clipboard.render(format);
-    if (inhand.handle) GlobalUnlock(inhand.handle);
+    if (clipboard.inhand.handle) GlobalUnlock(clipboard.inhand.handle);
     if (err) {
-        blockfree(&inhand);
+        blockfree(&clipboard.inhand);
         return err;
     }
-    cliprendered made = inhand;
-    inhand = {};
+    cliprendered made = clipboard.inhand;
+    clipboard.inhand = {};
     return clipboardput(format, &made);
 }
 

@@ -20,14 +20,13 @@ static struct {
     window dragged;    // of the drag that runs
     bool limited;      // it is of a point, which stays inside these
     pixelbox limits;   // of the screen
+    struct {
+        window self;
+        intptr_t data;
+        dragendfunction end;
+        dragmovefunction move;
+    } told; // of drags
 } mouse;
-
-static struct {
-    window self;
-    intptr_t data;
-    dragendfunction end;
-    dragmovefunction move;
-} dragging;
 
 int32_t mousestate()
 {
@@ -36,7 +35,7 @@ int32_t mousestate()
 
 void setdragfunctions2(window w, intptr_t data, dragendfunction end, dragmovefunction move)
 {
-    dragging = {w, data, end, move};
+    mouse.told = {w, data, end, move};
 }
 
 void setdragfunctions(window w, intptr_t data, dragendfunction end)
@@ -79,7 +78,7 @@ static void dragended()
     dragresult box = {};
     dragboxend(&box);
     release(w);
-    if (dragging.end) reporterror(dragging.end(dragging.self, dragging.data, &box));
+    if (mouse.told.end) reporterror(mouse.told.end(mouse.told.self, mouse.told.data, &box));
 }
 
 void mouseend(window w)
@@ -195,11 +194,11 @@ static void pressmoved(const taskmessage &m)
 static void dragmoved(const taskmessage &m)
 {
     dragto(placeof(m));
-    if (!dragging.move) return;
+    if (!mouse.told.move) return;
     mouserecord record;
     reporterror(getpointer(&record));
     placeset(&record, dragplace(placeof(m)));
-    reporterror(dragging.move(dragging.self, dragging.data, &record));
+    reporterror(mouse.told.move(mouse.told.self, mouse.told.data, &record));
 }
 
 static void moved(const taskmessage &m)
