@@ -116,7 +116,6 @@ errorblock *platformlocaltime(uint64_t time, platformdate *date);
 errorblock *platformloginname(char *out, int32_t size);
 errorblock *platformprogramdirectory(char *out, int32_t size);
 void platformtempfolder(char *out, int32_t size); // empty when there is none
-bool platformconsole();                           // a person may be reading standard error
 
 // The runtime's own view of its heap: -2 is well. Valid: the system's view.
 int32_t platformheapcheck();

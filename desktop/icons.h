@@ -60,7 +60,6 @@ errorblock *seticonlimit(window w, int32_t icon, int32_t characters);
 // typed number isn't limited. Fields that a template hasn't joined are joined
 // here: the one before the arrows in its order.
 errorblock *seticonrange(window w, int32_t icon, int32_t low, int32_t high);
-errorblock *iconrange(window w, int32_t icon, int32_t *low, int32_t *high);
 
 // Gives the focus to an icon, if it hasn't it, or with icon -1 to the window.
 // Text that can be edited gets its caret to index, with nothing selected. x, y

@@ -53,11 +53,3 @@ inline const uint8_t *codeexpand(const uint8_t *codes, char *text, uint32_t *len
         text[(*length)++] = group->text[i];
     return codes;
 }
-
-// The end of the record whose codes these are: the next head.
-inline const uint8_t *codesend(const uint8_t *codes)
-{
-    while (*codes >= ESCAPECODE)
-        if (*codes++ == ESCAPECODE && *codes) codes++;
-    return codes;
-}

@@ -101,11 +101,6 @@ void platformtempfolder(char *out, int32_t size)
     folderout(folder && *folder ? folder : "/tmp", out, size);
 }
 
-bool platformconsole()
-{
-    return isatty(STDERR_FILENO) != 0;
-}
-
 // This runtime has nothing to ask: -2 is the other one's word for a good heap.
 int32_t platformheapcheck()
 {

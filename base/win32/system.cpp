@@ -71,12 +71,6 @@ void platformtempfolder(char *out, int32_t size)
     if (!length || length >= unsign(size)) out[0] = 0;
 }
 
-bool platformconsole()
-{
-    DWORD mode;
-    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
-}
-
 int32_t platformheapcheck()
 {
     return _heapchk();

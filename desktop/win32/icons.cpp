@@ -99,19 +99,6 @@ errorblock *seticonrange(window w, int32_t icon, int32_t low, int32_t high)
     return nullptr;
 }
 
-errorblock *iconrange(window w, int32_t icon, int32_t *low, int32_t *high)
-{
-    HWND arrows;
-    int least = 0, most = 0;
-    errorblock *err = iconhandle(w, icon, &arrows);
-    if (!err)
-        SendMessageA(arrows, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&least),
-                     reinterpret_cast<LPARAM>(&most));
-    *low = least;
-    *high = most;
-    return err;
-}
-
 errorblock *settoken(window w, int32_t icon, char letter, const char *value)
 {
     HWND control;
