@@ -23,13 +23,13 @@
 // view.pane for Return and Escape, and takes them out before wordviewclose.
 #pragma once
 
+#include "base/fontrecord.h"
 #include "desktop/events.h"
 #include "dict/dictionary.h"
 
 #include <cstdint>
 
 struct errorblock;
-struct fontrecord;
 
 struct wordview {
     window owner;

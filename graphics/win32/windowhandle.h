@@ -6,9 +6,9 @@
 
 #include <cstdint>
 
-inline HWND systemwindow(intptr_t window)
+inline HWND systemwindow(intptr_t number)
 {
-    return reinterpret_cast<HWND>(window);
+    return reinterpret_cast<HWND>(number);
 }
 
 inline intptr_t windowof(HWND handle)
