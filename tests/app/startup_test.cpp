@@ -133,6 +133,7 @@ TEST_CASE("the kinds of file")
     const std::pair<const char *, int32_t> rows[] = {{"a.QMG", 0x103},
                                                      {"a.wmf", 0x100}, // of two rows
                                                      {"a.dat", FILETYPEDEFAULT},
+                                                     {"a.doc", FILETYPEDATA},
                                                      {"a", FILETYPEDATA}};
     for (auto [name, type] : rows)
         CHECK(filetypeof(name) == type);
