@@ -1,10 +1,13 @@
 // Metafiles as they are opened and closed; what they draw is read by others.
 #include "base/flex.h"
+#include "graphics/colours.h"
+#include "graphics/fonts.h"
 #include "graphics/metafile.h"
+#include "graphics/plot.h"
 #include "graphics/surface.h"
+#include "graphics/textplot.h"
 #include "tests/graphics/codeof.h"
 #include "tests/graphics/win32/canvas.h"
-#include "tests/graphics/win32/metadrawing.h"
 #include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
@@ -14,9 +17,23 @@
 namespace
 {
 
+constexpr int32_t DRAWINGWIDTH = 200, DRAWINGHEIGHT = 120; // in OS units and in pixels
+
 std::string path(const char *leaf)
 {
     return scratchfolder() + "/" + leaf;
+}
+
+// Takes a pen, a brush and a font.
+void metadraw()
+{
+    fonthandle font;
+    fontfindsize("Arial", 0, 12 * 16, 0, 0, &font);
+    fontset(font, FONTCLEAR, 0, 0);
+    setcolour(0x00800000);
+    fillbox(20, 20, 21, 21);
+    plottext("Quillmere", TEXTOSUNITS, 100, 60);
+    fontlose(font);
 }
 
 bool exists(const char *leaf)
