@@ -1,6 +1,7 @@
 #include "desktop/helpsystem.h"
 
 #include "base/errors.h"
+#include "base/paths.h"
 #include "base/platform.h"
 #include "base/syserr.h"
 #include "base/text.h"
@@ -27,12 +28,22 @@ struct helptext {
     const char *font;
 };
 
+// The system's own, by its full path: a file of that name in the program's folder,
+// or in that of a document, is never run.
+static HMODULE libraryload()
+{
+    char path[PATHSIZE];
+    UINT length = GetSystemDirectoryA(path, sizeof path);
+    if (!length || length >= sizeof path) return nullptr;
+    return fs_strcat(path, sizeof path, "hhctrl.ocx") ? nullptr : LoadLibraryA(path);
+}
+
 // Looked for once and kept: its windows live on.
 static errorblock *helplibrary(helpcall *call)
 {
     static FARPROC found;
     if (!found) {
-        HMODULE library = LoadLibraryA("hhctrl.ocx");
+        HMODULE library = libraryload();
         if (!library) return syserr("LoadLibrary", "%s", "hhctrl.ocx");
         found = GetProcAddress(library, "HtmlHelpA");
         if (!found) return syserr("GetProcAddress", "%s", "HtmlHelpA");
