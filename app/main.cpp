@@ -3,6 +3,7 @@
 #include "app/mainwindow.h"
 #include "app/startup.h"
 #include "base/boxes.h"
+#include "base/paths.h"
 #include "desktop/handlers.h"
 #include "desktop/message.h"
 #include "desktop/task.h"
@@ -17,6 +18,16 @@ static void startapplication()
     errorblock *err = loadappresources(nullptr);
     if (!err) err = addbroadcasthandler(quithandler, BROADCASTQUIT);
     if (!err) initdata();
+}
+
+// One word is a grid, whatever its extension says; of several, none is meant.
+// A box for files changes the current folder, and a save later must still find the
+// file that was opened.
+static errorblock *namedopen(const char *name)
+{
+    char path[PATHSIZE];
+    errorblock *err = pathabsolute(name, path, sizeof path);
+    return err ? err : gridopened(path, FILETYPEGRID);
 }
 
 int mainroutine(int count, char **words)
@@ -35,7 +46,6 @@ int mainroutine(int count, char **words)
         reporterror(err);
         quittask();
     }
-    // One word is a grid, whatever its extension says; of several, none is meant.
-    if (count == 2) reporterror(gridopened(words[1], FILETYPEGRID));
+    if (count == 2) reporterror(namedopen(words[1]));
     runtask();
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 
 namespace
 {
@@ -24,15 +25,33 @@ void put(pathwriter *out, const char *text, size_t length)
     out->at += length;
 }
 
-// The value of a macro's text; empty when there is none.
-void macrovalue(const char *macro, char *value)
+// A value of the registry. What is missing for all users of the machine may be there
+// for this one: not everybody may write for all.
+errorblock *registryvalue(const char *macro, char *value)
 {
     int32_t size = PATHSIZE - 1;
+    errorblock *err = regread(macro, value, &size);
+    for (const char *machine : {"HKEY_LOCAL_MACHINE\\", "HKLM\\"}) {
+        size_t length = strlen(machine);
+        if (!err || strncmp(macro, machine, length)) continue;
+        std::string own = std::string("HKEY_CURRENT_USER\\") + (macro + length);
+        size = PATHSIZE - 1;
+        return regread(own.c_str(), value, &size);
+    }
+    return err;
+}
+
+// The value of a macro's text; empty when there is none. Folders of the registry
+// are often quoted.
+void macrovalue(const char *macro, char *value)
+{
     value[0] = 0;
     if (macro[0] == '%')
         platformenvironment(macro, value, PATHSIZE);
-    else if (regread(macro, value, &size))
+    else if (registryvalue(macro, value))
         value[0] = 0;
+    else
+        *std::remove(value, value + strlen(value), '"') = 0;
 }
 
 // The macro that the "<" at in opens: its value goes to out and the result is
@@ -98,6 +117,15 @@ errorblock *pathexpand(const char *in, char *out, int32_t size)
     *writer.at = 0;
     if (following) shortcutfollow(out, size);
     return nullptr;
+}
+
+errorblock *pathabsolute(const char *in, char *out, int32_t size)
+{
+    char path[PATHSIZE];
+    out[0] = 0;
+    if (strlen(in) >= sizeof path) return nofit("pathabsolute");
+    errorblock *err = pathexpand(in, path, sizeof path);
+    return err || platformfullpath(path, out, size) ? err : nofit("pathabsolute");
 }
 
 void pathfollow(bool on)

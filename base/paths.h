@@ -1,7 +1,8 @@
 // base/paths.h - path notation and the parts of a path.
 //
 // A configured path may hold macros in angle brackets: "<%NAME%>" an
-// environment variable, "<HKEY_...\key\value>" a registry value. Paths are
+// environment variable, "<HKEY_...\key\value>" a registry value without its
+// quotes, of this user where that of HKEY_LOCAL_MACHINE is missing. Paths are
 // code page 1252, at most 260 bytes with their zero; "\" separates.
 #pragma once
 
@@ -15,6 +16,11 @@ struct errorblock;
 // nothing stays in the text; what doesn't fit size is cut. A result that names
 // a shortcut becomes what it stands for. Always returns 0.
 errorblock *pathexpand(const char *in, char *out, int32_t size);
+
+// Expands in and, where it is relative, puts the current folder in front, so that
+// it means the same file later too. Error 30 and an empty path when the result
+// doesn't fit.
+errorblock *pathabsolute(const char *in, char *out, int32_t size);
 
 // Whether shortcuts are followed: they are, from the start.
 void pathfollow(bool on);

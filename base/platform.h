@@ -84,7 +84,7 @@ errorblock *platformkeydelete(int32_t root, const char *key); // it must have no
 
 // size goes in as the room in out and comes back as the bytes of the value,
 // the zero that ends a text among them if the store holds it. An out of 0 asks
-// for the size alone.
+// for the size alone. A text of the kind that holds variables comes expanded.
 errorblock *platformvalueread(keyhandle handle, const char *name, void *out, int32_t *size);
 errorblock *platformvaluewrite(keyhandle handle, const char *name, const char *text);
 errorblock *platformvaluedelete(keyhandle handle, const char *name);
@@ -97,6 +97,10 @@ errorblock *platformvalueenum(keyhandle handle, int32_t index, char *name, int32
 // Expands each %NAME% of text; one that names no variable stays. An empty
 // result for one that doesn't fit.
 void platformenvironment(const char *text, char *out, int32_t size);
+
+// The path from its root, by the current folder now. False, and an empty result,
+// for one that doesn't fit.
+bool platformfullpath(const char *path, char *out, int32_t size);
 
 // The file that a shortcut stands for; empty for none.
 void platformshortcut(const char *path, char *out, int32_t size);

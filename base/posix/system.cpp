@@ -46,6 +46,19 @@ void platformenvironment(const char *text, char *out, int32_t size)
     if (result.size() < static_cast<size_t>(size)) strcpy(out, result.c_str());
 }
 
+bool platformfullpath(const char *path, char *out, int32_t size)
+{
+    char folder[PATH_MAX];
+    out[0] = 0;
+    bool absolute = *path == '/' || *path == '\\';
+    if (!absolute && (!getcwd(folder, sizeof folder) || !folderout(folder, out, size)))
+        return false;
+    size_t before = strlen(out);
+    bool held = before + strlen(path) < static_cast<size_t>(size);
+    strcpy(held ? out + before : out, held ? path : "");
+    return held;
+}
+
 void platformshortcut(const char *, char *out, int32_t)
 {
     out[0] = 0;

@@ -58,9 +58,13 @@ errorblock *platformkeydelete(int32_t root, const char *key)
 
 errorblock *platformvalueread(keyhandle handle, const char *name, void *out, int32_t *size)
 {
-    DWORD bytes = static_cast<DWORD>(*size);
-    LSTATUS status = RegQueryValueExA(systemkey(handle), name, nullptr, nullptr,
-                                      static_cast<BYTE *>(out), &bytes);
+    DWORD bytes = static_cast<DWORD>(*size), kind = REG_NONE;
+    LSTATUS status = RegQueryValueExA(systemkey(handle), name, nullptr, &kind, nullptr, nullptr);
+    if (!status && kind == REG_EXPAND_SZ)
+        status = RegGetValueA(systemkey(handle), nullptr, name, RRF_RT_ANY, nullptr, out, &bytes);
+    else
+        status = RegQueryValueExA(systemkey(handle), name, nullptr, nullptr,
+                                  static_cast<BYTE *>(out), &bytes);
     *size = static_cast<int32_t>(bytes);
     return syserrcode(code(status), "RegQueryValueEx", "%s", name);
 }

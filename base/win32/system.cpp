@@ -23,6 +23,14 @@ void platformenvironment(const char *text, char *out, int32_t size)
     if (!need || need > unsign(size)) out[0] = 0;
 }
 
+bool platformfullpath(const char *path, char *out, int32_t size)
+{
+    DWORD length = GetFullPathNameA(path, unsign(size), out, nullptr);
+    bool held = length && length < unsign(size);
+    if (!held) out[0] = 0;
+    return held;
+}
+
 uint64_t platformclock()
 {
     FILETIME now;

@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 namespace
 {
@@ -127,6 +128,7 @@ TEST_CASE("paths expand, by the values of variables and of the registry")
     CHECK(!store("empty", ""));
     CHECK(!store("a>b", "both")); // a name may hold the closing bracket
     CHECK(!store("long", full));  // for a path
+    CHECK(!store("quoted", "\"C:\\My words\""));
     const char *variable = std::getenv("PATH");
     REQUIRE(variable);
     std::string value = strlen(variable) < PATHSIZE ? variable : "<%PATH%>";
@@ -140,7 +142,11 @@ TEST_CASE("paths expand, by the values of variables and of the registry")
           {"<%PATH%>", value},
           {"<%NOSUCHVARIABLE%>\\x", "%NOSUCHVARIABLE%\\x"},
           {key + ">\\Main.dic", "C:\\Words\\Main.dic"},
+          {key + "quoted>\\a.dic", "C:\\My words\\a.dic"},
           {"<HKCU\\Software\\Quillmere test\\>", "C:\\Words"},
+          {"<HKEY_LOCAL_MACHINE\\Software\\Quillmere test\\>", "C:\\Words"}, // the user's own
+          {"<HKLM\\Software\\Quillmere test\\quoted>", "C:\\My words"},
+          {"<HKLM\\Software\\Quillmere test\\no>", "<HKLM\\Software\\Quillmere test\\no>"},
           {"<hkcu\\Software\\Quillmere test\\>", "<hkcu\\Software\\Quillmere test\\>"},
           {key + "a>b>c", "bothc"},
           {key + "missing>", key + "missing>"},
@@ -148,6 +154,24 @@ TEST_CASE("paths expand, by the values of variables and of the registry")
           {key + "long>", key + "long>"}});
     CHECK(expanded("abcdef", 4) == "abc");
     CHECK(!regdelete(KEY));
+}
+
+TEST_CASE("a path of the current folder means the same file after the folder changes")
+{
+    scratch place;
+    std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(place.folder);
+    place.write("a.qmg", "x");
+    char path[PATHSIZE], again[PATHSIZE];
+    CHECK(!pathabsolute("\"a.qmg\"", path, sizeof path));
+    CHECK(code(pathabsolute(std::string(PATHSIZE, 'p').c_str(), again, PATHSIZE)) ==
+          ERRORMAXSTRING);
+    CHECK(code(pathabsolute("a.qmg", again, 8)) == ERRORMAXSTRING);
+    CHECK(again[0] == 0);
+    std::filesystem::current_path(before);
+    CHECK(platformobject(path) == 1);
+    CHECK(!pathabsolute(path, again, sizeof again));
+    CHECK(std::string(again) == path);
 }
 
 TEST_CASE("registry values are written, read and deleted, and a key's entries listed")

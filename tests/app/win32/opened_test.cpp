@@ -1,4 +1,5 @@
 // A file named on the command line, and the ways out of the program.
+#include "base/paths.h"
 #include "tests/support/driver.h"
 #include "tests/support/win32/program.h"
 
@@ -92,6 +93,17 @@ TEST_CASE("what is named on the command line is opened as far as it goes")
     std::error_code ignored; // an ended program may still hold its file
     for (const std::string &path : {good, other, cut, damaged, text})
         std::filesystem::remove(path, ignored);
+}
+
+TEST_CASE("a folder of the registry may hold variables")
+{
+    constexpr char key[] = "Software\\Quillmere test variables", text[] = "\"%TEMP%\\words\"";
+    RegSetKeyValueA(HKEY_CURRENT_USER, key, "folder", REG_EXPAND_SZ, text, sizeof text);
+    char path[PATHSIZE], wanted[PATHSIZE];
+    ExpandEnvironmentStringsA("%TEMP%\\words\\a.dic", wanted, sizeof wanted);
+    pathexpand("<HKCU\\Software\\Quillmere test variables\\folder>\\a.dic", path, sizeof path);
+    CHECK(std::string(path) == wanted);
+    RegDeleteKeyA(HKEY_CURRENT_USER, key);
 }
 
 TEST_CASE("a changed grid ends the program only by Yes")
