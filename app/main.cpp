@@ -15,6 +15,7 @@
 // a broken default grid or without dictionaries is still of use.
 static void startapplication()
 {
+    setendquery(quitquery);
     errorblock *err = loadappresources(nullptr);
     if (!err) err = addbroadcasthandler(quithandler, BROADCASTQUIT);
     if (!err) initdata();

@@ -38,17 +38,36 @@ errorblock *initdata()
     return err;
 }
 
-int quitquery()
+static bool leavesgrid()
 {
     constexpr uint32_t flags = 0x10002; // an exclamation, with Yes and No
     int unsaved = gridsunsaved();
-    if (unsaved == 0) return 0;
+    if (unsaved == 0) return true;
     int answer;
     if (unsaved == 1)
         askbox(mainwindow, flags, &answer, "{FS10}");
     else // a program of more documents than one would count them
         askbox(mainwindow, flags, &answer, "%d {FS09}", unsaved);
-    return answer == ASKYES ? 0 : 1;
+    return answer == ASKYES;
+}
+
+// Words that can't be saved keep the user here: they are in memory alone.
+static bool leaveswords()
+{
+    constexpr uint32_t flags = 0x10003; // an exclamation, with Yes, No and Cancel
+    if (!dictanychanges()) return true;
+    int answer;
+    askbox(mainwindow, flags, &answer, "{SPKEEP}");
+    if (answer == ASKNO) return true;
+    if (answer != ASKYES) return false;
+    errorblock *err = dictsavechanges();
+    reporterror(err);
+    return !err;
+}
+
+int quitquery()
+{
+    return leavesgrid() && leaveswords() ? 0 : 1;
 }
 
 void quittask()

@@ -13,8 +13,10 @@ errorblock *loadappresources(const char *directory);
 // grid, the choices, the default grid. The first error ends it.
 errorblock *initdata();
 
-// Whether the user wants to stay: 1 when there are edits and the answer was No.
-// MAY POLL: the question runs a loop of its own.
+// Whether the user wants to stay: 1 when the grid or words of dictionaries were
+// changed and the answer about either was to stay, or when words that should be
+// retained could not be saved, which is shown. MAY POLL: a question runs a loop of
+// its own.
 int quitquery();
 
 // Ends the process with status 0. Windows are not closed, nothing is saved.

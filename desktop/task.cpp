@@ -20,6 +20,7 @@ static struct {
     const char *icon;
     int running;
     uint32_t process;
+    int (*stays)();
 } task;
 
 // The trace shows an error as the word that it is.
@@ -89,6 +90,16 @@ void runtask()
     sendmessage(TASKRUN, 0, 0);
     for (;;)
         pollonce();
+}
+
+void setendquery(int (*stays)())
+{
+    task.stays = stays;
+}
+
+int taskstays()
+{
+    return task.stays ? task.stays() : 0;
 }
 
 const char *taskicon()

@@ -7,6 +7,7 @@
 #include "desktop/poll.h"
 #include "desktop/scroll.h"
 #include "desktop/stages.h"
+#include "desktop/task.h"
 #include "desktop/wdata.h"
 #include "desktop/win32/clipboardmessages.h"
 #include "desktop/win32/ddemessages.h"
@@ -106,6 +107,13 @@ reply palettewanted(const taskmessage &m)
     return replyvalue(changed);
 }
 
+// Every window at the top is asked; those that belong to another leave it to that,
+// so that the user is asked once.
+reply sessionending(const taskmessage &m)
+{
+    return replyvalue(GetWindow(m.handle, GW_OWNER) || !taskstays());
+}
+
 struct messagerow {
     UINT first, last; // numbers of the messages
     reply (*function)(const taskmessage &m);
@@ -123,6 +131,7 @@ constexpr messagerow rows[] = {
     {WM_SETFOCUS, WM_KILLFOCUS, windowfocus},
     {WM_PAINT, WM_PAINT, windowpaints},
     {WM_CLOSE, WM_CLOSE, windowclosing},
+    {WM_QUERYENDSESSION, WM_QUERYENDSESSION, sessionending},
     {WM_ERASEBKGND, WM_ERASEBKGND, windowerases},
     {WM_SYSCOLORCHANGE, WM_SYSCOLORCHANGE, syscolours},
     {WM_SETTINGCHANGE, WM_SETTINGCHANGE, settings},

@@ -7,9 +7,12 @@
 #include "base/errors.h"
 #include "base/filetypes.h"
 #include "base/messages.h"
+#include "base/platformfault.h"
+#include "base/text.h"
 #include "desktop/handlers.h"
 #include "desktop/poll.h"
 #include "desktop/task.h"
+#include "dict/dictset.h"
 #include "find/solutions.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
@@ -22,7 +25,9 @@
 namespace
 {
 
-const char catalogue[] = "ECR:Corruption in file.\nFS10:Grid edited and not saved. Continue?\n";
+const char catalogue[] = "ECR:Corruption in file.\n"
+                         "FS10:Grid edited and not saved. Continue?\n"
+                         "SPKEEP:Dictionaries changed. Retain changes?\n";
 
 errorblock *note(intptr_t number, intptr_t, intptr_t, intptr_t)
 {
@@ -125,6 +130,32 @@ TEST_CASE("the command line names one grid, whatever its extension says")
     CHECK(headless.boxflags == (BOXYESNO | BOXWARNING));
     headless.boxanswer = 6; // Yes
     CHECK(quitquery() == 0);
+
+    // And the one about words that are in memory alone.
+    modulesreset();
+    CHECK(run() == 0);
+    strcopyn(dictdirectory, scratch("").c_str(), sizeof dictdirectory);
+    REQUIRE_FALSE(dictcreate("leaving"));
+    REQUIRE_FALSE(dictadd("ant", &dicts[0].dict));
+    dicts[0].changed = 1;
+    const struct {
+        int answer, space, stays;
+        const char *told;
+        bool left;                                                         // changed still
+    } ways[] = {{2, -1, 1, "Dictionaries changed. Retain changes?", true}, // Cancel
+                {7, -1, 0, "Dictionaries changed. Retain changes?", true}, // No
+                {6, 10, 1, "(WriteFile)", true},                           // on a full disc
+                {6, -1, 0, "Dictionaries changed. Retain changes?", false}};
+    for (const auto &row : ways) {
+        CAPTURE(row.answer);
+        headless.boxanswer = row.answer;
+        platformfault.space = row.space;
+        CHECK(quitquery() == row.stays);
+        platformfault = {};
+        CHECK(headless.boxtext.find(row.told) != std::string::npos);
+        CHECK((dictanychanges() != 0) == row.left);
+    }
+    dictunload(0);
 }
 
 TEST_CASE("the kinds of file")

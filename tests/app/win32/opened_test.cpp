@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <iterator>
 
 namespace
@@ -124,6 +125,14 @@ TEST_CASE("a changed grid ends the program only by Yes")
     CHECK(driveboxtext(box) == "Grid edited and not saved. Continue?");
     driveboxanswer(box, IDNO);
     CHECK(programstays(p, 300));
+    // Nor does the system's session end over it.
+    auto session = std::async(std::launch::async, [&] {
+        return SendMessageA(reinterpret_cast<HWND>(w), WM_QUERYENDSESSION, 0, 0);
+    });
+    box = driveboxwait();
+    REQUIRE(box);
+    driveboxanswer(box, IDNO);
+    CHECK(session.get() == 0);
     CHECK(drivetext(w) == "Quillmere*");
     PostMessageA(reinterpret_cast<HWND>(w), WM_CLOSE, 0, 0);
     box = driveboxwait();
