@@ -3,6 +3,8 @@
 #include "graphics/modeinfo.h"
 #include "graphics/surface.h"
 
+#include <algorithm>
+
 pixelbox placeclient(const windowstaterecord &state)
 {
     return {ostodevx(state.x0), ostoscreeny(state.y1), ostodevx(state.x1), ostoscreeny(state.y0)};
@@ -11,6 +13,11 @@ pixelbox placeclient(const windowstaterecord &state)
 pixelbox placeframe(const windowstaterecord &state, const windowgeometry &now)
 {
     pixelbox wanted = placeclient(state);
+    osbox held = placebox(now.client);
+    if (state.x0 == held.x0) wanted.left = now.client.left;
+    if (state.y1 == held.y1) wanted.top = now.client.top;
+    if (state.x1 == held.x1) wanted.right = now.client.right;
+    if (state.y0 == held.y0) wanted.bottom = now.client.bottom;
     return {wanted.left + now.frame.left - now.client.left,
             wanted.top + now.frame.top - now.client.top,
             wanted.right + now.frame.right - now.client.right,
@@ -42,10 +49,12 @@ void centrestate(windowstaterecord *state, int32_t n)
     state->y1 = state->y0 + height;
 }
 
-// Drawing drops fractions: the last unit of the box decides its last pixel.
+// Drawing drops fractions: the last unit of the box decides its last pixel, or, where
+// a unit is larger than a pixel, the last pixel of that unit does.
 static int32_t behind(int32_t units, int32_t dpi)
 {
-    return muldiv64(int64_t{units} - 1, dpi, OSUNITS) + 1;
+    int32_t first = muldiv64(int64_t{units} - 1, dpi, OSUNITS);
+    return std::max(first + 1, muldiv64(units, dpi, OSUNITS));
 }
 
 pixelbox placework(const osbox &box, int32_t xscroll, int32_t yscroll)

@@ -2,7 +2,9 @@
 // the system's boxes in pixels.
 //
 // A position is always converted by itself and a size follows as the difference
-// of two, so that reading a state and opening by it moves nothing.
+// of two, so that reading a state and opening by it moves nothing. Where a unit is
+// larger than a pixel, above 180 dots to the inch, an edge that a state tells as it
+// is now stays on its pixel.
 #pragma once
 
 #include "desktop/windows.h"

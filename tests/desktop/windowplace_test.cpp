@@ -54,6 +54,16 @@ TEST_CASE("a state's rectangle in pixels, in the frame that it has, and back to 
             REQUIRE(is(placeclient(state), client));
         }
     }
+    for (int32_t dpi : {96, 192, 240, 288}) { // units may be larger than pixels
+        screen(dpi);
+        for (int32_t at = -50; at < 500; at++) {
+            windowgeometry held = {{at, at, 2 * at + 210, 3 * at + 431},
+                                   {at + 4, at + 26, 2 * at + 206, 3 * at + 427}};
+            windowstaterecord state = {};
+            placestate(held.client, &state);
+            REQUIRE(is(placeframe(state, held), held.frame));
+        }
+    }
 }
 
 TEST_CASE("windows are centred, and a cascade of them drifts apart")
@@ -84,4 +94,12 @@ TEST_CASE("a box of the work area covers each pixel that drawing in it falls on"
                 {{100, -140, 120, -120}, 100, {0, 10, 10, 20}}};
     for (const auto &row : rows)
         CHECK(is(placework(row.box, row.scroll, -row.scroll), row.pixels));
+    for (int32_t dpi : {192, 240, 288}) {
+        screen(dpi);
+        for (int32_t at = 1; at < 300; at++) {
+            pixelbox box = placework({0, -at, at, 0}, 0, 0);
+            CHECK(box.right == at * dpi / OSUNITS); // where drawing up to it ends
+            CHECK(box.bottom == box.right);
+        }
+    }
 }
