@@ -148,7 +148,7 @@ errorblock *mainshow()
         state.y0 = state.y1 - fileheight;
         centrestate(&state, 0);
         state.behind = BEHINDTOP;
-        err = openwindow(&state);
+        err = openinside(&state);
     }
     if (!err) err = panesplace(state);
     if (!err) err = setactive(mainwindow);
@@ -187,13 +187,14 @@ errorblock *openmainwindow()
 errorblock *mainrestoresize()
 {
     if (!mainwindow || !filewidth || !fileheight) return nullptr;
+    restorewindow(mainwindow);
     windowstaterecord state;
     errorblock *err = windowstate(mainwindow, &state);
     if (err) return err;
     state.x1 = state.x0 + filewidth;
     state.y0 = state.y1 - fileheight;
     state.behind = BEHINDSAME;
-    err = openwindow(&state);
+    err = openinside(&state);
     return err ? err : panesplace(state);
 }
 

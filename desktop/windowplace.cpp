@@ -24,6 +24,15 @@ pixelbox placeframe(const windowstaterecord &state, const windowgeometry &now)
             wanted.bottom + now.frame.bottom - now.client.bottom};
 }
 
+pixelbox placeinside(const pixelbox &frame, const pixelbox &work)
+{
+    int32_t width = std::min(frame.right - frame.left, work.right - work.left);
+    int32_t height = std::min(frame.bottom - frame.top, work.bottom - work.top);
+    int32_t left = std::max(work.left, std::min(frame.left, work.right - width));
+    int32_t top = std::max(work.top, std::min(frame.top, work.bottom - height));
+    return {left, top, left + width, top + height};
+}
+
 osbox placebox(const pixelbox &pixels)
 {
     return {devtoosx(pixels.left), screentoosy(pixels.bottom), devtoosx(pixels.right),

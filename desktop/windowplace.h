@@ -27,6 +27,10 @@ pixelbox placeclient(const windowstaterecord &state);
 // The frame round it, by the borders that the window has now.
 pixelbox placeframe(const windowstaterecord &state, const windowgeometry &now);
 
+// A frame kept to the work area of its screen: made smaller where it must be, then
+// moved inside.
+pixelbox placeinside(const pixelbox &frame, const pixelbox &work);
+
 // The four words of a state for a client area, and a box for one of the screen.
 void placestate(const pixelbox &client, windowstaterecord *state);
 osbox placebox(const pixelbox &pixels);

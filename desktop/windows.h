@@ -78,6 +78,13 @@ constexpr uint32_t WINDOWWIDE = 0x800;         // its messages have 16-bit chara
 errorblock *openwindow(const windowstaterecord *state);
 errorblock *openwindowex(const windowstaterecord *state);
 
+// A maximised window is as it was before.
+void restorewindow(window w);
+
+// openwindow, the frame kept to the work area of its screen: smaller where it must
+// be, and moved inside. The state becomes what the window then has.
+errorblock *openinside(windowstaterecord *state);
+
 // Reads it; state->self need not be set.
 errorblock *windowstate(window w, windowstaterecord *state);
 errorblock *windowinfo(window w, windowinforecord *info);

@@ -83,6 +83,29 @@ errorblock *openwindow(const windowstaterecord *state)
     return err;
 }
 
+void restorewindow(window w)
+{
+    if (IsZoomed(systemwindow(w))) ShowWindow(systemwindow(w), SW_RESTORE);
+}
+
+errorblock *openinside(windowstaterecord *state)
+{
+    window w = state->self;
+    windowgeometry now;
+    errorblock *err = geometryread(w, &now);
+    if (err) return err;
+    pixelbox frame = placeframe(*state, now);
+    MONITORINFO screen = {};
+    screen.cbSize = sizeof screen;
+    HMONITOR monitor = MonitorFromWindow(systemwindow(w), MONITOR_DEFAULTTONEAREST);
+    if (GetMonitorInfoA(monitor, &screen)) {
+        const RECT &work = screen.rcWork;
+        frame = placeinside(frame, {work.left, work.top, work.right, work.bottom});
+    }
+    err = move(state, frame, {});
+    return err ? err : windowstate(w, state);
+}
+
 // Only the move itself counts.
 errorblock *openwindowex(const windowstaterecord *state)
 {

@@ -66,6 +66,19 @@ TEST_CASE("a state's rectangle in pixels, in the frame that it has, and back to 
     }
 }
 
+TEST_CASE("a frame larger than its screen, or beside it, is kept to the work area")
+{
+    constexpr pixelbox work = {10, 20, 810, 620};
+    const struct {
+        pixelbox frame, kept;
+    } rows[] = {{{30, 40, 130, 140}, {30, 40, 130, 140}},
+                {{-5, -9, 95, 91}, {10, 20, 110, 120}},
+                {{800, 600, 900, 700}, {710, 520, 810, 620}},
+                {{-400, 300, 34000, 35000}, work}};
+    for (const auto &row : rows)
+        CHECK(is(placeinside(row.frame, work), row.kept));
+}
+
 TEST_CASE("windows are centred, and a cascade of them drifts apart")
 {
     const struct {

@@ -210,6 +210,8 @@ TEST_CASE("a dropped grid brings its window size along; what is no grid is told 
         {put, "bad.qmg zebra|"}, {resize, "400,300"}, {another, "...."},
         {drop, ONMAIN, "sized.qmg"}, {document, "ab#/..."}, {title, "Quillmere - sized.qmg"},
         {framed, "560,420", "yes"}, {layout, "right"},
+        {resize, "max"}, {framed, "560,420", "no"}, {another, "...."},
+        {drop, ONMAIN, "sized.qmg"}, {framed, "560,420", "yes"}, {layout, "right"},
         {another, "...."}, {drop, ONLIST, "sized.qmg"}, {document, "ab#/..."},
         {another, "...."}, {drop, ONGRID, "sized.qmg"}, {document, "ab#/..."}, {cursor, "-1,-1"},
         {undrawn, "0"},
