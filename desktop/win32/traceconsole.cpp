@@ -12,6 +12,23 @@ static void consoleaside()
     DeleteMenu(GetSystemMenu(w, FALSE), SC_CLOSE, MF_BYCOMMAND);
 }
 
+// Ctrl+C, Ctrl+Break and their like would end the program with unsaved work.
+static BOOL WINAPI breakignored(DWORD)
+{
+    return TRUE;
+}
+
+// While a text is selected in it, by a mere click, the next line would wait, and the
+// program with it.
+static void consoleharmless()
+{
+    SetConsoleCtrlHandler(breakignored, TRUE);
+    HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+    DWORD mode;
+    if (GetConsoleMode(input, &mode))
+        SetConsoleMode(input, (mode | ENABLE_EXTENDED_FLAGS) & ~DWORD{ENABLE_QUICK_EDIT_MODE});
+}
+
 // The console comes into being with the first line and stays. Its code page is
 // that of our texts, not that of the system's oldest programs.
 static HANDLE console()
@@ -20,6 +37,7 @@ static HANDLE console()
         FreeConsole();
         AllocConsole();
         consoleaside();
+        consoleharmless();
         SetConsoleOutputCP(1252);
         return GetStdHandle(STD_OUTPUT_HANDLE);
     }();
