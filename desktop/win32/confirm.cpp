@@ -12,6 +12,7 @@
 #include "desktop/templates.h"
 #include "desktop/wdata.h"
 #include "desktop/windows.h"
+#include "graphics/win32/windowhandle.h"
 #include "resources/identifiers.h"
 
 #include <cstdarg>
@@ -104,7 +105,33 @@ errorblock *boxfill(const char *text)
     return err;
 }
 
-// POLLS. The window may go with its parent meanwhile. Else the parent takes input
+// A question is about the whole program, as a menu of any window might change what
+// it asks about: until the answer they all take no input, as the owner of a box of
+// the system. Those that were so before stay so behind it.
+struct heldwindows {
+    window held[32];
+    int32_t count;
+};
+
+BOOL CALLBACK windowhold(HWND handle, LPARAM list)
+{
+    auto windows = reinterpret_cast<heldwindows *>(list);
+    window w = windowof(handle);
+    constexpr int32_t most = sizeof windows->held / sizeof windows->held[0];
+    if (w == question.open || !wdatafind(w) || !IsWindowEnabled(handle)) return TRUE;
+    if (windows->count == most) return FALSE;
+    windows->held[windows->count++] = w;
+    EnableWindow(handle, FALSE);
+    return TRUE;
+}
+
+void windowsrelease(const heldwindows &windows)
+{
+    for (int32_t i = 0; i < windows.count; i++)
+        if (wdatafind(windows.held[i])) EnableWindow(systemwindow(windows.held[i]), TRUE);
+}
+
+// POLLS. The window may go with its parent meanwhile. Else the others take input
 // again before the box goes: the system would make another program's window the
 // active one.
 errorblock *boxask(window parent, const char *text)
@@ -112,7 +139,8 @@ errorblock *boxask(window parent, const char *text)
     errorblock *err = createwindow(TEMPLATECONFIRM, tasktitle(), &question.open, parent);
     if (err) return err;
     window w = question.open;
-    enablewindow(parent, 0);
+    heldwindows others = {};
+    EnumThreadWindows(GetCurrentThreadId(), windowhold, reinterpret_cast<LPARAM>(&others));
     err = boxfill(text);
     if (!err) err = addhandlers(w, handlers);
     if (!err) err = opencentred(w, 0);
@@ -122,7 +150,7 @@ errorblock *boxask(window parent, const char *text)
     if (question.answer == PENDING) question.answer = CANCELLED;
 
     kepterror kept = keeperror(err);
-    enablewindow(parent, 1);
+    windowsrelease(others);
     remhandlers(w, handlers);
     if (wdatafind(w)) err = removewindow(&question.open);
     question.open = 0;

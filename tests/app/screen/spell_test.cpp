@@ -143,8 +143,10 @@ TEST_CASE("the question comes whichever way the check ends, and can be put off")
     });
     check("hose##/######");
     play({
-        {press, CHECKADD}, {key, ALT | VK_F4}, {text, QUESTIONTEXT, ASKED},
+        {enabled, "yes"}, {press, CHECKADD}, {key, ALT | VK_F4}, {text, QUESTIONTEXT, ASKED},
+        {enabled, "no"}, // a menu there would pull away what is asked about
         {press, QUESTIONNO}, {words, "one", "bat cat horse house mouse"}, {infront, "Quillmere"},
+        {enabled, "yes"},
     });
     check("hose##/######");
     play({
