@@ -7,6 +7,7 @@ usage: gridpictures_test.py QUILL GRIDPICTURES...   (a native quill; the emulato
 """
 import pathlib
 import random
+import re
 import shutil
 import subprocess
 import sys
@@ -79,11 +80,16 @@ class Made:
         if scale is not None:  # the file's last word
             file = self.folder / "grid.qmg"
             file.write_bytes(file.read_bytes()[:-4] + scale.to_bytes(4, "little"))
-        run = subprocess.run(PROGRAM + ["grid.qmg", "."] + list(map(str, words)), cwd=folder,
-                             capture_output=True, text=True, timeout=120)
-        if "Pictures written" not in run.stdout:
-            raise AssertionError(run.stderr)
-        self.square = int(run.stdout.split()[1])
+        # The first program starts a desktop, which lives as long as any other one and
+        # holds what it inherited: a pipe would not end with the program.
+        said = self.folder / "said.txt"
+        with said.open("w") as out:
+            subprocess.run(PROGRAM + ["grid.qmg", "."] + list(map(str, words)), cwd=folder,
+                           stdout=out, stderr=subprocess.STDOUT, timeout=120)
+        told = said.read_text(errors="replace")
+        if "Pictures written" not in told:
+            raise AssertionError(told)
+        self.square = int(re.search(r"square (\d+)", told)[1])
         self.files = {leaf: metarecords.read((self.folder / leaf).read_bytes()) for leaf in KINDS}
 
     def drawn(self, leaf, *kinds):
