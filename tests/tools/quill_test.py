@@ -104,7 +104,11 @@ RUNS = [
     (f"anagram *** --max 1 {HERE}", DONE, "cat\ncot\n", ""),
     (f"anagram {'x' * 32} {HERE}", FAILED, "", ""),
     (f"guess zzzzz {HERE}", DONE, "", ""),
-    ("make long.txt --size 4x4 -o l.qmg", DONE, "elephantine\t-1\t-1\t-1\t-1\n", ""),
+    ("make long.txt --size 4x4 -o l.qmg", FAILED, "elephantine\t-1\t-1\t-1\t-1\n",
+     "1 word not placed: elephantine"),
+    (f"solve g.qmg {HERE} --mark 0,0,3,0", FAILED, "", "--mark 0,0,3,0 is not inside the grid"),
+    ("dict words -h", DONE, "usage: quill dict words FILE.dic\n"
+     "dict words lists every word of a dictionary.\n", ""),
     ("fill --size 6x5 --dictionaries nowhere -o x.qmg", FAILED, "", ""),
     ("grid draw x.qmg", FAILED, "", "not found."),
 ]

@@ -125,7 +125,11 @@ errorblock *editadd(const std::string &word, Dictionary *dict)
 
 errorblock *editremove(const std::string &word, Dictionary *dict)
 {
-    if (!dictremove(word.c_str(), dict)) remark("absent: %s", word.c_str());
+    if (dictremove(word.c_str(), dict)) return nullptr;
+    dictcursor cursor;
+    uint32_t flags = 0;
+    remark(dictfind(word.c_str(), dict, &cursor, &flags) ? "had to stay: %s" : "absent: %s",
+           word.c_str());
     return nullptr;
 }
 

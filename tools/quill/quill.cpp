@@ -20,7 +20,7 @@
 namespace
 {
 
-constexpr int DONE = 0, FAILED = 1, WRONGUSAGE = 2;
+constexpr int DONE = 0, FAILED = 1, WRONGUSAGE = 2, STOPPED = 130;
 
 struct commandrow {
     const char *name; // one or two words
@@ -97,19 +97,45 @@ const commandrow *commandfind(const std::vector<std::string> &words, size_t *use
     return nullptr;
 }
 
+int failed(const errorblock *err)
+{
+    remark("quill: %s", err->text);
+    return FAILED;
+}
+
+// What was asked for is on its way only when the output took it.
+int told()
+{
+    errorblock *err = outclose();
+    return err ? failed(err) : DONE;
+}
+
+// Whether help is asked for among the options.
+bool helpasked(const std::vector<std::string> &words)
+{
+    for (const std::string &word : words) {
+        if (word == "--") return false;
+        if (word == "-h" || word == "--help") return true;
+    }
+    return false;
+}
+
+int commandhelp(const commandrow &row)
+{
+    usageshow(stdout, row);
+    std::fprintf(stdout, "%s %s.\n", row.name, row.does);
+    return told();
+}
+
 int help(std::vector<std::string> words)
 {
     size_t used;
     words.erase(words.begin());
     if (words.empty()) {
         helpall(stdout);
-        return DONE;
+        return told();
     }
-    if (const commandrow *row = commandfind(words, &used)) {
-        usageshow(stdout, *row);
-        std::fprintf(stdout, "%s %s.\n", row->name, row->does);
-        return DONE;
-    }
+    if (const commandrow *row = commandfind(words, &used)) return commandhelp(*row);
     // "help dict" shows the commands that begin so.
     bool any = false;
     for (const commandrow &row : commands)
@@ -117,7 +143,7 @@ int help(std::vector<std::string> words)
             usageshow(stdout, row);
             any = true;
         }
-    if (any) return DONE;
+    if (any) return told();
     helpall(stderr);
     return WRONGUSAGE;
 }
@@ -135,12 +161,6 @@ errorblock *foundationstart()
     return err;
 }
 
-int failed(const errorblock *err)
-{
-    remark("quill: %s", err->text);
-    return FAILED;
-}
-
 int commandrun(const commandrow &row, const std::vector<std::string> &words)
 {
     arguments args;
@@ -154,7 +174,7 @@ int commandrun(const commandrow &row, const std::vector<std::string> &words)
     }
     errorblock *err = row.run(args);
     if (!err) err = outclose();
-    int result = err ? failed(err) : DONE;
+    int result = err ? failed(err) : edgestopped() ? STOPPED : DONE;
     sessionend();
     return result;
 }
@@ -175,9 +195,9 @@ int main(int count, char **line)
     }
     if (words[0] == "--version") {
         std::puts("quill " QUILLMERE_VERSION);
-        return DONE;
+        return told();
     }
-    if (words[0] == "help" || words[0] == "--help") return help(words);
+    if (words[0] == "help" || words[0] == "--help" || words[0] == "-h") return help(words);
 
     size_t used;
     const commandrow *row = commandfind(words, &used);
@@ -187,5 +207,6 @@ int main(int count, char **line)
         return WRONGUSAGE;
     }
     words.erase(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(used));
+    if (helpasked(words)) return commandhelp(*row);
     return commandrun(*row, words);
 }

@@ -14,13 +14,19 @@
 namespace
 {
 
-void markcells(const cellbox &box)
+errorblock *markcells(const cellbox &box)
 {
+    if (!gridinside(box.right, box.bottom))
+        return makeerrortext(ERRORMAXSTRING, "--mark %d,%d,%d,%d is not inside the grid of %dx%d.",
+                             static_cast<int>(box.left), static_cast<int>(box.top),
+                             static_cast<int>(box.right), static_cast<int>(box.bottom),
+                             static_cast<int>(grid.width), static_cast<int>(grid.height));
     for (int32_t x = box.left; x <= box.right; x++)
         for (int32_t y = box.top; y <= box.bottom; y++)
-            if (gridinside(x, y) && (grid.flags[x][y] & CELLKIND) != CELLBLOCK)
+            if ((grid.flags[x][y] & CELLKIND) != CELLBLOCK)
                 grid.flags[x][y] =
                     static_cast<uint8_t>((grid.flags[x][y] & ~CELLKIND) | CELLMARKED);
+    return nullptr;
 }
 
 void outsolutions()
@@ -42,12 +48,10 @@ errorblock *commandsolve(const arguments &args)
     errorblock *err = sessionstart(args);
     if (!err) err = sessiongrid(args.words[0]);
     if (!err) err = sessiondicts(args);
-    if (err) return err;
-
     for (const cellbox &box : args.marks)
-        markcells(box);
+        if (!err) err = markcells(box);
     solutions.maxsolutions = args.max;
-    err = solvestart();
+    if (!err) err = solvestart();
     if (!err) err = searchnow();
     if (err) return err;
 

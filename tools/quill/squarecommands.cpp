@@ -1,5 +1,6 @@
 #include "tools/quill/commands.h"
 
+#include "base/errors.h"
 #include "base/random.h"
 #include "dict/wordfeed.h"
 #include "find/solutions.h"
@@ -58,7 +59,24 @@ errorblock *makingend(errorblock *err, const arguments &args)
     if (!err) err = searchnow();
     if (!err) err = gridwrite(args.out.c_str());
     if (!err) outplaces();
+    if (!err && edgestopped()) remark("stopped: the words placed so far are in the file");
     return err;
+}
+
+// The file is there with the others, but isn't what was asked for.
+errorblock *unplaced()
+{
+    std::string words;
+    int count = 0;
+    for (int32_t i = 0; i < solutions.count; i++) {
+        if (solword(i)->x >= 0) continue;
+        words += count++ ? ", " : "";
+        words += solword(i)->text;
+    }
+    if (!count) return nullptr;
+    if (words.size() > 120) words = words.substr(0, 120) + "...";
+    return makeerrortext(ERRORMAXSTRING, "%d word%s not placed: %s", count, count == 1 ? "" : "s",
+                         words.c_str());
 }
 
 } // namespace
@@ -71,7 +89,8 @@ errorblock *commandmake(const arguments &args)
     squarestart(args);
     err = listadd(text);
     if (!err) err = wsmake();
-    return makingend(err, args);
+    err = makingend(err, args);
+    return err ? err : unplaced();
 }
 
 errorblock *commandfill(const arguments &args)
