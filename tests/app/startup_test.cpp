@@ -22,6 +22,8 @@
 
 #include <doctest/doctest.h>
 
+#include <filesystem>
+
 namespace
 {
 
@@ -94,6 +96,7 @@ TEST_CASE("the program starts, runs and ends in its order, whatever fails")
 TEST_CASE("the command line names one grid, whatever its extension says")
 {
     std::string path = scratch("a grid.txt"), text = scratch("text.qmg");
+    std::string absolute = std::filesystem::absolute(path).make_preferred().string();
     userfolder folder("Default");
     grid.width = 9;
     REQUIRE_FALSE(gridwrite(path.c_str()));
@@ -106,7 +109,7 @@ TEST_CASE("the command line names one grid, whatever its extension says")
         int32_t width;
         std::string filename, box;
     } rows[] = {{{}, 16, "", ""},
-                {{path}, 9, path, ""},
+                {{path}, 9, absolute, ""},
                 {{path, path}, 16, "", ""},               // of two none is opened
                 {{text}, 16, "", "Corruption in file."}}; // it isn't one, and the program stays
     for (const auto &row : rows) {
