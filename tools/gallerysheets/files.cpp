@@ -4,6 +4,7 @@
 #include "base/files.h"
 
 #include <algorithm>
+#include <array>
 
 namespace
 {
@@ -17,30 +18,44 @@ std::string word(uint32_t value)
     return out;
 }
 
-uint32_t crc(const std::string &bytes)
+// The remainder that each byte leaves: bit by bit, the sums take longer than all drawing.
+constexpr std::array<uint32_t, 256> crctable = [] {
+    std::array<uint32_t, 256> table = {};
+    for (uint32_t byte = 0; byte < 256; byte++) {
+        table[byte] = byte;
+        for (int bit = 0; bit < 8; bit++)
+            table[byte] = table[byte] >> 1 ^ (table[byte] & 1 ? 0xEDB88320 : 0);
+    }
+    return table;
+}();
+
+// Of the bytes from a place on.
+uint32_t crc(const std::string &bytes, size_t from)
 {
     uint32_t sum = 0xFFFFFFFF;
-    for (char c : bytes) {
-        sum ^= static_cast<uint8_t>(c);
-        for (int bit = 0; bit < 8; bit++)
-            sum = sum >> 1 ^ (sum & 1 ? 0xEDB88320 : 0);
-    }
+    for (size_t at = from; at < bytes.size(); at++)
+        sum = sum >> 8 ^ crctable[(sum ^ static_cast<uint8_t>(bytes[at])) & 255];
     return ~sum;
 }
 
+// 64 bits hold the sums of a picture of any size.
 uint32_t adler(const std::string &bytes)
 {
-    uint32_t a = 1, b = 0;
+    uint64_t a = 1, b = 0;
     for (char c : bytes) {
-        a = (a + static_cast<uint8_t>(c)) % 65521;
-        b = (b + a) % 65521;
+        a += static_cast<uint8_t>(c);
+        b += a;
     }
-    return b << 16 | a;
+    return static_cast<uint32_t>(b % 65521 << 16 | a % 65521);
 }
 
-std::string chunk(const std::string &kind, const std::string &bytes)
+void chunkadd(std::string *out, const char *kind, const std::string &bytes)
 {
-    return word(static_cast<uint32_t>(bytes.size())) + kind + bytes + word(crc(kind + bytes));
+    *out += word(static_cast<uint32_t>(bytes.size()));
+    size_t from = out->size();
+    *out += kind;
+    *out += bytes;
+    *out += word(crc(*out, from));
 }
 
 // Blocks that are stored as they are: large, but there is nothing to go wrong.
@@ -48,6 +63,7 @@ std::string stored(const std::string &bytes)
 {
     constexpr size_t most = 65535;
     std::string out = "\x78\x01";
+    out.reserve(bytes.size() + bytes.size() / most * 5 + 11);
     for (size_t at = 0; at < bytes.size(); at += most) {
         size_t length = std::min(most, bytes.size() - at);
         out += static_cast<char>(at + length == bytes.size());
@@ -55,7 +71,7 @@ std::string stored(const std::string &bytes)
             out += static_cast<char>(number);
             out += static_cast<char>(number >> 8);
         }
-        out += bytes.substr(at, length);
+        out.append(bytes, at, length);
     }
     return out + word(adler(bytes));
 }
@@ -67,15 +83,17 @@ errorblock *pngsave(const std::string &path, int32_t width, int32_t height, cons
     const std::string kind = {8, 2, 0, 0, 0}; // 8 bits each of red, green, blue
     size_t rowbytes = static_cast<size_t>(width) * 3;
     std::string lines;
+    lines.reserve(rows.size() + static_cast<size_t>(height));
     for (size_t at = 0; at < rows.size(); at += rowbytes) {
         lines += '\0'; // no filter
-        lines += rows.substr(at, rowbytes);
+        lines.append(rows, at, rowbytes);
     }
     std::string out = "\x89PNG\r\n\x1A\n";
-    out += chunk("IHDR",
-                 word(static_cast<uint32_t>(width)) + word(static_cast<uint32_t>(height)) + kind);
-    out += chunk("IDAT", stored(lines));
-    out += chunk("IEND", "");
+    out.reserve(lines.size() + lines.size() / 1000 + 100);
+    chunkadd(&out, "IHDR",
+             word(static_cast<uint32_t>(width)) + word(static_cast<uint32_t>(height)) + kind);
+    chunkadd(&out, "IDAT", stored(lines));
+    chunkadd(&out, "IEND", "");
     return bytessave(path, out);
 }
 

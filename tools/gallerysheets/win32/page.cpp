@@ -116,14 +116,13 @@ int32_t pagedifference(const page *a, const page *b)
 errorblock *pagesave(const page *p, const std::string &path)
 {
     std::string rows;
+    rows.reserve(static_cast<size_t>(p->width * p->height * 3));
     GdiFlush();
     for (int32_t y = 0; y < p->height; y++) {
         const uint8_t *at = p->bits + y * p->rowbytes;
-        for (int32_t x = 0; x < p->width; x++, at += 3) {
-            rows += static_cast<char>(at[2]);
-            rows += static_cast<char>(at[1]);
-            rows += static_cast<char>(at[0]);
-        }
+        for (int32_t x = 0; x < p->width; x++, at += 3)
+            for (int part : {2, 1, 0})
+                rows += static_cast<char>(at[part]);
     }
     return pngsave(path, p->width, p->height, rows);
 }
