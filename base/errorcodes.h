@@ -34,7 +34,9 @@ constexpr uint32_t EDCOLD = 530;
 constexpr uint32_t EAMAT = 531;
 constexpr uint32_t ENOSAVE = 532;
 constexpr uint32_t EDCAPS = 533;
-constexpr uint32_t EDNAME = 534; // its texts say what is wrong, so it has no row
+// Their texts say what is wrong, so they have no row.
+constexpr uint32_t EDNAME = 534;
+constexpr uint32_t EFOLDER = 535;
 
 // Pictures and the rest.
 constexpr uint32_t EBADBITS = 512;

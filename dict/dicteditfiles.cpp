@@ -1,8 +1,11 @@
 // Files of words in and out of the dictionary that is open in the editor.
 
+#include "base/errorcodes.h"
 #include "base/filetypes.h"
+#include "base/paths.h"
 #include "base/syserr.h"
 #include "base/text.h"
+#include "desktop/drop.h"
 #include "desktop/filedialogs.h"
 #include "desktop/handlertable.h"
 #include "desktop/hourglass.h"
@@ -59,13 +62,15 @@ void wordsformat(intptr_t, int32_t, int32_t *type, char *, int32_t)
 
 errorblock *dropasked(const char *, int32_t filetype, mouserecord *, intptr_t, int *accept)
 {
-    *accept = filetype == FILETYPETEXT;
+    *accept = filetype == FILETYPETEXT || filetype >= DROPFOLDER;
     return nullptr;
 }
 
-errorblock *droploaded(const char *path, int32_t, intptr_t, intptr_t)
+// A folder is taken to say why its words are not.
+errorblock *droploaded(const char *path, int32_t filetype, intptr_t, intptr_t)
 {
-    return importfile(path);
+    if (filetype < DROPFOLDER) return importfile(path);
+    return makeerrortext(EFOLDER, "%s is a folder. Words come from files.", leafname(path));
 }
 
 errorblock *dropdone(intptr_t)

@@ -85,6 +85,10 @@ void solrecount();
 // changed cells are gathered by dirtyadd.
 bool solselect(int32_t entry, bool toggle);
 
+// Scrolls the grid to the word of that row, where it lies in it; of one longer than the
+// view the first letter is seen.
+void solshow(int32_t entry);
+
 // The Delete button: removes the selected words, and redraws.
 void soldeleteselected();
 

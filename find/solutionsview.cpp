@@ -174,8 +174,10 @@ errorblock *wordclick(window self, int32_t row, intptr_t buttons)
     bool toggle = buttons == BUTTONRIGHT || (keymodifiers() & KEYCTRL);
     dirtyreset();
     errorblock *err = nullptr;
-    if ((buttons == BUTTONLEFT || buttons == BUTTONRIGHT) && solselect(row, toggle))
-        err = redrawall(self);
+    if (buttons == BUTTONLEFT || buttons == BUTTONRIGHT) {
+        if (solselect(row, toggle)) err = redrawall(self);
+        solshow(row);
+    }
     dirtyredraw();
     return err;
 }

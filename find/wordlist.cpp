@@ -4,6 +4,7 @@
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "grid/grid.h"
+#include "grid/gridwindow.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -129,6 +130,17 @@ bool solselect(int32_t entry, bool toggle)
     }
     markrescan();
     return true;
+}
+
+void solshow(int32_t entry)
+{
+    if (entry < 0 || entry >= solutions.count || !*solword(entry)->text) return;
+    const wsentry word = *solword(entry);
+    auto steps = static_cast<int32_t>(strlen(word.text)) - 1;
+    int32_t x = word.x + steps * word.dx, y = word.y + steps * word.dy;
+    if (!gridinside(word.x, word.y) || !gridinside(x, y)) return;
+    gridcellshow(x, y);
+    gridcellshow(word.x, word.y);
 }
 
 void soldeleteselected()

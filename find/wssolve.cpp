@@ -84,7 +84,7 @@ void wssolveline(int32_t x, int32_t y, int32_t dx, int32_t dy)
         letters[n] = 0;
         if (!wordindicts(letters)) continue;
         // A word that memory is too short for is passed over.
-        soladdword(x, y, dx, dy, letters);
+        if (!soladdword(x, y, dx, dy, letters)) solprogress(solutions.count);
         return;
     }
 }

@@ -59,16 +59,20 @@ errorblock *gridloaddefault()
 
 // A word list goes through the same end as a grid: the document bears its
 // path, and the kind goes back to that of the grid file read last. A Crossword's
-// results must be gone before they count as a Wordsquare's words; that can be
-// with a list of words, and with a grid that can't be opened.
+// results must be gone before they count as a Wordsquare's words, and words
+// before they count as a Crossword's results; that can be with a list of words,
+// and with a grid that can't be opened.
 errorblock *gridopened(const char *path, int32_t filetype)
 {
     bool words = filetype == FILETYPETEXT;
-    bool square = words || grid.pendingkind == GRIDWORDSQUARE;
     errorblock *err = words ? nullptr : gridload(path);
     if (err) return err; // nothing was taken from the file
-    if (square && grid.kind == GRIDCROSSWORD) resultsdrop();
-    if (words) wordlistload(path);
+    if (words) {
+        if (grid.kind == GRIDCROSSWORD) resultsdrop();
+        wordlistload(path);
+    }
+    int32_t listed = words ? GRIDWORDSQUARE : grid.kind;
+    if (listed != grid.pendingkind) resultsdrop();
     gridunchanged();
     gridsetfilename(path);
     gridkindapply(grid.pendingkind);

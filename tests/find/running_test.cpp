@@ -159,9 +159,11 @@ TEST_CASE("Stop keeps what is found, or placed, and says so once")
     grid.minwordlength = 3;
     gridset("cowbeeant");
     headless.onpoll = stopasked;
+    headless.progress = 0;
     stop = 3;
     searchrun(wssolve());
     CHECK((headless.polls == 3 && solutions.count == 2)); // the fourth cell is searched
+    CHECK(headless.progress == 1); // the second is none of those that are shown
 
     solreset();
     grid.width = grid.height = 30;

@@ -132,6 +132,13 @@ TEST_CASE("clicks select one word, toggle one, or change nothing, and cells are 
         CHECK(cells() == counts);
         CHECK(grid.markbottom == bottom);
     }
+    // Shown are places that lie in the grid, first letters last.
+    headless.shownx = headless.showny = -9;
+    for (int32_t row : {-1, 2, 3, 4, 5})
+        solshow(row);
+    CHECK((headless.shownx == -9 && headless.showny == -9));
+    solshow(0);
+    CHECK((headless.shownx == solword(0)->x && headless.showny == solword(0)->y));
     solselect(0, false);
     dirtyreset();
     solselect(1, false); // both words' cells are drawn anew

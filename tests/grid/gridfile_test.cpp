@@ -112,7 +112,7 @@ TEST_CASE("the newest generation is read whole and written back to the byte")
     CHECK((grid.letters[0][1] == 'B' && grid.letters[1][0] == 'e' && grid.flags[0][1] == BARLEFT));
     CHECK(grid.cellwidth == 160 * 180 * 210 / 115200);
     CHECK((headless.windowwidth == 1500 && headless.windowheight == 1200));
-    CHECK((headless.extents == 1 && headless.redraws == 1 && headless.resultsdropped == 1));
+    CHECK((headless.extents == 1 && headless.redraws == 1 && headless.resultsdropped >= 1));
     CHECK((nomark() && headless.marklength == -1 && cursorat(-1, -1) && grid.lastcursory == -1));
     CHECK(savedbytes() == newest());
 }
@@ -293,23 +293,28 @@ TEST_CASE("what is opened names the document, and its kind is that of the last g
     gridchange();
     CHECK_FALSE(gridload(path.c_str())); // a load alone leaves name and kind
     CHECK((grid.kind == GRIDCROSSWORD && gridsunsaved() == 1));
-    grid.pendingkind = GRIDCROSSWORD;
+    constexpr int32_t CROSS = GRIDCROSSWORD, SQUARE = GRIDWORDSQUARE;
+    const std::string words = "words.txt", nowhere = scratch("no/where.qmg");
     const struct {
         std::string path;
-        int32_t type, kind; // as it was before
+        int32_t type, kind, last; // the document's before, and the last grid file's
         int dropped, lists;
-    } rows[] = {{path, FILETYPEGRID, GRIDCROSSWORD, 1, 0},
-                {"words.txt", FILETYPETEXT, GRIDCROSSWORD, 1, 1},  // a Crossword's results
-                {"words.txt", FILETYPETEXT, GRIDWORDSQUARE, 0, 1}, // its words are unmarked first
-                {scratch("no/where.qmg"), FILETYPEGRID, GRIDWORDSQUARE, 0, 0}};
+    } rows[] = {{path, FILETYPEGRID, CROSS, CROSS, 2, 0},    // by the load as well
+                {words, FILETYPETEXT, CROSS, SQUARE, 1, 1},  // a Crossword's results
+                {words, FILETYPETEXT, SQUARE, SQUARE, 0, 1}, // its words are unmarked first
+                {words, FILETYPETEXT, SQUARE, CROSS, 1, 1},  // they are no Crossword's results
+                {words, FILETYPETEXT, CROSS, CROSS, 2, 1},
+                {nowhere, FILETYPEGRID, SQUARE, SQUARE, 0, 0},
+                {nowhere, FILETYPEGRID, SQUARE, CROSS, 1, 0}};
     for (const auto &row : rows) {
         grid.kind = row.kind;
+        grid.pendingkind = row.last;
         grid.letters[0][0] = 'q';
         gridchange();
         headlessreset();
         CHECK_FALSE(gridopened(row.path.c_str(), row.type));
         CHECK((headless.resultsdropped == row.dropped && headless.wordlists == row.lists));
-        CHECK((headless.kindsapplied == 1 && grid.kind == GRIDWORDSQUARE));
+        CHECK((headless.kindsapplied == 1 && grid.kind == (row.path == path ? SQUARE : row.last)));
         CHECK((grid.filename == row.path && gridsunsaved() == 0));
         CHECK((grid.letters[0][0] == 'q') == (row.path != path));
     }

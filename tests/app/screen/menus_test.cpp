@@ -219,7 +219,10 @@ TEST_CASE("a dropped grid brings its window size along; what is no grid is told 
         {answer, IDOK}, {document, "...."},
         {drop, ONMAIN, "missing.qmg"}, {document, "...."},
         {put, "words.txt apple|pear|"}, {drop, ONGRID, "words.txt"}, {count, "0"},
-        {menu, COMMANDWORDSQUARE}, {drop, ONGRID, "words.txt"}, {count, "2"},
-        {title, "Quillmere - words.txt"},
+        // The kind is that of the grid file read last, and so is what is listed.
+        {menu, COMMANDWORDSQUARE}, {drop, ONGRID, "words.txt"}, {count, "0"}, {value, "kind", "0"},
+        {title, "Quillmere - words.txt"}, {menu, COMMANDWORDSQUARE}, {menu, COMMANDSAVEAS},
+        {choose, 0, "square"}, {drop, ONMAIN, "square.qmg"}, {drop, ONGRID, "words.txt"},
+        {listed, "apple, pear"}, {title, "Quillmere - words.txt"},
     });
 }

@@ -208,6 +208,16 @@ TEST_CASE("words are typed into a Wordsquare's list, selected there, and deleted
     });
 }
 
+TEST_CASE("a click on a word that was found brings it into view")
+{
+    play({
+        {square, 40}, {click, "0,0"}, {setting, cell(29, 30), "cursor"}, {key, VK_RIGHT},
+        {type, "stare"}, {setting, cell(1, 0), "cursor"}, {key, VK_LEFT}, {scrolled, "0,0"},
+        {searched, BARSQUARESOLVE}, {listed, "stare"}, {pick, 0}, {marked, "5"}, {undrawn, "0"},
+    });
+    CHECK(scrolled(0, "") != "0,0");
+}
+
 TEST_CASE("a Make that finds no end is stopped with what it has")
 {
     // One more than lie beside each other, and all letters differ where they'd cross.

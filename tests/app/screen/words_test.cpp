@@ -159,6 +159,7 @@ TEST_CASE("words come in by files that are dropped, and out and in by the list's
         {words, "mine", "a ant Bees cow dog last m xxxxxxxxx"},
         {changed, "yes"},
         {put, "grid.qmg eel|"}, {drop, ONWORDS, "grid.qmg"}, {text, EDITCOUNT, "8"},
+        {drop, ONWORDS, "."}, {box, ". is a folder. Words come from files."}, {answer, IDOK},
         {pickword, 0, "right"}, {key, VK_DOWN, "2"}, {key, VK_RETURN}, {choose, 0, "out.txt"},
         {file, "out.txt", "a|ant|Bees|cow|dog|last|m|xxxxxxxxx"},
         {press, DIALOGCANCEL}, {words, "mine", "ant m"},
