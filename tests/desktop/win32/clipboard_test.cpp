@@ -1,10 +1,10 @@
-// The clipboard between two programs.
+// The clipboard between this program and another, for which plain calls of the
+// system stand.
 #include "desktop/clipboard.h"
 
 #include "base/errors.h"
 #include "base/flex.h"
 #include "desktop/message.h"
-#include "tests/desktop/win32/partner.h"
 #include "tests/desktop/win32/script.h"
 
 #include <doctest/doctest.h>
@@ -20,37 +20,41 @@ constexpr int32_t PRIVATE = 0x0200; // a format of our own
 enum renders { WHOLE, PLACEABLE, EMPTY, REFUSED };
 renders how;
 
-std::string plainpicture()
+std::string plainbytes(HMETAFILE metafile)
 {
-    HDC dc = CreateMetaFileA(nullptr);
-    Rectangle(dc, 1, 2, 30, 40);
-    HMETAFILE metafile = CloseMetaFile(dc);
     std::string bytes(GetMetaFileBitsEx(metafile, 0, nullptr), 0);
     GetMetaFileBitsEx(metafile, static_cast<UINT>(bytes.size()), bytes.data());
-    DeleteMetaFile(metafile);
     return bytes;
 }
 
-std::string enhancedpicture()
+std::string enhancedbytes(HENHMETAFILE metafile)
 {
-    HDC dc = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
-    Ellipse(dc, 1, 2, 30, 40);
-    HENHMETAFILE metafile = CloseEnhMetaFile(dc);
     std::string bytes(GetEnhMetaFileBits(metafile, 0, nullptr), 0);
     GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()),
                        reinterpret_cast<BYTE *>(bytes.data()));
-    DeleteEnhMetaFile(metafile);
     return bytes;
 }
 
+// Their data, with the pictures as files of a rectangle.
 std::string dataof(int32_t format)
 {
     if (format == CLIPTEXT) return std::string("caf\xE9", 5);
-    if (format == CLIPENHMETAFILE) return enhancedpicture();
-    if (format != CLIPMETAFILE) return "private";
-    std::string header = "\xD7\xCD\xC6\x9A";
-    header.resize(22, 'h');
-    return (how == PLACEABLE ? header : "") + plainpicture();
+    if (format == PRIVATE) return "private";
+    bool plain = format == CLIPMETAFILE;
+    HDC dc =
+        plain ? CreateMetaFileA(nullptr) : CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    Rectangle(dc, 1, 2, 30, 40);
+    std::string header = how == PLACEABLE ? "\xD7\xCD\xC6\x9A" : "";
+    if (how == PLACEABLE) header.resize(22, 'h');
+    if (HMETAFILE made = plain ? CloseMetaFile(dc) : nullptr) {
+        std::string bytes = header + plainbytes(made);
+        DeleteMetaFile(made);
+        return bytes;
+    }
+    HENHMETAFILE made = CloseEnhMetaFile(dc);
+    std::string bytes = enhancedbytes(made);
+    DeleteEnhMetaFile(made);
+    return bytes;
 }
 
 errorblock *render(int32_t format)
@@ -113,35 +117,65 @@ std::string pasted(int32_t format)
     return bytes;
 }
 
-// What the other program gets, as far as the text in hexadecimal goes.
-const char CAFE[] = "636166e900", THEPRIVATE[] = "70726976617465";
+// What the other program gets.
+std::string theirs(int32_t format)
+{
+    OpenClipboard(nullptr);
+    HANDLE data = GetClipboardData(static_cast<UINT>(format));
+    std::string bytes = "none";
+    if (data && format == CLIPENHMETAFILE) {
+        bytes = enhancedbytes(static_cast<HENHMETAFILE>(data));
+    } else if (data) {
+        auto *block = static_cast<const char *>(GlobalLock(data));
+        auto *picture = reinterpret_cast<const METAFILEPICT *>(block);
+        bytes = format == CLIPMETAFILE ? plainbytes(picture->hMF)
+                                       : std::string(block, GlobalSize(data));
+        if (format == CLIPMETAFILE) CHECK((picture->mm == MM_ANISOTROPIC && picture->xExt == 0));
+        GlobalUnlock(data);
+    }
+    CloseClipboard();
+    return bytes;
+}
+
+bool ours(int32_t format)
+{
+    return theirs(format).starts_with(dataof(format));
+}
+
+void copytheirs(window w)
+{
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 7);
+    strcpy(static_cast<char *>(GlobalLock(block)), "theirs");
+    GlobalUnlock(block);
+    OpenClipboard(handleof(w));
+    EmptyClipboard();
+    SetClipboardData(CF_TEXT, block);
+    CloseClipboard();
+}
 
 } // namespace
 
 TEST_CASE("what is offered is made when it is asked for, once, or at once if so wanted")
 {
-    partnerprogram partner;
     service on;
     CHECK_FALSE(offer({CLIPTEXT, PRIVATE}));
     CHECK(clipboardowned() == 1);
     CHECK(taken() == "");
     for (const char *made : {"1;", ""}) {
-        CHECK(partner.ask("paste 1").starts_with(CAFE));
+        CHECK(ours(CLIPTEXT));
         CHECK(taken() == made);
     }
-    CHECK(partner.ask("paste 200").starts_with(THEPRIVATE));
+    CHECK(ours(PRIVATE));
     CHECK(taken() == "512;");
     CHECK_FALSE(offer({CLIPTEXT, PRIVATE}, CLIPNOW));
     CHECK(taken() == "gone;1;512;");
-    CHECK(partner.ask("paste 1").starts_with(CAFE));
-    for (renders header : {WHOLE, PLACEABLE}) { // pictures: the bytes of their files
+    CHECK(ours(CLIPTEXT));
+    for (renders header : {PLACEABLE, WHOLE}) { // pictures: the bytes of their files
         how = header;
-        CHECK_FALSE(offer({CLIPMETAFILE}));
-        CHECK(partner.ask("paste 3") ==
-              "mode 8 size 0,0 bytes " + std::to_string(plainpicture().size()));
+        CHECK_FALSE(offer({CLIPMETAFILE, CLIPENHMETAFILE}));
+        CHECK(theirs(CLIPMETAFILE) == dataof(CLIPMETAFILE).substr(header == PLACEABLE ? 22 : 0));
+        CHECK(theirs(CLIPENHMETAFILE).size() == dataof(CLIPENHMETAFILE).size());
     }
-    CHECK_FALSE(offer({CLIPENHMETAFILE}));
-    CHECK(partner.ask("paste E") == "bytes " + std::to_string(enhancedpicture().size()));
     taken();
 
     // A format that can't be made isn't there.
@@ -150,22 +184,21 @@ TEST_CASE("what is offered is made when it is asked for, once, or at once if so 
     CHECK(clipboardowned() == 0);
     CHECK_FALSE(offer({CLIPTEXT}));
     std::string answer;
-    CHECK(drivebox(IDOK, [&] { answer = partner.ask("paste 1"); }) == "not now");
+    CHECK(drivebox(IDOK, [&] { answer = theirs(CLIPTEXT); }) == "not now");
     CHECK(answer == "none");
     how = EMPTY; // its good right
-    CHECK(partner.ask("paste 1") == "none");
+    CHECK(theirs(CLIPTEXT) == "none");
 }
 
 TEST_CASE("an offer is lost to the next one, and to another program")
 {
-    partnerprogram partner;
     for (uint32_t flags : {uint32_t{0}, CLIPOLE}) { // both interfaces of the system
         service on(flags);
         CHECK_FALSE(offer({CLIPTEXT}));
         CHECK_FALSE(offer({PRIVATE}));
         CHECK(taken() == "gone;");
-        CHECK(partner.ask("paste 1") == "none");
-        CHECK(partner.ask("copy theirs") == "ok");
+        CHECK(theirs(CLIPTEXT) == "none");
+        copytheirs(taskwindow(WS_POPUP));
         CHECK(taken() == "gone;");
         CHECK(clipboardowned() == 0);
         CHECK(formatsnow().starts_with(std::to_string(CLIPTEXT) + " "));
@@ -174,7 +207,6 @@ TEST_CASE("an offer is lost to the next one, and to another program")
     }
     CHECK(taken() == "");     // not at the end either
     CHECK(offer({CLIPTEXT})); // without the service
-    CHECK(pasted(CLIPTEXT).starts_with("theirs"));
 
     int32_t first = 0, again = 0;
     CHECK_FALSE(clipboardformatnumber("Words of the test", &first));
@@ -185,26 +217,21 @@ TEST_CASE("an offer is lost to the next one, and to another program")
 
 TEST_CASE("our own offer can be pasted, and everything is made when the service ends")
 {
-    partnerprogram partner;
     for (bool program : {false, true}) {
         service on;
-        CHECK_FALSE(offer({CLIPTEXT, CLIPMETAFILE, CLIPENHMETAFILE}));
+        CHECK_FALSE(offer({CLIPTEXT, CLIPMETAFILE, CLIPENHMETAFILE, PRIVATE}));
         CHECK(formatsnow() == std::to_string(CLIPOWN) + " ");
         CHECK(pasted(CLIPTEXT).starts_with("caf\xE9"));
-        CHECK(pasted(CLIPMETAFILE) == plainpicture());
-        CHECK(pasted(CLIPENHMETAFILE).size() == enhancedpicture().size());
-        CHECK_FALSE(offer({CLIPTEXT, CLIPMETAFILE, PRIVATE}));
-        partner.ask("paste 1");
+        CHECK(pasted(CLIPMETAFILE) == dataof(CLIPMETAFILE));
+        CHECK(pasted(CLIPENHMETAFILE).size() == dataof(CLIPENHMETAFILE).size());
         taken();
         if (program)
             CHECK(broadcast(BROADCASTQUIT) == 1);
         else
             CHECK_FALSE(clipboardend());
-        CHECK(taken() == "1;3;512;gone;");
+        CHECK(taken() == "1;3;14;512;gone;");
         CHECK(clipboardowned() == 0);
-        CHECK(partner.ask("paste 1").starts_with(CAFE)); // it outlives it
-        CHECK(partner.ask("paste 3").starts_with("mode 8"));
-        CHECK(partner.ask("paste 200").starts_with(THEPRIVATE));
+        CHECK((ours(CLIPTEXT) && ours(CLIPMETAFILE) && ours(PRIVATE))); // it outlives it
     }
     service on;
     drivecounts before = {};

@@ -1,4 +1,4 @@
-// Conversations between two programs, each side begun by either.
+// Conversations with another program, each side begun by either.
 #include "desktop/dde.h"
 
 #include "base/errors.h"
@@ -6,7 +6,6 @@
 #include "desktop/handlers.h"
 #include "desktop/message.h"
 #include "desktop/task.h"
-#include "tests/desktop/win32/partner.h"
 #include "tests/desktop/win32/script.h"
 
 #include <doctest/doctest.h>
@@ -17,6 +16,105 @@
 
 namespace
 {
+
+const std::string RELEASED("\0\x20\1\0", 4), KEPT("\0\0\1\0", 4), ANSWERED("\0\xA0\1\0", 4);
+
+// The other program: a window by plain calls of the system, which writes down what it
+// hears, behind a '<'.
+struct stranger {
+    HWND self = CreateWindowA("stranger", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr,
+                              reinterpret_cast<void *>(this));
+    HWND server = nullptr; // who answered its question last
+    int refuses = 99;      // so many questions, before it answers one
+
+    ~stranger()
+    {
+        if (self) DestroyWindow(self);
+    }
+    std::string heard()
+    {
+        drivepump();
+        sendmessage(TASKRUN, 0, 0); // a load waits for the poll
+        return taken();
+    }
+    std::string asks(const char *app, const char *topic)
+    {
+        ATOM appatom = *app ? GlobalAddAtomA(app) : 0, atom = *topic ? GlobalAddAtomA(topic) : 0;
+        SendMessageTimeoutA(HWND_BROADCAST, WM_DDE_INITIATE, reinterpret_cast<WPARAM>(self),
+                            MAKELPARAM(appatom, atom), SMTO_NORMAL, 3000, nullptr);
+        return heard();
+    }
+    std::string ends()
+    {
+        PostMessageA(server, WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(self), 0);
+        return heard();
+    }
+    // A block of just these bytes.
+    std::string sends(UINT message, const std::string &bytes)
+    {
+        HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+        memcpy(GlobalLock(block), bytes.data(), bytes.size());
+        GlobalUnlock(block);
+        auto word = reinterpret_cast<UINT_PTR>(block);
+        bool command = message == WM_DDE_EXECUTE;
+        LPARAM packed =
+            PackDDElParam(message, command ? 0 : word, command ? word : GlobalAddAtomA("Item"));
+        PostMessageA(server, message, reinterpret_cast<WPARAM>(self), packed);
+        return heard();
+    }
+};
+
+void hearblock(UINT message, LPARAM packed)
+{
+    UINT_PTR word = 0, item = 0;
+    char name[64] = "";
+    UnpackDDElParam(message, packed, &word, &item);
+    FreeDDElParam(message, packed);
+    auto block = reinterpret_cast<HGLOBAL>(word);
+    auto *bytes = static_cast<const char *>(GlobalLock(block));
+    GlobalGetAtomNameA(static_cast<ATOM>(item), name, sizeof name);
+    said("<%s %02x%02x %s %s;", message == WM_DDE_POKE ? "poke" : "data", bytes[1], bytes[2], name,
+         bytes + 4);
+    GlobalUnlock(block);
+    GlobalFree(block);
+}
+
+LRESULT CALLBACK strangerhears(HWND self, UINT message, WPARAM wparam, LPARAM lparam)
+{
+    if (message == WM_NCCREATE) {
+        auto *made = reinterpret_cast<CREATESTRUCTA *>(lparam);
+        SetWindowLongPtrA(self, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made->lpCreateParams));
+    }
+    auto *s = reinterpret_cast<stranger *>(GetWindowLongPtrA(self, GWLP_USERDATA));
+    auto other = reinterpret_cast<HWND>(wparam);
+    UINT_PTR status = 0, item = 0;
+    switch (message) {
+    case WM_DDE_INITIATE:
+        if (other == self || s->refuses-- > 0) return 0;
+        s->server = other;
+        SendMessageA(other, WM_DDE_ACK, reinterpret_cast<WPARAM>(self),
+                     MAKELPARAM(GlobalAddAtomA("Words"), GlobalAddAtomA("Lists")));
+        return 0;
+    case WM_DDE_ACK:
+        if (InSendMessage() || HIWORD(lparam) >= 0xC000) { // names: to a question
+            s->server = other;
+            said("<yes;");
+            return 0;
+        }
+        UnpackDDElParam(message, lparam, &status, &item);
+        FreeDDElParam(message, lparam);
+        said("<ack %x;", static_cast<unsigned>(status));
+        return 0;
+    case WM_DDE_POKE:
+    case WM_DDE_DATA:
+        hearblock(message, lparam);
+        return 0;
+    case WM_DDE_TERMINATE:
+        said("<end;");
+        return 0;
+    }
+    return DefWindowProcA(self, message, wparam, lparam);
+}
 
 ddeconversation *last;
 std::function<void(ddeconversation *)> onevent;
@@ -40,22 +138,9 @@ errorblock *load(const char *name, int32_t, intptr_t, intptr_t)
     return nullptr;
 }
 
-errorblock *print(intptr_t *record, truth *)
-{
-    auto word = [=](int n) { return reinterpret_cast<const char *>(record[n]); };
-    said("print %s to %s;", word(11), record[12] ? word(12) : "none");
-    return nullptr;
-}
-
-// What has been told since, once all has come.
-std::string heard()
-{
-    drivepump(50);
-    return taken();
-}
-
 struct service {
     library started;
+    stranger other;
 
     service()
     {
@@ -74,214 +159,156 @@ struct service {
         return w;
     }
     // One that we begin, 0 if nobody answers.
-    ddeconversation *opened(const char *app, const char *topic, const char *program = nullptr,
-                            intptr_t data = 0)
+    ddeconversation *opened(const char *program = nullptr)
     {
         ddeconversation *conversation = nullptr;
-        CHECK_FALSE(ddeopen(taskwindow(WS_POPUP), topic, app, program, told, data, &conversation));
+        CHECK_FALSE(
+            ddeopen(taskwindow(WS_POPUP), "Lists", "Words", program, told, 17, &conversation));
         return conversation;
     }
 };
 
-struct ddestep {
-    const char *asks, *answer, *told;
-};
-
-void play(partnerprogram *partner, std::initializer_list<ddestep> steps)
+WNDCLASSA strangerclass()
 {
-    for (const ddestep &step : steps) {
-        INFO(std::string(step.asks));
-        CHECK(partner->ask(step.asks) == step.answer);
-        sendmessage(TASKRUN, 0, 0); // a load waits for the poll
-        CHECK(heard() == step.told);
-    }
+    WNDCLASSA made = {};
+    made.lpszClassName = "stranger";
+    made.lpfnWndProc = strangerhears;
+    return made;
 }
+const WNDCLASSA made = strangerclass();
+[[maybe_unused]] const ATOM registered = RegisterClassA(&made);
 
 } // namespace
 
 TEST_CASE("questions are answered by name and topic; commands, pokes and data are told")
 {
-    partnerprogram partner;
     service on;
-    for (const char *question : {"initiate Testing System", "initiate tESTING sYSTEM",
-                                 "initiate Testing -", "initiate - -"})
-        play(&partner, {{question, "1", "1;"}, {"terminate", "terminated", "2;"}});
-    addloadhandler(FILETYPEDATA, load);
-    addbroadcasthandler(print, BROADCASTPRINT);
-    play(&partner,
-         {{"initiate Other System", "0", ""},
-          {"initiate Testing Other", "0", ""},
-          {"initiate - System", "0", ""},
-          {"initiate Other -", "0", ""},
-          {"initiate Testing System", "1", "1;"},
-          {"execute [open(\"a b\")][print(\"c\")]", "ack 8000", "print c to none;open a b;"},
-          {"execute printto(\"d\",\"LPT1:\")", "ack 8000", "print d to LPT1:;"},
-          {"execute [nonsense(\"e\")] then nothing", "ack 8000", ""},
-          {"execute [open(\"f\"", "ack 8000", ""},
-          {"execute ", "ack 8000", ""},
-          {"unended [print(\"g\")]", "ack 8000", "print g to none;"}, // no zero in its block
-          {"poke 2000 Item some words", "ack 8000", "3 some words 11;"},
-          {"poke 0 Item kept by its owner", "ack 8000", "3 kept by its owner 18;"},
-          {"poke 2000 Item ", "ack 8000", "3  1;"},
-          {"data A000 Item with answer", "ack 8000", "4 with answer 12;"},
-          {"data 2000 Item without", "none", "4 without 8;"}});
-    // A word in the name of all windows goes to none.
-    PostMessageA(handleof(last->server), WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(HWND_BROADCAST),
-                 0);
-    play(&partner, {{"terminated", "no", ""}, {"terminate", "terminated", "2;"}});
-    ddesetcallback(nullptr); // nobody hears of it
-    play(&partner, {{"initiate Testing System", "1", ""},
-                    {"execute [print(\"h\")]", "ack 8000", "print h to none;"},
-                    {"poke 2000 Item words", "ack 8000", ""},
-                    {"terminate", "terminated", ""}});
-    rembroadcasthandler(print, BROADCASTPRINT);
-    remloadhandler(FILETYPEDATA, load);
-}
-
-TEST_CASE("blocks without a header or an end aren't read past it, and what is sent isn't taken")
-{
-    service on;
-    window w = taskwindow(WS_POPUP);
-    ddeconversation *conversation = nullptr;
-    CHECK_FALSE(ddeopen(w, "System", "Testing", nullptr, told, 5, &conversation));
-    REQUIRE(conversation);
-    CHECK(heard() == "1;"); // a task talks to itself
-    const std::string header("\0\x20\1\0", 4);
-    const struct {
-        std::string bytes;
-        const char *told;
-    } rows[] = {{"", ""},
-                {header.substr(0, 3), ""},
-                {header, "3  1;"},
-                {header + "unended", "3 unended 8;"},
-                {header + std::string("end\0more", 8), "3 end 4;"},
-                {header + std::string(90, 'x') + std::string(99910, ' '), nullptr}};
-    for (const auto &r : rows) {
-        HGLOBAL block = r.bytes.empty() ? nullptr : GlobalAlloc(GMEM_MOVEABLE, r.bytes.size());
-        if (block) {
-            memcpy(GlobalLock(block), r.bytes.data(), r.bytes.size());
-            GlobalUnlock(block);
-        }
-        LPARAM packed =
-            PackDDElParam(WM_DDE_POKE, reinterpret_cast<UINT_PTR>(block), GlobalAddAtomA("Item"));
-        PostMessageA(handleof(conversation->server), WM_DDE_POKE, static_cast<WPARAM>(w), packed);
-        CHECK(heard() == (r.told ? r.told : "3 " + std::string(90, 'x') + " 100001;"));
+    stranger &s = on.other;
+    const char *names[][3] = {{"Testing", "System", "<yes;1;"},
+                              {"tESTING", "sYSTEM", "<yes;1;"},
+                              {"Testing", "", "<yes;1;"},
+                              {"", "", "<yes;1;"},
+                              {"Other", "System", ""},
+                              {"Testing", "Other", ""},
+                              {"", "System", ""},
+                              {"Other", "", ""}};
+    for (const auto &[app, topic, answer] : names) {
+        CHECK(s.asks(app, topic) == answer);
+        if (*answer) CHECK(s.ends() == "2;<end;");
     }
-    // By another thread, with a block of ours as a stranger might guess it.
+    addloadhandler(FILETYPEDATA, load);
+    CHECK(s.asks("Testing", "System") == "<yes;1;");
+    CHECK(s.asks("Testing", "System") == "<yes;"); // the same conversation
+    const struct {
+        UINT message;
+        std::string bytes, told;
+    } rows[] = {{WM_DDE_EXECUTE, std::string("[open(\"a b\")]\0more", 18), "<ack 8000;open a b;"},
+                {WM_DDE_EXECUTE, "[open(\"g\")]", "<ack 8000;open g;"}, // no zero in its block
+                {WM_DDE_POKE, RELEASED, "3  1;<ack 8000;"},
+                {WM_DDE_POKE, RELEASED + "unended", "3 unended 8;<ack 8000;"},
+                {WM_DDE_POKE, KEPT + std::string("end\0more", 8), "3 end 4;<ack 8000;"},
+                {WM_DDE_DATA, ANSWERED + "words", "4 words 6;<ack 8000;"},
+                {WM_DDE_DATA, RELEASED + "words", "4 words 6;"}};
+    for (const auto &r : rows)
+        CHECK(s.sends(r.message, r.bytes) == r.told);
+    // Only what was posted is what the system has checked.
     HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 16);
     driveaside([] {},
                [&] {
                    for (UINT message : {WM_DDE_ACK, WM_DDE_DATA, WM_DDE_POKE, WM_DDE_EXECUTE})
-                       SendMessageTimeoutA(handleof(conversation->server), message,
-                                           static_cast<WPARAM>(w), reinterpret_cast<LPARAM>(block),
-                                           SMTO_NORMAL, 3000, nullptr);
+                       SendMessageTimeoutA(s.server, message, reinterpret_cast<WPARAM>(s.self),
+                                           reinterpret_cast<LPARAM>(block), SMTO_NORMAL, 3000,
+                                           nullptr);
                });
     CHECK(GlobalSize(block) >= 16); // it is still there
     GlobalFree(block);
-    CHECK(heard() == "");
-    CHECK_FALSE(ddepoke(conversation, "hello", 6, 1, "Item"));
-    CHECK(heard() == "3 hello 6;");
-    CHECK_FALSE(ddedata(last, "back", 5, 1, "Item"));
-    CHECK(heard() == "4 data 5 back 5;");
-    CHECK_FALSE(ddeclose(conversation));
-    CHECK(heard() == "2;");
+    CHECK(s.heard() == "");
+    // A word in the name of all windows goes to none.
+    PostMessageA(s.server, WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(HWND_BROADCAST), 0);
+    CHECK(s.heard() == "");
+    CHECK(s.ends() == "2;<end;");
+    ddesetcallback(nullptr); // nobody hears of it, but commands are done
+    CHECK(s.asks("Testing", "System") == "<yes;");
+    CHECK(s.sends(WM_DDE_POKE, RELEASED + "words") == "<ack 8000;");
+    CHECK(s.sends(WM_DDE_EXECUTE, "[open(\"h\")]") == "<ack 8000;open h;");
+    remloadhandler(FILETYPEDATA, load);
 }
 
-TEST_CASE("windows with the flag answer too, and end their conversations; so does the program")
+TEST_CASE("windows with the flag answer too; a conversation ends once, by either, or by a death")
 {
-    partnerprogram partner;
     service on;
+    stranger &s = on.other, other;
     window answers = on.answering();
     taskwindow(WS_POPUP); // silent
-    play(&partner, {{"initiate Testing System", "2", "1;1;"},
-                    {"initiate Testing System", "2", ""}}); // again: the same conversations
+    CHECK(s.asks("Testing", "System") == "<yes;1;<yes;1;");
     CHECK_FALSE(deletewindow(answers));
-    CHECK(heard() == "2;");
-    CHECK(partner.ask("terminated") == "yes");
-    CHECK(partner.ask("initiate Testing System") == "1");
+    CHECK(s.heard() == "2;<end;");
+    CHECK_FALSE(ddeclose(last)); // gone with its window
     CHECK(broadcast(BROADCASTQUIT) == 1);
-    CHECK(heard() == "2;");
-    CHECK(partner.ask("initiate Testing System") == "0");
-}
+    CHECK(s.heard() == "2;<end;");
+    CHECK(s.asks("Testing", "System") == "");
 
-TEST_CASE("a conversation is ended once, and a new one at once is another; a death is noticed")
-{
-    partnerprogram partner, next;
-    service on;
-    play(&partner, {{"initiate Testing System", "1", "1;"}});
+    REQUIRE_FALSE(ddestart("Testing"));
+    ddesetcallback(told);
+    CHECK(s.asks("Testing", "System") == "<yes;1;");
     CHECK_FALSE(ddeclose(last));
     CHECK_FALSE(ddeclose(last)); // closed already
-    play(&partner, {{"terminated", "yes", ""}, {"initiate Testing System", "1", "1;"}});
-    CHECK_FALSE(ddeclose(last)); // the word about it doesn't end the new one
-    play(&partner, {{"initiate Testing System", "1", "1;"},
-                    {"poke 2000 Item words", "ack 8000", "3 words 6;"}});
-    partner.kill();
+    CHECK(s.heard() == "<end;");
+    CHECK(s.asks("Testing", "System") == "<yes;1;");
+    CHECK(s.ends() == ""); // about the first: it doesn't end the new one
+    CHECK(s.sends(WM_DDE_POKE, RELEASED + "words") == "3 words 6;<ack 8000;");
+    DestroyWindow(s.self);
+    s.self = nullptr;
     CHECK(ddedata(last, "x", 2, 1, "Item"));
     taken();
-    play(&next, {{"initiate Testing System", "1", "2;1;"}});
-}
-
-TEST_CASE("a callback may end its conversation, and its window")
-{
-    partnerprogram partner;
-    service on;
-    on.answering();
+    CHECK(other.asks("Testing", "System") == "2;<yes;1;");
+    // A callback may end its conversation, and its window.
     onevent = [](ddeconversation *c) { ddeclose(c); };
-    play(&partner, {{"initiate Testing System", "2", "1;1;"}});
-    onevent = [](ddeconversation *c) {
+    CHECK(other.sends(WM_DDE_POKE, RELEASED + "words") == "3 words 6;<ack 8000;<end;");
+    other.ends();
+    answers = on.answering();
+    onevent = [&](ddeconversation *c) {
         onevent = nullptr;
-        deletewindow(c->server);
+        CHECK((c->server == answers && !deletewindow(answers)));
     };
-    CHECK(partner.ask("initiate Testing System") == "2");
-    std::string events = heard(); // by which of the windows is asked first
-    CHECK((events == "1;1;" || events == "1;2;1;"));
-    CHECK(partner.ask("terminate") != "silent");
+    CHECK(other.asks("Testing", "System") == "<yes;1;2;<yes;1;<end;");
 }
 
 TEST_CASE("a conversation that we begin: the first that answers is kept, or started if none does")
 {
-    partnerprogram partner, second;
     service on;
-    CHECK_FALSE(on.opened("Words", "Lists")); // nobody answers
-    REQUIRE(partner.ask("serve Words Lists") == "ok");
-    ddeconversation *conversation = on.opened("Words", "Lists", nullptr, 17);
+    stranger &s = on.other, second;
+    CHECK_FALSE(on.opened()); // nobody answers
+    s.refuses = 0;
+    ddeconversation *conversation = on.opened();
     REQUIRE(conversation);
     CHECK((conversation->flags & DDEOURS));
-    CHECK(heard() == "");
-    CHECK_FALSE(ddepoke(conversation, "words", 6, 1, "Item"));
-    drivepump(50);
-    CHECK(partner.ask("received") == "poke Item 00200100776f72647300");
-    CHECK_FALSE(ddedata(conversation, "\1\2", 2, 8, "Other"));
-    drivepump(50);
-    CHECK(partner.ask("received").starts_with("data Other 002008000102"));
+    CHECK(s.heard() == "");
+    CHECK_FALSE(ddepoke(conversation, "words", 6, 0x31, "Item"));
+    CHECK_FALSE(ddedata(conversation, "back", 5, 0x32, "Other"));
+    CHECK(s.heard() == "<poke 2031 Item words;<data 2032 Other back;");
     CHECK(ddepoke(conversation, "", 0, 1, std::string(300, 'x').c_str()));
     CHECK(ddepoke(conversation, "", -1, 1, "Item"));
-    play(&partner, {{"data A000 Item words", "ack 8000", "4 data 17 words 6;"},
-                    {"terminate", "terminated", "2 data 17;"}});
+    CHECK(s.sends(WM_DDE_DATA, ANSWERED + "words") == "4 data 17 words 6;<ack 8000;");
+    CHECK(s.ends() == "2 data 17;<end;");
     CHECK_FALSE(ddeclose(conversation)); // gone: nothing happens
 
-    for (partnerprogram *p : {&partner, &second})
-        p->ask("serve Words Lists");
-    conversation = on.opened("Words", "Lists");
+    second.refuses = 0;
+    conversation = on.opened();
     REQUIRE(conversation);
-    drivepump(50);
-    CHECK((partner.ask("terminated") == "yes") + (second.ask("terminated") == "yes") == 1);
+    CHECK(s.heard() == "<end;"); // to the other of the two
     CHECK_FALSE(ddeclose(conversation));
-    CHECK((partner.ask("terminated") == "yes" && second.ask("terminated") == "yes"));
-    CHECK(heard() == "");
-    for (partnerprogram *p : {&partner, &second})
-        p->ask("serve Nothing Lists");
+    CHECK(s.heard() == "<end;");
+    second.refuses = 99;
 
+    s.refuses = 1; // and answers when the program has been started
+    conversation = on.opened("C:\\windows\\system32\\hostname.exe");
+    REQUIRE(conversation);
+    CHECK_FALSE(ddeclose(conversation));
+    s.refuses = 99;
     const errorblock *err = ddeopen(taskwindow(WS_POPUP), "Lists", "Words",
                                     "C:\\no such program.exe", told, 0, &conversation);
     REQUIRE(err);
     CHECK(std::string(err->text).find("no such program.exe") != std::string::npos);
     CHECK(conversation == nullptr);
-    conversation = on.opened("Words", "Lists", partnerpath().c_str());
-    REQUIRE(conversation);
-    CHECK_FALSE(ddepoke(conversation, "words", 6, 1, "Item"));
-    CHECK(heard() == "");
-    HWND server = handleof(conversation->server);
-    CHECK_FALSE(ddeclose(conversation));
-    CHECK(drivewait([&] { return !IsWindow(server); }));
 }
