@@ -4,9 +4,12 @@
 #include "app/mainwindow.h"
 #include "base/boxes.h"
 #include "base/trace.h"
+#include "desktop/eventsource.h"
+#include "desktop/filters.h"
 #include "desktop/handlertable.h"
 #include "desktop/icons.h"
 #include "desktop/keys.h"
+#include "desktop/poll.h"
 #include "desktop/templates.h"
 #include "dict/dictionary.h"
 #include "find/anagram.h"
@@ -111,6 +114,35 @@ void barrecall()
     bar.caret = -1;
 }
 
+// A button uses what presses it or leaves it, a field its characters and what edits.
+bool controluses(int32_t icon, const systemmessage &key)
+{
+    intptr_t code = key.wparam;
+    if (icon != BARLETTERS && icon != BARWORD)
+        return code == KEYSPACE || code == KEYRETURN || code == KEYTAB;
+    return key.message == SYSTEMCHAR || code == KEYBACKSPACE ||
+           (code >= KEYPAGEUP && code <= KEYDELETE);
+}
+
+// The other keys go to the handlers of the main window, before the navigation between
+// the bar's controls can take them.
+errorblock *barkey(const systemmessage *message, intptr_t, int *stop, intptr_t *, int *)
+{
+    bool key = message->message == SYSTEMKEYDOWN || message->message == SYSTEMSYSKEYDOWN ||
+               message->message == SYSTEMCHAR;
+    if (!key || polltarget(message->window) != buttonwindow) return nullptr;
+    window self;
+    int32_t icon;
+    errorblock *err = getcaretpair(&self, &icon);
+    if (err || self != buttonwindow || controluses(icon, *message)) return err;
+    systemmessage forwarded = *message;
+    forwarded.window = mainwindow;
+    bool claimed = false;
+    keydeliver(&forwarded, &claimed);
+    if (claimed) *stop = 1;
+    return nullptr;
+}
+
 // After an error of the old bar's end the new one is made all the same.
 errorblock *barchange(const barrecord *next)
 {
@@ -141,6 +173,11 @@ errorblock *swapbuttons(int solving)
     grid.marklength = -1; // the new field is empty
     marklengthshow();
     return nullptr;
+}
+
+errorblock *barkeysforward()
+{
+    return addpollfilter(barkey, -1, -1, 0);
 }
 
 bool barsolving()

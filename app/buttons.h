@@ -7,12 +7,18 @@
 
 #include "desktop/windows.h"
 
+struct errorblock;
+
 // The bar, 0 before there is one; changed by swapbuttons alone.
 extern window buttonwindow;
 
 // Puts up the bar with Stop, or the one of the document's kind, and clears the
 // stop flag. Nothing without a main window.
 errorblock *swapbuttons(int solving);
+
+// From now on the main window hears the keys that no control of the bar uses itself:
+// behind a press on a button they are still the grid's and the menu's.
+errorblock *barkeysforward();
 
 // Whether the bar with Stop is up.
 bool barsolving();

@@ -131,8 +131,9 @@ errorblock *handlersadd()
     errorblock *err = addhandlers(mainwindow, mainhandlers);
     for (window w : {mainwindow, gridwindow, solutionswindow})
         if (!err && w) err = dropsaccept(w);
-    for (window w : {mainwindow, gridwindow})
+    for (window w : {mainwindow, gridwindow, solutionswindow})
         if (!err && w) err = addhandlers(w, menukeys);
+    if (!err) err = barkeysforward();
     return err;
 }
 

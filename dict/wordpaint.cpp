@@ -33,7 +33,8 @@ struct rowplace {
 void rowfill(const rowplace &place)
 {
     setcolour(BLACK);
-    fillbox(0, place.top - wordmetrics.rowheight, place.width, wordmetrics.rowheight);
+    filltextbox(0, place.top - wordmetrics.rowheight, place.width, wordmetrics.rowheight,
+                place.top - wordmetrics.ascent);
 }
 
 // The first row begins above the work area, where its outline would not be seen.

@@ -226,7 +226,7 @@ errorblock *wordviewpaint(wordview *view, int32_t row)
     errorblock *err = windowstate(view->pane, &state);
     if (err) return err;
     int32_t pixel = devtoosy(1), width = std::max(state.x1 - state.x0, wordmetrics.listwidth);
-    int32_t top = 2 * pixel - 2 - rowsextent(row, wordmetrics.rowheight);
+    int32_t top = 2 * pixel + 2 - rowsextent(row, wordmetrics.rowheight);
     return forceredraw(view->pane, 0, top - wordmetrics.rowheight - 4 * pixel, width, top);
 }
 

@@ -14,6 +14,7 @@ void solapply(int32_t entry)
         gridchange();
     }
     slotsgive();
+    solutions.standing = entry;
     const cellbox &box = search.slotbox;
     gridcellsredraw(box.left, box.top, box.right, box.bottom);
 }

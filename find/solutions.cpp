@@ -40,6 +40,7 @@ void solreset()
 {
     flex_free(&solutions.wslist);
     solutions.count = 0;
+    solutions.standing = -1;
     solprogress(0);
 }
 

@@ -16,6 +16,7 @@ struct solutionslist {
     flexptr wslist;    // 0 when empty
     int32_t count;     // entries
     int32_t slotcount; // words an entry
+    int32_t standing;  // the Crossword's entry that was written into the grid, -1 for none
     int32_t rowheight; // os units
     int32_t listwidth; // os units
     int32_t maxsolutions;
@@ -92,6 +93,7 @@ void solshow(int32_t entry);
 // The Delete button: removes the selected words, and redraws.
 void soldeleteselected();
 
-// Writes a Crossword's solution into the grid; nothing without a mark or
-// outside the list. Each word counts as a change of the document.
+// Writes a Crossword's solution into the grid, where it stands until the list goes;
+// nothing without a mark or outside the list. Each word counts as a change of the
+// document.
 void solapply(int32_t entry);

@@ -3,6 +3,7 @@
 #include "base/boxes.h"
 #include "base/flex.h"
 #include "desktop/handlertable.h"
+#include "desktop/icons.h"
 #include "desktop/keys.h"
 #include "desktop/redraw.h"
 #include "desktop/templates.h"
@@ -19,6 +20,7 @@
 #include "graphics/textplot.h"
 #include "grid/appearance.h"
 #include "grid/grid.h"
+#include "grid/gridkeys.h"
 #include "resources/identifiers.h"
 
 #include <algorithm>
@@ -41,19 +43,29 @@ void textcase(char *text)
         *text = static_cast<char>(gridcase(static_cast<uint8_t>(*text)));
 }
 
+// A selected row is white on black, also where its letters go on behind the list's width.
+void rowground(int32_t top, int32_t baseline, int32_t textwidth, bool selected)
+{
+    if (selected) {
+        int32_t width = std::max(solutions.listwidth - BARRIGHT, textwidth + 2 * TEXTLEFT);
+        setcolour(BLACK);
+        filltextbox(0, top - TEXTTOP - solutions.rowheight, width, solutions.rowheight, baseline);
+    }
+    fontcolour(selected ? WHITE : BLACK);
+}
+
 errorblock *rowline(int32_t row, int32_t top)
 {
     char text[sizeof wsentry::text];
     bool square = grid.kind == GRIDWORDSQUARE;
-    bool selected = square && solword(row)->selected;
+    bool selected = square ? solword(row)->selected != 0 : row == solutions.standing;
     strcpy(text, square ? solword(row)->text : wordtext(solref(row, 0)));
     textcase(text);
-    if (selected) {
-        setcolour(BLACK);
-        fillbox(0, top - solutions.rowheight, solutions.listwidth - BARRIGHT, solutions.rowheight);
-    }
-    fontcolour(selected ? WHITE : BLACK);
     int32_t down = TEXTTOP + (solutions.rowheight - solutions.textheight) / 2 + solutions.ascent;
+    glyphextent extent = {};
+    errorblock *err = textbox(text, &extent);
+    if (err) return err;
+    rowground(top, top - down, devtoosx(extent.right), selected);
     return plottext(text, TEXTOSUNITS, TEXTLEFT, top - down);
 }
 
@@ -101,9 +113,10 @@ void rowpicture(const boxletters &letters, int32_t row, int32_t top)
     memset(letters.cells, 0, static_cast<size_t>(letters.width) * letters.height);
     for (int32_t slot = 0; slot < solutions.slotcount; slot++)
         slotletters(letters, row, slot);
+    int32_t baseline = top - PICTURETOP - solutions.ascent;
+    rowground(top, baseline, solutions.listwidth, row == solutions.standing);
     for (int32_t line = 0; line < letters.height; line++)
-        lettersline(letters, line,
-                    top - PICTURETOP - line * solutions.textheight - solutions.ascent);
+        lettersline(letters, line, baseline - line * solutions.textheight);
 }
 
 // The rows that meet the clip, first to behind.
@@ -171,10 +184,11 @@ errorblock *wordclick(window self, int32_t row, intptr_t buttons)
 {
     cursordrawoff();
     cursorremove();
-    bool toggle = buttons == BUTTONRIGHT || (keymodifiers() & KEYCTRL);
+    bool right = buttons == BUTTONRIGHT || buttons == BUTTONRIGHTDOUBLE;
+    bool toggle = right || (keymodifiers() & KEYCTRL);
     dirtyreset();
     errorblock *err = nullptr;
-    if (buttons == BUTTONLEFT || buttons == BUTTONRIGHT) {
+    if (buttons == BUTTONLEFT || right) {
         if (solselect(row, toggle)) err = redrawall(self);
         solshow(row);
     }
@@ -182,18 +196,54 @@ errorblock *wordclick(window self, int32_t row, intptr_t buttons)
     return err;
 }
 
+// Scrolls as little as shows the row; of one that is taller than the window, its
+// beginning.
+errorblock *rowshow(window self, int32_t row)
+{
+    windowstaterecord state;
+    errorblock *err = windowstate(self, &state);
+    if (err) return err;
+    int32_t top = rowsextent(row, solutions.rowheight), page = state.y1 - state.y0;
+    int32_t behind = top + solutions.rowheight + TEXTTOP;
+    int32_t scroll = std::min(std::max(-state.yscroll, behind - page), top);
+    return scroll == -state.yscroll ? nullptr : setscrolly(self, scroll);
+}
+
 // A search writes into the cells of its slots; it is let be.
+errorblock *solutionchoose(window self, int32_t row)
+{
+    if (search.running) return nullptr;
+    solapply(row);
+    return redrawall(self);
+}
+
 errorblock *listclick(window self, intptr_t, mouserecord *mouse)
 {
     int32_t row = rowat(self, mouse);
     if (grid.kind == GRIDWORDSQUARE) return wordclick(self, row, mouse->buttons);
-    if (mouse->buttons == BUTTONLEFT && !search.running) solapply(row);
-    return nullptr;
+    errorblock *err = focuswindow(self);
+    if (!err && mouse->buttons == BUTTONLEFT) err = solutionchoose(self, row);
+    return err;
 }
 
+// With the focus in the list, these walk through a Crossword's solutions.
+errorblock *listkey(window self, intptr_t, int32_t, int32_t *code)
+{
+    int32_t by = *code == (KEYPRESS | KEYUP) ? -1 : *code == (KEYPRESS | KEYDOWN) ? 1 : 0;
+    if (grid.kind != GRIDCROSSWORD || !solutions.count) return nullptr;
+    if (!by && *code != (KEYPRESS | KEYRETURN)) return nullptr;
+    *code = KEYCLAIMED;
+    int32_t row = std::clamp(solutions.standing + by, 0, solutions.count - 1);
+    errorblock *err = solutionchoose(self, row);
+    return err ? err : rowshow(self, row);
+}
+
+// What the list has no use for is the grid's.
 constexpr handlertable listhandlers = {
     {.redraw = listredraw},
     {.click = listclick},
+    {.key = listkey},
+    {.key = gridkey},
 };
 
 errorblock *listextent()
@@ -210,6 +260,7 @@ errorblock *solutionsopen(window parent)
     errorblock *err = createchild(TEMPLATESOLUTIONS, &solutionswindow, parent);
     if (!err) err = setbackground(solutionswindow, BACKGROUNDWHITE);
     if (!err) err = addhandlers(solutionswindow, listhandlers);
+    if (!err) err = setflags(solutionswindow, WINDOWNONAVIGATION, 0);
     if (!err) err = listextent();
     return err;
 }

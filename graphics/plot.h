@@ -21,6 +21,9 @@ errorblock *bezierto(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t x3,
 
 // Filled, without the pixels of the right and the bottom edge.
 errorblock *fillbox(int32_t x, int32_t y, int32_t width, int32_t height);
+// The same, and taller where it must be for the text of the selected font to stay in it,
+// which stands on the line y = baseline.
+errorblock *filltextbox(int32_t x, int32_t y, int32_t width, int32_t height, int32_t baseline);
 // Filled, one pixel more at the top and at the right.
 errorblock *drawbox(int32_t x, int32_t y, int32_t width, int32_t height);
 // The outline of fillbox.

@@ -104,6 +104,7 @@ errorblock *gridclick(window self, intptr_t, mouserecord *mouse)
         gridleftpress(cell.x, cell.y, ctrl);
         return nullptr;
     case BUTTONRIGHT:
+    case BUTTONRIGHTDOUBLE: // a second press at once
         gridrightpress(cell.x, cell.y, shift, ctrl);
         return nullptr;
     case BUTTONLEFTDRAG:

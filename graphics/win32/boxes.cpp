@@ -1,6 +1,7 @@
 // The boxes of graphics/plot.h, whose exact edges everything drawn rests on.
 
 #include "graphics/plot.h"
+#include "graphics/textmeasure.h"
 #include "graphics/win32/surfacecontext.h"
 
 #include <windows.h>
@@ -39,6 +40,19 @@ void surfacerectangle(const RECT &box)
 errorblock *fillbox(int32_t x, int32_t y, int32_t width, int32_t height)
 {
     surfacerectangle(pixels(x, y, width, height));
+    return nullptr;
+}
+
+errorblock *filltextbox(int32_t x, int32_t y, int32_t width, int32_t height, int32_t baseline)
+{
+    fontmetrics font;
+    errorblock *err = fontmetricsget(&font);
+    if (err) return err;
+    RECT box = pixels(x, y, width, height);
+    int32_t line = surfacepixel(x, baseline).y;
+    box.top = std::min<LONG>(box.top, line - font.ascent);
+    box.bottom = std::max<LONG>(box.bottom, line + font.descent);
+    surfacerectangle(box);
     return nullptr;
 }
 

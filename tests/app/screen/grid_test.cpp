@@ -212,6 +212,7 @@ TEST_CASE("the right button makes blocks and bars")
         {crossword, "ab../..../...."}, {click, RIGHT, "1,0"}, {click, RIGHT | SHIFT, "2,1"},
         {click, RIGHT | CTRL, "1,1"}, {document, "a#../..../....//left 2,1/top 1,1"},
         {click, RIGHT, "1,0"}, {document, "a.../..../....//left 2,1/top 1,1"}, {undrawn, "0"},
+        {click, RIGHT, "3,0 3,0"}, {document, "a.../..../....//left 2,1/top 1,1"}, // at once
         {title, "Quillmere*"},
     });
 }

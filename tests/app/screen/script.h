@@ -149,6 +149,7 @@ doing nomemory;    // allocations fail after so many, -1 for no more
 seeing title, document, cursor, mark; // of the mark the corners, "0,0 3,0", or none
 seeing marked;                        // how many cells
 seeing listed, count, selected;       // the solutions, and how many
+seeing standing;                      // the solution that is shown as the grid's, or -1
 seeing lying;                         // how many of them lie where they say
 seeing text, ticked, there;           // of a control
 seeing focus;                         // a control has it; -1: a list of words

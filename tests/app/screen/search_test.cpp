@@ -88,9 +88,31 @@ TEST_CASE("Solve lists what fits, and a press on a row writes it into the grid")
         {listed, "cat, cot"}, {undrawn, "0"},
         {pick, 2}, {document, "c.t../..###/..###"}, // below the last
         {pick, 1, "right"}, {document, "c.t../..###/..###"},
-        {pick, 1}, {document, "cot../..###/..###"}, {title, "Quillmere*"},
+        {standing, "-1"},
+        {pick, 1}, {document, "cot../..###/..###"}, {title, "Quillmere*"}, {standing, "1"},
         {pick, 0, "double"}, {document, "cat../..###/..###"}, {listed, "cat, cot"}, {undrawn, "0"},
+        {standing, "0"},
+        // Behind a press the list walks, and leaves the other keys to the grid and the menu.
+        {key, VK_DOWN}, {document, "cot../..###/..###"}, {standing, "1"}, {undrawn, "0"},
+        {key, VK_DOWN}, {standing, "1"}, {key, VK_UP, "2"}, {document, "cat../..###/..###"},
+        {key, VK_RETURN}, {standing, "0"}, {key, VK_F1 + 4}, {mark, "none"}, {count, "0"},
+        {setting, cell(3, 0), "cursor"}, {type, "x"}, {document, "catx./..###/....."},
+        {drag, "0,0 2,0"}, {searched, BARSOLVE}, {listed, "cat"},
         {click, "4,0"}, {count, "0"}, {undrawn, "0"}, // another mark, and the rows are gone
+    });
+}
+
+TEST_CASE("what a control of the bar has no use for is the grid's and the menu's")
+{
+    play({
+        {crossword, ".../###"}, {click, "0,0"}, {press, BARSOLVE}, {box, "Need marked word!"},
+        {answer, IDOK}, {focus, BARSOLVE, "yes"}, {title, "Quillmere"},
+        {type, "ab"}, {document, "ab./###"}, {title, "Quillmere*"},
+        {key, VK_BACK}, {key, VK_LEFT}, {cursor, "0,0"}, {key, VK_SPACE}, {box, "Need marked word!"},
+        {answer, IDOK}, {key, VK_TAB, "2"}, {focus, BARLETTERS, "yes"},
+        {type, "cd"}, {key, VK_LEFT}, {key, VK_DELETE}, {text, BARLETTERS, "c"}, {cursor, "0,0"},
+        {crossword, ".../###"}, {title, "Quillmere"}, {key, VK_F1 + 5}, {title, "Quillmere*"},
+        {fill, BARLETTERS, ""},
     });
 }
 
@@ -103,7 +125,8 @@ TEST_CASE("words that cross are solved together, and shown as they lie")
     });
     crossingpictures(2);
     play({
-        {wheel, -60}, {pick, 19}, {document, "toe./o###/e###"}, {undrawn, "0"},
+        {wheel, -60}, {pick, 19}, {document, "toe./o###/e###"}, {undrawn, "0"}, {standing, "19"},
+        {key, VK_UP, "19"}, {document, "act./c###/t###"}, {undrawn, "0"}, {standing, "0"},
         // A phrase is shown as it is written into the grid, closed up.
         {crossword, "c.../.###/.###"}, {menu, COMMANDEDITDICT, "words"}, {fill, EDITWORD, "c at"},
         {key, VK_RETURN}, {press, EDITOK}, {drag, "0,0 2,2"}, {searched, BARSOLVE},
@@ -140,7 +163,7 @@ TEST_CASE("Anagram takes the typed letters, by button and Return, or those of th
         {text, BARMARKLENGTH, "3"},
         {key, VK_BACK}, {type, "*"}, {searched, BARANAGRAM},
         {listed, "act, art, bat, cat, oat, rat, tar, tea"},
-        {pick, 2}, {document, "batt/...."}, {undrawn, "0"},
+        {pick, 2}, {document, "batt/...."}, {undrawn, "0"}, {standing, "2"},
         {fill, BARLETTERS, ""}, {searched, BARANAGRAM}, {listed, "bat"},
     });
 }

@@ -73,6 +73,8 @@ TEST_CASE("F1 and the menu open the manual, and with Ctrl nothing; dialogs have 
         {forget}, {front}, {key, VK_F1}, {asked, manual()},
         {forget}, {click, "0,0"}, {key, CTRL | VK_F1}, {asked, ""},
         {key, VK_F1}, {asked, manual()},
+        {forget}, {press, BARLETTERS}, {key, VK_F1}, {asked, manual()},
+        {forget}, {key, SHIFT | VK_TAB}, {focus, BARANAGRAM, "yes"}, {key, VK_F1}, {asked, manual()},
         {forget}, {menu, COMMANDSIZE}, {infront, "Grid Size"},
         {key, VK_F1}, {press, DIALOGCANCEL, "right"}, {key, SHIFT | VK_F1}, {press, DIALOGCANCEL},
         {asked, ""}, {shown, "Grid Size", "yes"}, // the press was the question

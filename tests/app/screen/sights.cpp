@@ -409,6 +409,21 @@ std::string wordseen(int32_t row, const std::string &)
     });
 }
 
+// The first row with a black edge that is in view.
+std::string standing(int32_t, const std::string &)
+{
+    return ask([&] {
+        windowstaterecord state = {};
+        drivepicture p = drivelook(solutionswindow);
+        if (windowstate(solutionswindow, &state)) return number(-2);
+        for (int32_t row = 0; row < solutions.count; row++) {
+            int y = ostodevy(row * solutions.rowheight + solutions.rowheight / 2 + state.yscroll);
+            if (y >= 0 && y < p.height && p.at(1, y) == 0) return number(row);
+        }
+        return number(-1);
+    });
+}
+
 std::string wordink(int32_t row, const std::string &)
 {
     return ask([&] { return hex(wordground(drivelook(wordlist()->pane), wordtop(row))); });
