@@ -80,6 +80,10 @@ errorblock *getcaretpair(window *w, int32_t *icon);
 errorblock *focuswindow(window w);
 errorblock *focusicon(window w, int32_t icon);
 
+// Gives the focus to text that can be edited, with all of it selected: what is typed
+// takes its place.
+errorblock *selecticon(window w, int32_t icon);
+
 // Gives the focus to what Tab leads to from a window that stands among the icons
 // of w; with back set, Shift+Tab. Text that can be edited is selected.
 errorblock *focusnext(window w, window from, int back);

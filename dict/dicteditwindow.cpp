@@ -24,6 +24,7 @@ errorblock *editshown();
 void editending();
 errorblock *addpressed();
 errorblock *deletepressed();
+errorblock *filespressed();
 errorblock *okpressed();
 errorblock *cancelpressed();
 errorblock *editclose();
@@ -37,6 +38,7 @@ constexpr dialogrecord editdialog = {
     .handlers =
         {
             {.control = EDITADD, .press = addpressed, .when = dictwhenidle},
+            {.control = EDITFILES, .press = filespressed},
             {.control = EDITDELETE, .press = deletepressed, .when = dictwhenidle},
             {.control = EDITOK, .press = okpressed, .when = dictwhenidle},
             {.control = DIALOGCANCEL, .press = cancelpressed, .when = dictwhenidle},
@@ -53,6 +55,7 @@ constexpr dialogrecord editdialog = {
 // Of the list, which also takes files.
 constexpr handlertable listhandlers = {
     {.code = ENTER, .keyed = addpressed, .when = dictwhenidle},
+    {.code = KEYPRESS | KEYDELETE, .keyed = deletepressed, .when = dictwhenidle},
     {.code = KEYPRESS | KEYESCAPE, .keyed = cancelpressed, .when = dictwhenidle},
 };
 
@@ -98,15 +101,23 @@ errorblock *editclose()
     return dialogend(editdialog);
 }
 
-// The editor may have closed while a search came to its end.
+// The editor may have closed while a search came to its end. The next word that is
+// typed takes the place of the one that was added.
 errorblock *addpressed()
 {
-    return editor.self ? editadd(editor.number) : nullptr;
+    if (!editor.self) return nullptr;
+    errorblock *err = editadd(editor.number);
+    return err ? err : selecticon(editor.self, EDITWORD);
 }
 
 errorblock *deletepressed()
 {
     return editor.self ? editdelete(editor.number) : nullptr;
+}
+
+errorblock *filespressed()
+{
+    return popupmenu(editor.view.pane, MENUWORDLISTITEMS);
 }
 
 errorblock *okpressed()
@@ -132,7 +143,7 @@ errorblock *cancelpressed()
 
 errorblock *listmenu(wordview *)
 {
-    return popupmenu(editor.view.pane, MENUWORDLISTITEMS);
+    return filespressed();
 }
 
 // One that can't be read as a name any more, or has no record, is gone.
@@ -188,7 +199,8 @@ errorblock *editdelete(uint32_t number)
     if (!dictseek(row, &record->dict, &cursor)) return nullptr;
     if (!dictdelete(&record->dict, &cursor)) return nullptr;
     record->changed = 1;
-    return editshow(before);
+    errorblock *err = editshow(before);
+    return err ? err : wordviewdeleted(&editor.view, static_cast<int32_t>(row));
 }
 
 errorblock *editshow(uint32_t before)

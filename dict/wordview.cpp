@@ -4,7 +4,9 @@
 #include "desktop/icons.h"
 #include "desktop/keys.h"
 #include "desktop/templates.h"
+#include "desktop/timed.h"
 #include "desktop/windows.h"
+#include "dict/collation.h"
 #include "graphics/modeinfo.h"
 #include "resources/identifiers.h"
 
@@ -14,7 +16,8 @@
 namespace
 {
 
-constexpr int32_t FRAME = 2; // pixels of the edge that the place draws around itself
+constexpr int32_t FRAME = 2;      // pixels of the edge that the place draws around itself
+constexpr int32_t TOGETHER = 100; // centiseconds between letters that belong together
 
 wordview *views; // the open ones
 
@@ -59,16 +62,69 @@ errorblock *fieldset(wordview *view, int32_t row)
                        row < 0 ? "" : dictword(static_cast<uint32_t>(row), view->wordrows));
 }
 
-// One row up or down, within the list.
-errorblock *rowstep(wordview *view, int32_t by)
+// The row from which keys go on.
+int32_t rownow(const wordview *view)
 {
-    int32_t row = view->arrowscaret ? view->rowcaret : view->rowsel;
-    int32_t next = std::min(std::max(row + by, 0), rowcount(view) - 1);
-    if (next == row) return nullptr;
+    return view->arrowscaret ? view->rowcaret : view->rowsel;
+}
+
+errorblock *rowtake(wordview *view, int32_t row)
+{
+    int32_t next = std::min(std::max(row, 0), rowcount(view) - 1);
+    if (next == rownow(view)) return nullptr;
     errorblock *err = wordviewselect(view, next);
     if (!err) err = fieldset(view, next);
     if (!err) err = wordviewreveal(view, next);
     return err;
+}
+
+// A key that moves ends the word that was being typed.
+errorblock *rowgo(wordview *view, int32_t row)
+{
+    view->typed[0] = 0;
+    return rowtake(view, row);
+}
+
+// As many rows as are seen, but for one, which stays in view.
+errorblock *pagego(wordview *view, int32_t sign)
+{
+    visiblepart part;
+    errorblock *err = visible(view, &part);
+    int32_t rows = std::max(part.height / wordmetrics.rowheight - 1, 1);
+    return err ? err : rowgo(view, rownow(view) + sign * rows);
+}
+
+bool wordbegins(const char *word, const char *letters)
+{
+    while (*letters && collation.fold[static_cast<uint8_t>(*word)] ==
+                           collation.fold[static_cast<uint8_t>(*letters)])
+        word++, letters++;
+    return !*letters;
+}
+
+// The first word that begins with the letters stands where they would stand as a
+// word, or behind; -1 if none does.
+int32_t rowbeginning(const wordview *view, const char *letters)
+{
+    int32_t row = fieldlook(view, letters).row;
+    for (int32_t end = std::min(row + 2, rowcount(view)); row >= 0 && row < end; row++)
+        if (wordbegins(dictword(static_cast<uint32_t>(row), view->wordrows), letters)) return row;
+    return -1;
+}
+
+// Letters typed one soon after the other lead to a word together. One with which no
+// word goes on is passed over.
+errorblock *lettertyped(wordview *view, char letter)
+{
+    if (tickdiff(keytime, view->typedat) > TOGETHER) view->typed[0] = 0;
+    view->typedat = keytime;
+    size_t length = strlen(view->typed);
+    if (length == WORDLENGTH) return nullptr;
+    view->typed[length] = letter;
+    view->typed[length + 1] = 0;
+    int32_t row = rowbeginning(view, view->typed);
+    if (row < 0) view->typed[length] = 0;
+    return row < 0 ? nullptr : rowtake(view, row);
 }
 
 errorblock *viewkey(window pane, intptr_t, int32_t, int32_t *code)
@@ -78,14 +134,23 @@ errorblock *viewkey(window pane, intptr_t, int32_t, int32_t *code)
     *code = KEYCLAIMED;
     switch (key) {
     case KEYPRESS | KEYUP:
-        return rowstep(view, -1);
+        return rowgo(view, rownow(view) - 1);
     case KEYPRESS | KEYDOWN:
-        return rowstep(view, 1);
+        return rowgo(view, rownow(view) + 1);
+    case KEYPRESS | KEYPAGEUP:
+        return pagego(view, -1);
+    case KEYPRESS | KEYPAGEDOWN:
+        return pagego(view, 1);
+    case KEYPRESS | KEYHOME:
+        return rowgo(view, 0);
+    case KEYPRESS | KEYEND:
+        return rowgo(view, rowcount(view) - 1);
     case KEYPRESS | KEYTAB:
         return focusnext(view->owner, view->pane, 0);
     case KEYPRESS | KEYSHIFT | KEYTAB:
         return focusnext(view->owner, view->pane, 1);
     }
+    if (key >= ' ' && key <= 255) return lettertyped(view, static_cast<char>(key));
     *code = key;
     return nullptr;
 }
@@ -97,6 +162,7 @@ errorblock *rowclick(wordview *view, const mouserecord *mouse)
     if (err) return err;
     int32_t down = info.yorigin - static_cast<int32_t>(mouse->y);
     int32_t row = down < 0 ? -1 : down / wordmetrics.rowheight;
+    view->typed[0] = 0;
     err = wordviewselect(view, row);
     if (!err) err = fieldset(view, row);
     if (!err) err = focuswindow(view->pane);
@@ -111,12 +177,12 @@ errorblock *viewclick(window pane, intptr_t, mouserecord *mouse)
     return nullptr;
 }
 
-// The row that gets the outline with the focus: what is selected, or else the
-// one in the middle of what is seen.
+// The row that gets the outline with the focus: what is selected, or the one behind a
+// word that went, or else the one in the middle of what is seen.
 errorblock *caretrow(const wordview *view, int32_t *row)
 {
     visiblepart part;
-    *row = view->rowsel;
+    *row = view->rowsel >= 0 ? view->rowsel : view->rownext;
     if (*row >= 0) return nullptr;
     errorblock *err = visible(view, &part);
     if (err) return err;
@@ -167,7 +233,8 @@ errorblock *wordviewopen(wordview *view, window owner, int32_t field, int32_t pl
     view->owner = owner;
     view->pane = 0;
     view->wordrows = store;
-    view->rowsel = view->rowcaret = -1;
+    view->rowsel = view->rowcaret = view->rownext = -1;
+    view->typed[0] = 0;
     view->field = field;
     view->place = place;
     view->next = views;
@@ -256,6 +323,7 @@ errorblock *wordviewsync(wordview *view)
     errorblock *err = geticontext(view->owner, view->field, &text);
     if (err) return err;
     fieldplace at = fieldlook(view, text);
+    view->rownext = -1;
     if (at.found && at.row == view->rowsel) return nullptr;
     int32_t before = view->rowsel;
     view->rowsel = at.found ? at.row : -1;
@@ -286,6 +354,16 @@ errorblock *wordviewschanged()
         if (!err) err = wordviewsync(view);
     }
     return err;
+}
+
+errorblock *wordviewdeleted(wordview *view, int32_t row)
+{
+    int32_t next = std::min(row, rowcount(view) - 1);
+    view->rownext = next;
+    if (view->rowcaret < 0) return nullptr;
+    view->rowcaret = next;
+    errorblock *err = wordviewpaint(view, -1);
+    return err || next < 0 ? err : wordviewreveal(view, next);
 }
 
 errorblock *wordviewsrefresh()

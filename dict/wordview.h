@@ -19,7 +19,8 @@
 //     wordviewclose(&view); // from any point
 //     removewindow(&owner);
 //
-// The pane has key handlers for the arrows and Tab; the owner adds its own to
+// The pane has key handlers for arrows, pages, Home, End and Tab, and letters typed
+// into it lead to the first word that begins with them; the owner adds its own to
 // view.pane for Return and Escape, and takes them out before wordviewclose.
 #pragma once
 
@@ -37,7 +38,10 @@ struct wordview {
     const Dictionary *wordrows; // may be set while open
     int32_t rowsel;             // the selected row, -1 for none
     int32_t rowcaret;           // the row with the keyboard's outline, -1 for none
+    int32_t rownext;            // the row behind a deleted one, until the field changes, or -1
     int32_t field, place;       // controls of the owner
+    char typed[WORDSIZE];       // the letters that were typed into the list so far
+    uint32_t typedat;           // and when the last of them was, by tickcount
     // Set by the owner before or after the opening:
     bool arrowscaret;                    // arrows go from rowcaret, else from rowsel
     errorblock *(*menu)(wordview *view); // what a right press does, 0 for nothing
@@ -79,6 +83,10 @@ errorblock *wordviewsync(wordview *view);
 // Selects a row of the store and puts the caret there; another is ignored. The
 // field stays.
 errorblock *wordviewselect(wordview *view, int32_t row);
+
+// The word of that row is gone, and wordviewschanged has been called: the caret stands
+// on the next word, now or with the focus. The selection goes by the field.
+errorblock *wordviewdeleted(wordview *view, int32_t row);
 
 // Paints the rows that meet the clip: the pane's redraw handler.
 errorblock *wordviewredraw(window self, intptr_t data);

@@ -26,6 +26,15 @@ errorblock *focusicon(window w, int32_t icon)
     return err ? err : focusto(control);
 }
 
+errorblock *selecticon(window w, int32_t icon)
+{
+    HWND control;
+    errorblock *err = iconhandle(w, icon, &control);
+    if (!err) err = focusto(control);
+    if (!err) SendMessageA(control, EM_SETSEL, 0, -1);
+    return err;
+}
+
 errorblock *focusnext(window w, window from, int back)
 {
     HWND control = GetNextDlgTabItem(systemwindow(w), systemwindow(from), back);

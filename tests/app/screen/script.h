@@ -152,6 +152,7 @@ seeing listed, count, selected;       // the solutions, and how many
 seeing standing;                      // the solution that is shown as the grid's, or -1
 seeing lying;                         // how many of them lie where they say
 seeing text, ticked, there;           // of a control
+seeing fits;                          // a control has room for that text
 seeing focus;                         // a control has it; -1: a list of words
 seeing box, boxthere;                 // of the system: its text, or none
 seeing shown, infront, enabled;       // a title; the front one's; the main window

@@ -305,6 +305,19 @@ std::string there(int32_t control, const std::string &)
     return yes(drivecontrol(buttonwindow, control));
 }
 
+std::string fits(int32_t control, const std::string &content)
+{
+    HWND h = handle(drivecontrol(ownerof(control), control));
+    RECT room = {};
+    SIZE needed = {};
+    HDC dc = GetDC(h);
+    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(h, WM_GETFONT, 0, 0)));
+    GetTextExtentPoint32A(dc, content.c_str(), static_cast<int>(content.size()), &needed);
+    ReleaseDC(h, dc);
+    GetClientRect(h, &room);
+    return yes(room.right && needed.cx <= room.right);
+}
+
 std::string focus(int32_t control, const std::string &)
 {
     return ask([&] {

@@ -78,6 +78,25 @@ TEST_CASE("arrows walk the list, and Tab leads in and out of it")
     });
 }
 
+TEST_CASE("pages, ends and typed letters lead through the list, and Delete to the next word")
+{
+    edit(many());
+    play({
+        {fits, EDITCOUNT, "1234567", "yes"}, {fits, EDITFILES, text(EDITFILES, ""), "yes"},
+        {pickword, 3}, {key, VK_END}, {text, EDITWORD, "w199"}, {wordseen, 199, "yes"},
+        {key, VK_NEXT}, {wordrow, "199"}, {key, VK_HOME}, {text, EDITWORD, "w000"},
+        {wordseen, 0, "yes"}, {key, VK_NEXT, "2"}, {wordseen, 0, "no"}, {undrawn, "0"},
+        {key, VK_PRIOR, "2"}, {wordrow, "0"}, {key, VK_PRIOR}, {wordrow, "0"},
+        {type, "W1"}, {wordrow, "100"}, {type, "x57"}, {text, EDITWORD, "w157"}, // x leads nowhere
+        {wordseen, 157, "yes"}, {focus, -1, "yes"},
+        {key, VK_DELETE}, {text, EDITCOUNT, "199"}, {wordrow, "-1"}, {caretrow, "157"},
+        {word, 157, "w158"}, {outlined, 157, "yes"}, {key, VK_DELETE}, {text, EDITCOUNT, "199"},
+        {key, VK_END}, {key, VK_DELETE}, {caretrow, "197"}, {outlined, 197, "yes"},
+        {type, "w02"}, {wordrow, "20"}, {press, EDITDELETE}, {key, SHIFT | VK_TAB, "2"},
+        {focus, -1, "yes"}, {wordrow, "-1"}, {caretrow, "20"}, {word, 20, "w021"},
+    });
+}
+
 TEST_CASE("words come and go by button and by Return; what is no word changes nothing")
 {
     edit("mine: ant bee cow");
@@ -94,11 +113,21 @@ TEST_CASE("words come and go by button and by Return; what is no word changes no
         {press, EDITDELETE}, {text, EDITCOUNT, "3"}, // nothing is selected
         {pickword, 2}, {key, VK_RETURN}, {text, EDITCOUNT, "3"}, // adds what is there
         {fill, EDITWORD, "zoo"}, {key, VK_TAB}, {outlined, 2, "yes"},
-        {key, VK_RETURN}, {wordrow, "3"},
-        {key, VK_DOWN}, {outlined, 2, "no"}, {outlined, 3, "yes"},
+        {key, VK_RETURN}, {wordrow, "3"}, {focus, EDITWORD, "yes"},
+        {key, VK_TAB}, {outlined, 2, "no"}, {outlined, 3, "yes"},
         {words, "mine", "bat bee Cow zoo"},
         {fill, EDITWORD, std::string(31, 'a')}, {key, VK_RETURN}, {wordrow, "0"},
-        {type, "a"}, {wordrow, "-1"}, // a word of 31 letters is found, a longer one is not it
+        {key, VK_END}, {type, "a"}, {wordrow, "-1"}, // a word of 31 letters is found, a longer one is not it
+    });
+}
+
+TEST_CASE("the next word that is typed takes the place of the one that was added")
+{
+    edit("mine: ant");
+    play({
+        {type, "bee"}, {press, EDITADD}, {focus, EDITWORD, "yes"}, {wordrow, "1"},
+        {type, "cow"}, {key, VK_RETURN}, {type, "dog"}, {key, VK_RETURN},
+        {words, "mine", "ant bee cow dog"}, {text, EDITWORD, "dog"},
     });
 }
 
@@ -160,7 +189,7 @@ TEST_CASE("words come in by files that are dropped, and out and in by the list's
         {changed, "yes"},
         {put, "grid.qmg eel|"}, {drop, ONWORDS, "grid.qmg"}, {text, EDITCOUNT, "8"},
         {drop, ONWORDS, "."}, {box, ". is a folder. Words come from files."}, {answer, IDOK},
-        {pickword, 0, "right"}, {key, VK_DOWN, "2"}, {key, VK_RETURN}, {choose, 0, "out.txt"},
+        {press, EDITFILES}, {key, VK_DOWN, "2"}, {key, VK_RETURN}, {choose, 0, "out.txt"},
         {file, "out.txt", "a|ant|Bees|cow|dog|last|m|xxxxxxxxx"},
         {press, DIALOGCANCEL}, {words, "mine", "ant m"},
         {menu, COMMANDEDITDICT, "mine"}, {infront, "Edit (mine)"},
