@@ -173,7 +173,8 @@ errorblock *viewclick(window pane, intptr_t, mouserecord *mouse)
 {
     wordview *view = wordviewof(pane);
     if (mouse->buttons == BUTTONLEFT) return rowclick(view, mouse);
-    if (mouse->buttons == BUTTONRIGHT && view->menu) return view->menu(view);
+    bool right = mouse->buttons == BUTTONRIGHT || mouse->buttons == BUTTONRIGHTDOUBLE;
+    if (right && view->menu) return view->menu(view);
     return nullptr;
 }
 
