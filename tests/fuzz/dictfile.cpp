@@ -31,8 +31,7 @@ void walkall(const Dictionary *dict)
 
 void searchfor(const char *word, const Dictionary *dict)
 {
-    constexpr uint32_t options[] = {0, FINDHYPHENS, fastfind, fastfind | FINDHYPHENS};
-    for (uint32_t option : options) {
+    for (uint32_t option : {0u, FINDHYPHENS, fastfind, fastfind | FINDHYPHENS}) {
         dictcursor cursor;
         uint32_t flags = option;
         char found[WORDSIZE];
@@ -43,6 +42,8 @@ void searchfor(const char *word, const Dictionary *dict)
 // Words from the store and about its ends; they go in and come out again.
 void editsome(Dictionary *dict)
 {
+    const std::string first = dictword(0, dict), middle = dictword(dictcount(dict) / 2, dict);
+    const std::string last = dictword(dictcount(dict) - 1, dict);
     const std::string words[] = {"!",
                                  "nation",
                                  "NATIONAL",
@@ -50,11 +51,10 @@ void editsome(Dictionary *dict)
                                  "\xFFz-z z'z",
                                  "abcdefghijklmnopqrstuvwxyzabcde",
                                  "abcdefghijklmnopqrstuvwxyzabcdeZ",
-                                 dictword(0, dict),
-                                 dictword(dictcount(dict) / 2, dict),
-                                 dictword(dictcount(dict) - 1, dict)};
+                                 first,
+                                 middle,
+                                 last};
     for (const std::string &word : words) {
-        searchfor(word.c_str(), dict);
         dictadd(word.c_str(), dict);
         searchfor(word.c_str(), dict);
     }
@@ -64,12 +64,6 @@ void editsome(Dictionary *dict)
     }
     for (int n = 0; n < 10 && dictcount(dict); n++)
         dictremove(std::string(dictword(0, dict)).c_str(), dict);
-}
-
-void checksave(Dictionary *dict)
-{
-    FUZZCHECK(!dictsave(fuzzfolder().c_str(), "saved", dict));
-    FUZZCHECK(!dictload(fuzzfolder().c_str(), "saved", dict));
 }
 
 } // namespace
@@ -82,7 +76,8 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         FUZZCHECK(dictcount(&dict) == 0 && dict.noindex == 0);
         dictfree(&dict);
     } else {
-        checksave(&dict);
+        FUZZCHECK(!dictsave(fuzzfolder().c_str(), "saved", &dict));
+        FUZZCHECK(!dictload(fuzzfolder().c_str(), "saved", &dict));
         walkall(&dict);
         editsome(&dict);
         walkall(&dict);
