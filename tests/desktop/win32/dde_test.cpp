@@ -22,11 +22,12 @@ const std::string RELEASED("\0\x20\1\0", 4), KEPT("\0\0\1\0", 4), ANSWERED("\0\x
 // The other program: a window by plain calls of the system, which writes down what it
 // hears, behind a '<'.
 struct stranger {
-    HWND self = CreateWindowA("stranger", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr,
-                              reinterpret_cast<void *>(this));
+    HWND self =
+        CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
     HWND server = nullptr; // who answered its question last
     int refuses = 99;      // so many questions, before it answers one
 
+    stranger();
     ~stranger()
     {
         if (self) DestroyWindow(self);
@@ -81,10 +82,6 @@ void hearblock(UINT message, LPARAM packed)
 
 LRESULT CALLBACK strangerhears(HWND self, UINT message, WPARAM wparam, LPARAM lparam)
 {
-    if (message == WM_NCCREATE) {
-        auto *made = reinterpret_cast<CREATESTRUCTA *>(lparam);
-        SetWindowLongPtrA(self, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made->lpCreateParams));
-    }
     auto *s = reinterpret_cast<stranger *>(GetWindowLongPtrA(self, GWLP_USERDATA));
     auto other = reinterpret_cast<HWND>(wparam);
     UINT_PTR status = 0, item = 0;
@@ -114,6 +111,12 @@ LRESULT CALLBACK strangerhears(HWND self, UINT message, WPARAM wparam, LPARAM lp
         return 0;
     }
     return DefWindowProcA(self, message, wparam, lparam);
+}
+
+stranger::stranger()
+{
+    SetWindowLongPtrA(self, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetWindowLongPtrA(self, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(strangerhears));
 }
 
 ddeconversation *last;
@@ -168,24 +171,13 @@ struct service {
     }
 };
 
-WNDCLASSA strangerclass()
-{
-    WNDCLASSA made = {};
-    made.lpszClassName = "stranger";
-    made.lpfnWndProc = strangerhears;
-    return made;
-}
-const WNDCLASSA made = strangerclass();
-[[maybe_unused]] const ATOM registered = RegisterClassA(&made);
-
 } // namespace
 
 TEST_CASE("questions are answered by name and topic; commands, pokes and data are told")
 {
     service on;
     stranger &s = on.other;
-    const char *names[][3] = {{"Testing", "System", "<yes;1;"},
-                              {"tESTING", "sYSTEM", "<yes;1;"},
+    const char *names[][3] = {{"tESTING", "sYSTEM", "<yes;1;"},
                               {"Testing", "", "<yes;1;"},
                               {"", "", "<yes;1;"},
                               {"Other", "System", ""},

@@ -7,25 +7,18 @@
 
 #include <doctest/doctest.h>
 
-TEST_CASE("a window tells of what others do to it, and its close box asks the first handler")
+TEST_CASE("a window tells of what others do to it; its close box asks the first handler")
 {
-    script s(PLAIN, "open1 open2 close1 close2");
+    script s(PLAIN, "open1 open2 close1 close2 activate focus1 focus2");
     s.play({
         {"", "", [&] { taskopen(s.w, 250, 160, 320, 210); }}, // by the program
         // A window manager may tell its own share of it once more.
         {"move 260 170; wait 50", "open1 3 0;open2 3 0;*"},
         {"size 330 220; wait 50", "open1 5 0;open2 5 0;*"},
         {"closebox; ?shown", "close1;1;"},
-        {"rem close1; rem close2; closebox; ?shown", "open1 24 0;open2 24 0;0;"},
-    });
-}
-
-TEST_CASE("focus and activation are told as they come and go")
-{
-    script s(PLAIN, "activate focus1 focus2");
-    s.play({
         {"another; ?front", "activate 0;focus1 0;focus2 0;0;"},
         {"front; ?front", "activate 1;focus1 1;focus2 1;1;"},
+        {"rem close1; rem close2; closebox; ?shown", "open1 24 0;open2 24 0;*"},
     });
 }
 
@@ -91,20 +84,6 @@ TEST_CASE("the mouse hook sees a press before its window does, and can keep it")
     s.play({{"at 100 100; click", "hook1 1;hook2 1;click 4 -1;"},
             {"let 2; by 30 0; click", "hook1 1;hook2 1;"},
             {"rem hook2; rem hook1; by 30 0; click", "click 4 -1;"}});
-}
-
-TEST_CASE("changes of the system are broadcast")
-{
-    broadcastfunction heard = [](intptr_t *record, truth *) -> errorblock * {
-        said("%x;", static_cast<unsigned>(record[BROADCASTNUMBER]));
-        return nullptr;
-    };
-    script s(PLAIN);
-    for (intptr_t number : {BROADCASTSCREEN, BROADCASTFONTS})
-        addbroadcasthandler(heard, number);
-    s.play({{"send fontchange", "88000;"}, {"send displaychange 32 0x3000400", "9;"}});
-    for (intptr_t number : {BROADCASTSCREEN, BROADCASTFONTS})
-        rembroadcasthandler(heard, number);
 }
 
 TEST_CASE("timed calls come from a loop of the system's too, in the order of their times")

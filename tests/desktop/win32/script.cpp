@@ -312,7 +312,7 @@ window templatewindow(int32_t number, int left, window parent)
     REQUIRE_FALSE(createchild(number, &w, parent));
     taskopen(w, left, 150, 300, 200, BEHINDTOP);
     SetForegroundWindow(handleof(w));
-    drivepump(50);
+    drivepump();
     return w;
 }
 
@@ -441,7 +441,7 @@ void keypress(const std::string &name)
 void tofront(window w)
 {
     SetForegroundWindow(handleof(w));
-    drivepump(50);
+    drivepump();
 }
 
 void showcaret()
@@ -553,7 +553,7 @@ void perform(script &s, const std::string &line)
     for (const auto &v : VERBS)
         if (verb == v.verb) {
             v.run(s, a);
-            drivepump();
+            drivepump(5); // the hands have waited themselves
             return;
         }
     FAIL("no verb ", verb);
