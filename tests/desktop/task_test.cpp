@@ -42,11 +42,6 @@ errorblock *start(const char *failing, int32_t failafter = -1)
     return err;
 }
 
-void catalogue()
-{
-    putfile(scratch("Messages.txt"), "NAME:Quillmere\nEME:No memory.\n");
-}
-
 const std::string whole = "modeinfoinit, inittemp, initsprites, hook, hourglassinit, Sprites.spr, "
                           "addspritesshared, message 65536, message 65542, message 65537, "
                           "tasktemplates";
@@ -55,7 +50,7 @@ const std::string whole = "modeinfoinit, inittemp, initsprites, hook, hourglassi
 
 TEST_CASE("the start-up runs in its order, and the poll runs until it is to end")
 {
-    catalogue();
+    putfile(scratch("Messages.txt"), "NAME:Quillmere\nEME:No memory.\n");
     REQUIRE_FALSE(start(""));
     CHECK(fakelog() == whole);
     CHECK(std::string(tasktitle()) == "Quillmere"); // the name's place
@@ -70,7 +65,7 @@ TEST_CASE("the start-up runs in its order, and the poll runs until it is to end"
 
 TEST_CASE("a stage that fails ends the start-up")
 {
-    catalogue();
+    putfile(scratch("Messages.txt"), "NAME:Quillmere\nEME:No memory.\n");
     const std::pair<std::string, int32_t> rows[] = {
         // the catalogue's store, the block table
         {"modeinfoinit", 0},  {"inittemp", 0},         {"initsprites", 0},   {"hook", 1},

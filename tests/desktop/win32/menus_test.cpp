@@ -35,12 +35,9 @@ errorblock *prepare(const int32_t *path, int32_t menu, window)
 menurow row(int32_t tag, const char *resource, int32_t parent, int32_t position)
 {
     menurow made = {};
-    made.tag = tag;
-    made.resource = resource;
-    made.parent = parent;
-    made.position = position;
-    if (!parent) made.select = select;
-    if (!parent) made.prepare = prepare;
+    made.tag = tag, made.resource = resource;
+    made.parent = parent, made.position = position;
+    if (!parent) made.select = select, made.prepare = prepare;
     return made;
 }
 

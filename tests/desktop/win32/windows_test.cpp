@@ -4,6 +4,7 @@
 #include "base/errors.h"
 #include "base/messages.h"
 #include "desktop/handlers.h"
+#include "desktop/templates.h"
 #include "desktop/wdata.h"
 #include "desktop/windowplace.h"
 #include "graphics/modeinfo.h"
@@ -171,6 +172,17 @@ TEST_CASE("a closed window is hidden, and what is inside it; a deleted one takes
     CHECK(wdatas == nullptr);
     remparentclosedhandler(removes, ending, 4);
     remparentdeletedhandler(removes, owned, 3);
+
+    // All templates of the program, by numbers of their own.
+    templatelink every;
+    REQUIRE_FALSE(addtemplates(nullptr, "", nullptr, &every));
+    int32_t number = templatenumber("EventPlain");
+    window plain = 0;
+    CHECK(number > TEMPLATEUNNAMED);
+    CHECK_FALSE(createchild(number, &plain, 0));
+    CHECK((GetWindowLongA(handleof(plain), GWL_EXSTYLE) & WS_EX_ACCEPTFILES));
+    remtemplates(&every);
+    CHECK(templatenumber("EventPlain") == PLAIN);
 
     // A handle that is nobody's gives the system's own error.
     auto refused = [](const errorblock *err) {
