@@ -1,17 +1,22 @@
 // Files of words in and out of the dictionary that is open in the editor.
 
+#include "base/boxes.h"
 #include "base/errorcodes.h"
 #include "base/filetypes.h"
 #include "base/paths.h"
+#include "base/platform.h"
 #include "base/syserr.h"
 #include "base/text.h"
 #include "desktop/drop.h"
 #include "desktop/filedialogs.h"
 #include "desktop/handlertable.h"
+#include "desktop/heldinput.h"
 #include "desktop/hourglass.h"
+#include "desktop/icons.h"
 #include "desktop/windows.h"
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
+#include "dict/dictwindow.h"
 #include "dict/wordimport.h"
 #include "resources/identifiers.h"
 
@@ -24,6 +29,31 @@ constexpr const char *FILTERWORDS = "Text file of words (*.txt)";
 
 char importpath[PATHSIZE]; // of the import that waits for a search's end
 
+// While words come in the button that takes all changes back only stops that: what
+// is pressed in haste must not lose them. Keys and presses meanwhile are dropped.
+struct {
+    char button[32]; // its own text
+    uint32_t polled; // when the user was let in last, by platformticks
+    bool stopped;
+} importing;
+
+errorblock *importbegin()
+{
+    importing.polled = platformticks();
+    importing.stopped = false;
+    hourglasson();
+    errorblock *err =
+        copyicontext(editor.self, DIALOGCANCEL, importing.button, sizeof importing.button);
+    return err ? err : seticontext(editor.self, DIALOGCANCEL, "Stop");
+}
+
+errorblock *importend()
+{
+    heldinput(editor.self, DIALOGCANCEL);
+    hourglassoff();
+    return seticontext(editor.self, DIALOGCANCEL, importing.button);
+}
+
 // The words so far are shown after an error too.
 errorblock *importnow(intptr_t)
 {
@@ -31,10 +61,11 @@ errorblock *importnow(intptr_t)
     errorblock *err = dictneed(editor.number);
     if (err) return err;
     uint32_t before = dictcount(editor.view.wordrows);
-    hourglasson();
-    kepterror kept = keeperror(wordimport(importpath, editor.number));
-    err = editshow(before);
-    hourglassoff();
+    err = importbegin();
+    if (!err) err = wordimport(importpath, editor.number);
+    kepterror kept = keeperror(err);
+    err = importend();
+    if (!err) err = editshow(before);
     return firsterror(kept, err);
 }
 
@@ -85,6 +116,17 @@ constexpr handlertable drophandlers = {
 };
 
 } // namespace
+
+// Once stopped it is so for both of its loops.
+bool importpoll(int32_t words)
+{
+    constexpr uint32_t OFTEN = 50; // milliseconds
+    if (importing.stopped || platformticks() - importing.polled < OFTEN) return importing.stopped;
+    reporterror(seticontextf(editor.self, EDITCOUNT, "%d", words));
+    importing.stopped = heldinput(editor.self, DIALOGCANCEL);
+    importing.polled = platformticks();
+    return importing.stopped;
+}
 
 errorblock *editimportbox()
 {

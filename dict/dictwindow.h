@@ -21,6 +21,11 @@ errorblock *dicteditopen(uint32_t number, Dictionary *dict, const char *name);
 // dict/dicteditwindow.cpp.
 bool dictediting(uint32_t number);
 
+// An import goes on: so many words have come so far. Whether the user wants it to end.
+// Asked once in IMPORTPOLL words. In dict/dicteditfiles.cpp.
+bool importpoll(int32_t words);
+constexpr int32_t IMPORTPOLL = 1024;
+
 // The lists of words take this font and measure it. Redraws nothing. In
 // dict/wordpaint.cpp.
 void dictmetricsupdate(const fontrecord *font);

@@ -3,6 +3,7 @@
 #include "base/bfile.h"
 #include "base/syserr.h"
 #include "dict/dictset.h"
+#include "dict/dictwindow.h"
 #include "dict/wordfeed.h"
 #include "dict/wordpile.h"
 #include "dict/wordsource.h"
@@ -10,7 +11,7 @@
 namespace
 {
 
-// Every word up to the end, or up to an error.
+// Every word up to the end, or until an error or the user ends it.
 errorblock *wordsread(wordsource *text, wordpile *pile)
 {
     wordfeed feed = {};
@@ -18,7 +19,9 @@ errorblock *wordsread(wordsource *text, wordpile *pile)
     int32_t byte = 0;
     while (!err && byte != FEEDEND) {
         err = wordsourceget(text, &byte); // -1 at the end, as the feed has it
-        if (!err && wordfeedbyte(&feed, byte)) err = pileadd(pile, feed.word);
+        if (err || !wordfeedbyte(&feed, byte)) continue;
+        err = pileadd(pile, feed.word);
+        if (pile->count % IMPORTPOLL == 0 && importpoll(pile->count)) break;
     }
     return err;
 }

@@ -9,7 +9,8 @@
 
 // Adds the file's words to a dictionary of the set and marks it changed if
 // there were any. Errors: the open's, with nothing changed; a read's or an
-// add's, with the words before it added.
+// add's, with the words before it added. The user may end it (importpoll of
+// dict/dictwindow.h), which keeps the words so far.
 errorblock *wordimport(const char *path, uint32_t dictnumber);
 
 // Writes a dictionary's words; without any, no file is made. Errors: the

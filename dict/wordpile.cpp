@@ -2,6 +2,7 @@
 
 #include "dict/collation.h"
 #include "dict/dictbuild.h"
+#include "dict/dictwindow.h"
 
 #include <algorithm>
 #include <cstring>
@@ -114,13 +115,16 @@ errorblock *mergewords(const wordpile &pile, Dictionary *dict, bool *merged)
     return err;
 }
 
+// This can take long, and what is in stays when the user ends it.
 errorblock *wordsadd(const wordpile &pile, Dictionary *dict)
 {
     errorblock *err = nullptr;
+    int32_t words = 0;
     for (int32_t at = 0; at < pile.bytes && !err;) {
         const char *word = static_cast<const char *>(pile.text) + at;
         err = dictadd(word, dict);
         at += static_cast<int32_t>(strlen(word)) + 1;
+        if (++words % IMPORTPOLL == 0 && importpoll(words)) break;
     }
     return err;
 }

@@ -27,7 +27,8 @@ errorblock *pilestart(wordpile *pile);
 errorblock *pileadd(wordpile *pile, const char *word);
 
 // Adds the words to the dictionary and empties the pile. Errors: 2, of a word
-// that could not be added; those before it have been.
+// that could not be added; those before it have been. Words that are added one by one
+// end early where importpoll (dict/dictwindow.h) says so.
 errorblock *pilemerge(wordpile *pile, Dictionary *dict);
 
 void pilefree(wordpile *pile);

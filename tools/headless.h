@@ -21,6 +21,7 @@ struct headlessstate {
     int editing;            // 1 more than the number of the open dictionary; 0 for none
     int32_t marklength;     // the last length shown; -1 emptied
     int32_t progress;       // the last count shown
+    int32_t importend;      // words after which an import is told to end; 0 for never
     int32_t kind;           // the last kind applied
     int32_t windowwidth, windowheight;
     uint32_t boxes;                // boxes shown

@@ -20,6 +20,11 @@ bool dictediting(uint32_t number)
     return headless.editing == static_cast<int>(number) + 1;
 }
 
+bool importpoll(int32_t words)
+{
+    return headless.importend && words >= headless.importend;
+}
+
 void dictmetricsupdate(const fontrecord *) {}
 
 errorblock *dicteditopen(uint32_t, Dictionary *, const char *)

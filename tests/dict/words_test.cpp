@@ -4,9 +4,11 @@
 #include "base/platformfault.h"
 #include "dict/collation.h"
 #include "dict/dictset.h"
+#include "dict/dictwindow.h"
 #include "dict/wordfeed.h"
 #include "dict/wordimport.h"
 #include "tests/dict/teststore.h"
+#include "tools/headless.h"
 
 #include <doctest/doctest.h>
 
@@ -151,4 +153,23 @@ TEST_CASE("words come in from texts, up to a failure, and go out as they are sto
     platformfault.reads = 6;
     CHECK(wordimport(in.c_str(), 0) != nullptr);
     CHECK((record->changed && dictcount(&record->dict) == 9));
+}
+
+TEST_CASE("an import that the user ends keeps the words so far, merged or added one by one")
+{
+    std::string in = scratch("in.txt");
+    ndicts = 1;
+    for (const char *longest : {"", "abcdefghijklmnopqrstuvwxyzabcd"}) {
+        REQUIRE_FALSE(dictempty(&dicts[0].dict));
+        dicts[0].changed = 0;
+        std::string many = std::string(longest) + "\n";
+        for (int n = 0; n < 5000; n++)
+            many += {static_cast<char>('a' + n % 26), static_cast<char>('a' + n / 26 % 26),
+                     static_cast<char>('a' + n / 676), 'q', '\n'};
+        putfile(in, many);
+        headless.importend = 1500;
+        CHECK_FALSE(wordimport(in.c_str(), 0));
+        CHECK((dicts[0].changed && dictcount(&dicts[0].dict) == 2 * IMPORTPOLL));
+        dictfree(&dicts[0].dict);
+    }
 }

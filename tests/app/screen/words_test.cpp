@@ -4,6 +4,8 @@
 
 #include <doctest/doctest.h>
 
+#include <thread>
+
 // The rows of a script are lines.
 // clang-format off
 
@@ -206,6 +208,40 @@ TEST_CASE("words come in by files that are dropped, and out and in by the list's
         {key, VK_RETURN}, {choose, 0, "words.txt"}, {answer, IDOK}, {letgo}, {text, EDITCOUNT, "2"},
         {changed, "no"},
     });
+}
+
+// A text is dropped, and keys are hit while its words come in.
+static void dropandhit(int32_t key, const std::string &leaf)
+{
+    std::thread hands([&] {
+        drivewait([] { return text(DIALOGCANCEL, "") == "Stop"; });
+        for (int32_t hit : {static_cast<int32_t>('X'), key})
+            for (DWORD up : {0, KEYEVENTF_KEYUP})
+                keybd_event(static_cast<BYTE>(hit), 0, up, 0);
+    });
+    drop(ONWORDS, leaf);
+    hands.join();
+}
+
+TEST_CASE("Escape stops an import, and neither it nor other keys reach the editor")
+{
+    // The long word has them added one by one, which takes its time.
+    std::string many(30, 'z');
+    uint32_t random = 1;
+    for (int n = 0; n < 300000; n++) {
+        many += "|";
+        for (int i = 0; i < 9; i++)
+            many += static_cast<char>('a' + (random = random * 1664525 + 1013904223) / 4096 % 26);
+    }
+    edit("mine: ant");
+    play({
+        {fill, EDITWORD, "bee"}, {put, "many.txt " + many}, {dropandhit, VK_ESCAPE, "many.txt"},
+        {text, DIALOGCANCEL, "Cancel"}, {shown, "Edit (mine)", "yes"}, {changed, "yes"},
+        {text, EDITWORD, "bee"}, {undrawn, "0"},
+    });
+    int came = std::stoi(text(EDITCOUNT, ""));
+    CHECK(came > 1000);
+    CHECK(came < 300000);
 }
 
 TEST_CASE("an empty dictionary shows nothing, has nothing to choose and makes no file")
