@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "base/trace.h"
 #include "dict/dictfile.h"
+#include "dict/dictname.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
 
@@ -65,7 +66,6 @@ void insertrecord(uint32_t number, const char *name)
     ndicts++;
     dicts[number] = {};
     strcopyn(dicts[number].name, name, sizeof dicts[number].name);
-    dicts[number].loaded = 1;
     renumber(number, 1);
 }
 
@@ -112,12 +112,33 @@ errorblock *dictscan()
     return err;
 }
 
+int32_t dictknow(const char *name)
+{
+    char leaf[sizeof dicts->name + sizeof EXTENSION];
+    int32_t known = dictnamefind(name);
+    if (known >= 0) return known;
+    bool named = *name && !dictnamecheck(name) &&
+                 !xzsnprintf(sizeof leaf, nullptr, leaf, "%s.%s", name, EXTENSION);
+    if (!named || !fileexists(dictdirectory, leaf)) return -1;
+    if (ndicts == MAXDICTS) {
+        uint32_t last = ndicts;
+        while (last && (dicts[last - 1].usecount || dicts[last - 1].loaded))
+            last--;
+        if (!last) return -1;
+        removerecord(last - 1);
+    }
+    uint32_t number = placefor(name);
+    insertrecord(number, name);
+    return static_cast<int32_t>(number);
+}
+
 errorblock *dictcreate(const char *name)
 {
     errorblock *err = createcheck(name);
     if (!err) {
         uint32_t number = placefor(name);
         insertrecord(number, name);
+        dicts[number].loaded = 1;
         err = dictempty(&dicts[number].dict);
         if (!err) err = dictsave(dictdirectory, name, &dicts[number].dict);
         if (err) removerecord(number);

@@ -68,6 +68,11 @@ void dictstop();
 errorblock *dictscan();
 
 int32_t dictnamefind(const char *name); // ignoring case; -1 if there is none
+
+// The same, and looks for the file where more than 32 left it out: the last dictionary
+// that isn't loaded is forgotten for it, and numbers move.
+int32_t dictknow(const char *name);
+
 int dictinset(uint32_t number);
 
 // Puts a number into dictset, once more if it is there. Error 519 when the

@@ -136,6 +136,11 @@ TEST_CASE("a scan knows the files by name and reads none of them")
     CHECK((ndicts == MAXDICTS && dictnamefind("d41") == 31 && dictnamefind("d42") == -1));
     CHECK((code(dictcreate("new")) == ENUD && code(dictcreate("D20")) == EDAX));
     CHECK_FALSE(std::filesystem::exists(fileof("new.dic")));
+    CHECK_FALSE(dictuse(31)); // what is in use keeps its place, and another one makes room
+    CHECK((dictknow("d42") == 31 && ndicts == MAXDICTS && dictnamefind("d41") == 30));
+    CHECK((dictnamefind("d40") == -1 && dictset.numbers[0] == 30 && !dictneed(31)));
+    CHECK((dictknow("") == -1 && dictknow("d43") == -1 && dictknow("../other") == -1));
+    start(names);
     for (uint32_t i = 0; i < MAXDICTS; i++)
         CHECK(dictsetadd(MAXDICTS - 1 - i) == nullptr);
     for (uint32_t i = 0; i < MAXDICTS; i++)

@@ -25,7 +25,7 @@ FILES = {"a.txt": "nations\nNation\r\n\r\nNew York\tzebra", "b.txt": "nation\nna
          "bad.txt": "ab\nabc\n", "p.txt": PICTURE, "t.txt": "CAT\nA#O\nB.P\n",
          "g.txt": "C.T\n##.\n##.\n", "s.txt": "CATT\n####\nTIPS\n####\nTOP.\n", "plants.txt": PLANTS,
          "long.txt": "elephantine", "short.dic": "Quillmere", "old.dic": "\0" * 304,
-         "none/x": "", "old/MainDict.dic": "\0" * 304, **WORDS}
+         "none/x": "", **{f"crowd/a{n}.dic": "" for n in range(40)}, "old/MainDict.dic": "\0" * 304, **WORDS}
 
 # Runs in the one folder, in this order: a command, its status, what it prints, and a part of
 # its remarks; what it reads stands behind a "<". None for any output.
@@ -97,6 +97,8 @@ RUNS = [
     ("solve g.qmg --mark 0,0,2,0 --dictionaries none", FAILED, "", "No dictionaries loaded!"),
     (f"anagram c*t {HERE}", DONE, "cat\ncot\nCut\n", ""),
     (f"anagram CIT --dict Other {HERE}", DONE, "cit\n", ""),
+    ("dict build crowd/z.dic Other.txt", DONE, "", ""),  # in a folder of more than are known
+    ("anagram CIT --dict z --dictionaries crowd", DONE, "cit\n", ""),
     (f"anagram *** --max 1 {HERE}", DONE, "cat\ncot\n", ""),
     (f"anagram {'x' * 32} {HERE}", FAILED, "", ""),
     ("make long.txt --size 4x4 -o l.qmg", FAILED, "elephantine\t-1\t-1\t-1\t-1\n",

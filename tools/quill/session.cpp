@@ -21,7 +21,7 @@ errorblock *shippedfolder(char *out, int32_t size)
 
 errorblock *usedict(const std::string &name)
 {
-    int32_t number = dictnamefind(name.c_str());
+    int32_t number = dictknow(name.c_str());
     if (number < 0)
         return makeerrortext(ERRORNOFILE, "No dictionary %s in %s.", name.c_str(), dictdirectory);
     uint32_t known = static_cast<uint32_t>(number);
