@@ -218,6 +218,9 @@ TEST_CASE("words are typed into a Wordsquare's list, selected there, and deleted
         {type, "tea"}, {key, VK_RETURN}, {type, "Rat"}, {key, VK_RETURN},
         {type, "toolongtofitinhere"}, {key, VK_RETURN},
         {listed, "stare, tea, Rat, toolongtofitinhere"}, {undrawn, "0"},
+        // A word that fits no side is told of at once, and none is placed.
+        {press, BARMAKE}, {box, "Fitted 3 words, up to toolongtofitinhere"}, {answer, IDOK},
+        {searchend}, {value, "filled", "yes"}, {lying, "0"}, {undrawn, "0"},
         {pick, 3}, {press, BARDELETE}, {listed, "stare, tea, Rat"},
         {searched, BARMAKE}, {value, "filled", "yes"}, {listed, "stare, tea, Rat"}, {lying, "3"},
         {title, "Quillmere*"}, {undrawn, "0"},
