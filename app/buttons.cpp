@@ -3,6 +3,7 @@
 #include "app/layout.h"
 #include "app/mainwindow.h"
 #include "base/boxes.h"
+#include "base/platform.h"
 #include "base/trace.h"
 #include "desktop/eventsource.h"
 #include "desktop/filters.h"
@@ -73,6 +74,8 @@ struct {
     // the bar with Stop, the control with the caret; -1 if the caret was elsewhere.
     char text[FIELDSIZE];
     int32_t caret = -1;
+    int32_t count;    // of a search, not yet shown; 0 for none
+    uint32_t counted; // when one was shown last, by platformticks
 } bar;
 
 errorblock *anagrampressed()
@@ -164,6 +167,7 @@ errorblock *swapbuttons(int solving)
     if (!mainwindow) return nullptr;
     barremember(solving);
     search.stopflag = 0;
+    bar.count = 0;
     const barrecord *kindbar = grid.kind == GRIDWORDSQUARE ? &squarebar : &crosswordbar;
     errorblock *err = barchange(solving ? &stopbar : kindbar);
     if (!err) err = layoutnow();
@@ -216,7 +220,20 @@ void marklengthfield(int32_t length)
         seticontextf(buttonwindow, BARMARKLENGTH, "%d", length);
 }
 
+// A text in a window takes longer to set than a hundred solutions to find: of the
+// counts that come faster than anyone reads, the last is shown, at the next poll if
+// not before.
 void progressshow(int32_t n)
 {
-    if (bar.up == &stopbar) seticontextf(buttonwindow, BARPROGRESS, "%d", n);
+    constexpr uint32_t READ = 20; // milliseconds
+    bar.count = n;
+    if (platformticks() - bar.counted >= READ) progresscatchup();
+}
+
+void progresscatchup()
+{
+    if (bar.up != &stopbar || !bar.count) return;
+    seticontextf(buttonwindow, BARPROGRESS, "%d", bar.count);
+    bar.count = 0;
+    bar.counted = platformticks();
 }

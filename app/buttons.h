@@ -20,6 +20,9 @@ errorblock *swapbuttons(int solving);
 // behind a press on a button they are still the grid's and the menu's.
 errorblock *barkeysforward();
 
+// Shows the count of a search that progressshow (find/findwindow.h) left for later.
+void progresscatchup();
+
 // Whether the bar with Stop is up.
 bool barsolving();
 

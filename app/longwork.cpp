@@ -16,6 +16,7 @@ namespace
 
 constexpr int32_t SOON = 10;      // centiseconds
 constexpr uint32_t PATIENCE = 50; // milliseconds that a user waits for a poll
+constexpr uint32_t UNNOTICED = 5; // milliseconds
 constexpr int32_t POLLSDUE = 16;  // messages delivered when he has
 
 struct waitrecord {
@@ -83,7 +84,7 @@ void searchbegin()
     work.running++;
     reporterror(swapbuttons(1));
     reporterror(addnullhandler(nothing, 0));
-    work.polled = platformticks();
+    work.polled = platformticks() - UNNOTICED; // the first poll is none too many
 }
 
 void searchend()
@@ -98,10 +99,15 @@ bool searchunderway()
     return work.running > 0;
 }
 
+// A look into the queue of messages takes longer than many a step between two polls:
+// polls that come sooner than anyone could notice are left out.
+//
 // A poll delivers one message. When the user has waited, what he has done since
 // may be several, so that Stop stands behind them.
 void searchpoll()
 {
+    if (platformticks() - work.polled < UNNOTICED) return;
+    progresscatchup();
     int32_t polls = searchpolldue() ? POLLSDUE : 1;
     for (int32_t i = 0; i < polls && !search.stopflag; i++)
         pollonce();
