@@ -17,8 +17,7 @@ constexpr int32_t KEYALT = 0x8000000;
 constexpr int32_t KEYWINDOWS = 0x10000000;
 
 // Characters, and virtual keys behind KEYPRESS.
-constexpr int32_t KEYBACKSPACE = 8, KEYTAB = 9, KEYRETURN = 13, KEYESCAPE = 27,
-                  KEYSPACE = 32;
+constexpr int32_t KEYBACKSPACE = 8, KEYTAB = 9, KEYRETURN = 13, KEYESCAPE = 27, KEYSPACE = 32;
 constexpr int32_t KEYPAGEUP = 0x21, KEYPAGEDOWN = 0x22, KEYEND = 0x23, KEYHOME = 0x24,
                   KEYLEFT = 0x25, KEYUP = 0x26, KEYRIGHT = 0x27, KEYDOWN = 0x28, KEYINSERT = 0x2D,
                   KEYDELETE = 0x2E, KEYF1 = 0x70;
