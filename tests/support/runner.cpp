@@ -5,6 +5,7 @@
 #define DOCTEST_CONFIG_IMPLEMENT
 #include "tests/support/listener.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <random>
@@ -67,6 +68,10 @@ int main(int count, char **words)
         if (!std::strcmp(words[i], "--shake")) flexshake(shaking = true);
         if (!std::strncmp(words[i], "--data=", 7)) datafolder = words[i] + 7;
     }
+    // Whatever is written into the folder for temporary files, the log among it, is of this run.
+    static std::string variables[] = {"TMPDIR=" + scratchfolder(), "TMP=" + scratchfolder()};
+    for (std::string &variable : variables)
+        putenv(variable.data());
     int result = context.run();
     std::error_code ignored;
     std::filesystem::remove_all(scratchfolder(), ignored);
