@@ -78,9 +78,8 @@ ddeverbs verbof(const std::string &word)
 
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void fuzztarget(fuzzfeed feed)
 {
-    fuzzfeed feed = {data, size};
     std::string text = fuzzrest(&feed);
     text.resize(std::strlen(text.c_str()));
     const char *at = text.c_str();
@@ -97,5 +96,4 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         FUZZCHECK(words[1] == command.name);
         FUZZCHECK((words.size() > 2 ? words[2] : "") == command.printer);
     }
-    return 0;
 }

@@ -1,5 +1,7 @@
 #include "tests/fuzz/fuzz.h"
 
+#include "base/flex.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -11,6 +13,8 @@ namespace
 {
 
 namespace fs = std::filesystem;
+
+constexpr size_t MOSTINPUT = 8192;
 
 struct scratchfolder {
     fs::path path =
@@ -60,10 +64,10 @@ std::string fuzzpath(const char *leaf)
     return fuzzfolder() + "/" + leaf;
 }
 
-void fuzzwrite(const std::string &path, const uint8_t *data, size_t size)
+void fuzzwrite(const std::string &path, fuzzfeed feed)
 {
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(reinterpret_cast<const char *>(data), static_cast<std::streamsize>(size));
+    file << fuzzrest(&feed);
     FUZZCHECK(file.good());
 }
 
@@ -72,4 +76,12 @@ std::string fuzzread(const std::string &path)
     std::ifstream file(path, std::ios::binary);
     FUZZCHECK(file.good());
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    if (size > MOSTINPUT) return 0;
+    fuzztarget({data, size});
+    FUZZCHECK(flexblocks() == 0);
+    return 0;
 }

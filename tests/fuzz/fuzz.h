@@ -1,16 +1,13 @@
 // tests/fuzz/fuzz.h - what the fuzz targets share.
 //
-// A target is one function, LLVMFuzzerTestOneInput, that takes any bytes and
-// comes back with every block freed. It must not fail but by a fault of the
-// code under test: by a sanitizer's report, by FUZZCHECK, or by never ending.
+// A target is one function, fuzztarget, that takes any bytes and comes back with
+// every block freed. It must not fail but by a fault of the code under test: by a
+// sanitizer's report, by FUZZCHECK, or by never ending.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
-
-// Defined by each target; libFuzzer or replay.cpp calls it. Returns 0.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
 // Ends the process with the place and the condition. Unlike an assert it also
 // says what it is about.
@@ -25,11 +22,17 @@ struct fuzzfeed {
 uint8_t fuzzbyte(fuzzfeed *feed);
 std::string fuzzrest(fuzzfeed *feed);
 
+// Defined by each target.
+void fuzztarget(fuzzfeed feed);
+
+// Called by libFuzzer or replay.cpp: the target on one input. Returns 0.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
+
 // A scratch folder of this process, which goes when the process ends, and a path
 // in it.
 std::string fuzzfolder();
 std::string fuzzpath(const char *leaf);
 
 // Whole files, past the code under test.
-void fuzzwrite(const std::string &path, const uint8_t *data, size_t size);
+void fuzzwrite(const std::string &path, fuzzfeed feed);
 std::string fuzzread(const std::string &path);

@@ -5,7 +5,6 @@
 // smaller grids; here it must fit its places.
 
 #include "base/chars.h"
-#include "base/flex.h"
 #include "base/random.h"
 #include "dict/dictset.h"
 #include "find/anagram.h"
@@ -116,9 +115,8 @@ void wordsquare()
 
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void fuzztarget(fuzzfeed feed)
 {
-    fuzzfeed feed = {data, size};
     headlessreset();
     headless.onpoll = stopsoon;
     gridreset();
@@ -146,6 +144,4 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     dictunload(0);
     dictunload(1);
     ndicts = 0;
-    FUZZCHECK(flexblocks() == 0);
-    return 0;
 }

@@ -40,10 +40,9 @@ std::string quoted(const std::string &value, int32_t size)
 
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void fuzztarget(fuzzfeed feed)
 {
-    if (size > 2 * VALIDATIONSIZE) return 0; // longer than any string there is
-    fuzzfeed feed = {data, size};
+    if (feed.size > 2 * VALIDATIONSIZE) return; // longer than any string there is
     char letter = static_cast<char>(fuzzbyte(&feed));
     if (letter == 0 || letter == '\\') letter = 's';
     int32_t room = 1 + fuzzbyte(&feed);
@@ -56,13 +55,13 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     bool greys;
     tokencondition(exact.data(), static_cast<uint32_t>(room), true, &greys);
     quoted(value, room);
-    if (string.size() >= VALIDATIONSIZE) return 0;
+    if (string.size() >= VALIDATIONSIZE) return;
 
     std::vector<char> text(VALIDATIONSIZE);
     std::memcpy(text.data(), exact.data(), exact.size());
     bool fits = replacetoken(letter, quoted(value, VALIDATIONSIZE).c_str(), text.data());
     FUZZCHECK(fits || string == text.data());
-    if (!fits) return 0;
+    if (!fits) return;
 
     // All the others are as they were, but for an empty one at the end, which
     // gives way to one that is appended.
@@ -75,5 +74,4 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     before[at] = {letter, after.size() > at ? after[at].value : ""};
     FUZZCHECK(after == before);
     FUZZCHECK(value.starts_with(after[at].value));
-    return 0;
 }

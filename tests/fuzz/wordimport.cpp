@@ -7,7 +7,6 @@
 #include "dict/wordimport.h"
 
 #include "base/chars.h"
-#include "base/flex.h"
 #include "dict/dictset.h"
 #include "dict/dictverify.h"
 #include "dict/wordfeed.h"
@@ -21,12 +20,12 @@
 namespace
 {
 
-bool tame(const uint8_t *data, size_t size)
+bool tame(fuzzfeed bytes)
 {
     wordfeed feed = {};
     bool longest = false;
-    for (size_t at = 0; at <= size; at++)
-        if (wordfeedbyte(&feed, at < size ? data[at] : FEEDEND))
+    for (size_t at = 0; at <= bytes.size; at++)
+        if (wordfeedbyte(&feed, at < bytes.size ? bytes.data[at] : FEEDEND))
             longest = longest || std::strlen(feed.word) == WORDLENGTH;
     return !longest;
 }
@@ -75,13 +74,12 @@ void checklist(const std::string &path, bool check)
 
 } // namespace
 
-int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void fuzztarget(fuzzfeed feed)
 {
-    if (size > 8192) return 0;
     grid.kind = GRIDWORDSQUARE;
     std::string in = fuzzpath("in.txt"), out = fuzzpath("out.txt");
-    fuzzwrite(in, data, size);
-    bool check = tame(data, size);
+    fuzzwrite(in, feed);
+    bool check = tame(feed);
     uint32_t words = import(in, check);
     checklist(in, check);
     if (words) {
@@ -92,6 +90,4 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     }
     dictfree(&dicts[0].dict);
     ndicts = 0;
-    FUZZCHECK(flexblocks() == 0);
-    return 0;
 }
