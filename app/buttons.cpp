@@ -129,7 +129,7 @@ bool controluses(int32_t icon, const systemmessage &key)
 
 // The other keys go to the handlers of the main window, before the navigation between
 // the bar's controls can take them.
-errorblock *barkey(const systemmessage *message, intptr_t, int *stop, intptr_t *, int *)
+errorblock *barkey(const systemmessage *message, intptr_t, bool *stop, intptr_t *, int *)
 {
     bool key = message->message == SYSTEMKEYDOWN || message->message == SYSTEMSYSKEYDOWN ||
                message->message == SYSTEMCHAR;
@@ -142,7 +142,7 @@ errorblock *barkey(const systemmessage *message, intptr_t, int *stop, intptr_t *
     forwarded.window = mainwindow;
     bool claimed = false;
     keydeliver(&forwarded, &claimed);
-    if (claimed) *stop = 1;
+    if (claimed) *stop = true;
     return nullptr;
 }
 
@@ -161,7 +161,7 @@ errorblock *barchange(const barrecord *next)
 
 // The window has the focus only when a control of the bar had it: where there is
 // no control any more, the keys go to the main window, which hears Escape.
-errorblock *swapbuttons(int solving)
+errorblock *swapbuttons(bool solving)
 {
     trace("buttons solve");
     if (!mainwindow) return nullptr;
@@ -189,7 +189,7 @@ bool barsolving()
     return bar.up == &stopbar;
 }
 
-int stopflag()
+bool stopflag()
 {
     return search.stopflag;
 }

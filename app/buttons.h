@@ -14,7 +14,7 @@ extern window buttonwindow;
 
 // Puts up the bar with Stop, or the one of the document's kind, and clears the
 // stop flag. Nothing without a main window.
-errorblock *swapbuttons(int solving);
+errorblock *swapbuttons(bool solving);
 
 // From now on the main window hears the keys that no control of the bar uses itself:
 // behind a press on a button they are still the grid's and the menu's.
@@ -28,7 +28,7 @@ bool barsolving();
 
 // Whether the user wants long work to end. What isn't the button says so by
 // stoprequest (grid/gridwindow.h).
-int stopflag();
+bool stopflag();
 
 // Takes a kind over for the document as it stands, with its bar.
 errorblock *showkind(int32_t kind);

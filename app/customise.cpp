@@ -83,7 +83,7 @@ errorblock *makingtake()
 {
     gridsettings &taken = dialog.scratch;
     errorblock *err = numbertake(dialog.self, LENGTH, &taken.minwordlength);
-    int on;
+    bool on;
     if (!err) err = iconselected(dialog.self, CUSTOMSOLUTIONS, &on);
     if (!err) taken.showsolutions = on;
     taken.filldirections = 0;

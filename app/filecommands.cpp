@@ -65,7 +65,7 @@ errorblock *dropopen(intptr_t)
     return gridopened(dropped.path, dropped.type);
 }
 
-errorblock *dropasked(const char *, int32_t filetype, mouserecord *, intptr_t, int *accept)
+errorblock *dropasked(const char *, int32_t filetype, mouserecord *, intptr_t, bool *accept)
 {
     *accept = gridaccepts(filetype);
     return nullptr;

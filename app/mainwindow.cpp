@@ -63,10 +63,10 @@ errorblock *panesplace(const windowstaterecord &main)
 }
 
 // The main window itself sees the pointer in the gap between its panes alone.
-errorblock *splitterpointer(window self, intptr_t, mouserecord *mouse, int *handled)
+errorblock *splitterpointer(window self, intptr_t, mouserecord *mouse, bool *handled)
 {
     if (mouse->window != self) return nullptr;
-    *handled = 1;
+    *handled = true;
     return setpointer(POINTERPROGRAM, 0, "splith");
 }
 

@@ -65,7 +65,7 @@ static bool leaveswords()
     return !err;
 }
 
-int quitquery()
+bool quitquery()
 {
     return leavesgrid() && leaveswords() ? 0 : 1;
 }
@@ -78,7 +78,7 @@ void quittask()
     leave(0);
 }
 
-errorblock *quithandler(intptr_t *, int *)
+errorblock *quithandler(intptr_t *, bool *)
 {
     quittask();
 }

@@ -17,13 +17,13 @@ errorblock *initdata();
 // changed and the answer about either was to stay, or when words that should be
 // retained could not be saved, which is shown. MAY POLL: a question runs a loop of
 // its own.
-int quitquery();
+bool quitquery();
 
 // Ends the process with status 0. Windows are not closed, nothing is saved.
 [[noreturn]] void quittask();
 
 // Of the quit broadcast.
-errorblock *quithandler(intptr_t *record, int *claimed);
+errorblock *quithandler(intptr_t *record, bool *claimed);
 
 // The file types are linked no more, as before loadappresources.
 void appresourcesreset();

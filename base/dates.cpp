@@ -39,11 +39,11 @@ uint32_t ticks()
     return platformticks();
 }
 
-int timefromfileinfo(const fileinfo *info, time5 *time)
+bool timefromfileinfo(const fileinfo *info, time5 *time)
 {
-    if ((info->loadaddress & DATED) != DATED) return 0;
+    if ((info->loadaddress & DATED) != DATED) return false;
     *time = {info->execaddress, info->loadaddress & 0xFF};
-    return 1;
+    return true;
 }
 
 void timetofileinfo(fileinfo *info, const time5 *time)

@@ -56,7 +56,7 @@ void timeget(time5 *time);
 uint32_t ticks(); // milliseconds, wrapping
 
 // The time of an information record: 1 if it has one.
-int timefromfileinfo(const fileinfo *info, time5 *time);
+bool timefromfileinfo(const fileinfo *info, time5 *time);
 void timetofileinfo(fileinfo *info, const time5 *time);
 
 // By the times of two records: an undated one is the older, and two undated

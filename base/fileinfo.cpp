@@ -46,7 +46,7 @@ errorblock *fileobject(const char *path, int32_t *type)
     return nullptr;
 }
 
-int fileexists(const char *directory, const char *leaf)
+bool fileexists(const char *directory, const char *leaf)
 {
     char path[PATHSIZE];
     int32_t type = OBJECTNONE;

@@ -48,7 +48,7 @@ constexpr bool isreadonly(const fileinfo &info)
 errorblock *fileinfoget(const char *path, fileinfo *info);
 errorblock *fileinfoexpanded(const char *path, fileinfo *info); // path is expanded already
 errorblock *fileobject(const char *path, int32_t *type);        // always 0; so may path be
-int fileexists(const char *directory, const char *leaf);        // 1 for an object of any type
+bool fileexists(const char *directory, const char *leaf);        // for an object of any type
 
 // The one of two paths, either of them 0, that is an object of the wanted
 // type; the second goes first. chosen is 0 for neither.
@@ -108,7 +108,7 @@ errorblock *filereplace(const char *from, const char *to);
 // pattern, later ones go on; done is 1 when nothing is left. Names come in the
 // order of a Windows disc: sorted, ignoring case. An error or the end closes
 // the scan. A pattern of 0 takes path itself as the last name to match.
-errorblock *findnext(const char *path, fileinfo *info, const char *pattern, int32_t *done);
+errorblock *findnext(const char *path, fileinfo *info, const char *pattern, bool *done);
 errorblock *findclose();
 
 // Marks the start of a new scan: one that is still open is forgotten, and that

@@ -13,7 +13,7 @@ namespace
 filehandle scan; // the one scan, 0 when none is open
 
 errorblock *scanstart(const char *path, const char *pattern, platforminfo *known, char *name,
-                      int32_t *done)
+                      bool *done)
 {
     char expanded[PATHSIZE];
     errorblock *err = pathexpand(path, expanded, sizeof expanded);
@@ -29,13 +29,13 @@ bool isdots(const char *name)
 
 } // namespace
 
-errorblock *findnext(const char *path, fileinfo *info, const char *pattern, int32_t *done)
+errorblock *findnext(const char *path, fileinfo *info, const char *pattern, bool *done)
 {
     platforminfo known;
     char name[PATHSIZE];
     errorblock *err;
     do {
-        *done = 0;
+        *done = false;
         err = scan ? platformscannext(scan, &known, name, sizeof name, done)
                    : scanstart(path, pattern, &known, name, done);
     } while (!err && !*done && isdots(name));

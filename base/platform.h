@@ -64,9 +64,9 @@ errorblock *platformreplace(const char *from, const char *to); // to may exist
 // among them on Windows. done is 1 when nothing is left and then nothing else
 // is set; a start that finds nothing is done and has no handle.
 errorblock *platformscanstart(const char *path, platforminfo *info, char *name, int32_t size,
-                              filehandle *handle, int32_t *done);
+                              filehandle *handle, bool *done);
 errorblock *platformscannext(filehandle handle, platforminfo *info, char *name, int32_t size,
-                             int32_t *done);
+                             bool *done);
 errorblock *platformscanend(filehandle handle);
 
 // The store of values under a path of keys: the registry, or on posix a table

@@ -45,9 +45,10 @@ errorblock *loadblockopen(const char *path, int32_t *size)
 }
 
 errorblock *loadblockread(const char *path, void *address, int32_t size, int32_t *count,
-                          int32_t *done)
+                          bool *done)
 {
-    *count = *done = 0;
+    *count = 0;
+    *done = false;
     if (blocks.transferring) {
         ramread(address, size, count);
         *done = *count < size;
@@ -59,7 +60,7 @@ errorblock *loadblockread(const char *path, void *address, int32_t size, int32_t
     if (!err) err = fileload(path, address);
     if (err) return err;
     *count = length;
-    *done = 1;
+    *done = true;
     return nullptr;
 }
 

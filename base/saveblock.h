@@ -14,7 +14,7 @@ errorblock *saveblock(const char *path, int32_t type, const void *address, int32
 // is read; a file comes whole or, with too little room for it, as error 2.
 errorblock *loadblockopen(const char *path, int32_t *size);
 errorblock *loadblockread(const char *path, void *address, int32_t size, int32_t *count,
-                          int32_t *done);
+                          bool *done);
 errorblock *loadblockclose(errorblock *error); // returns error
 
 // The guess at the size of the next save; it becomes 4096 again.

@@ -60,7 +60,7 @@ int cstrstarts(const char *a, const char *b)
 {
     for (; *b; a++, b++)
         if (int difference = upper(*a) - upper(*b)) return difference;
-    return 0;
+    return false;
 }
 
 const char *cstrstr(const char *text, const char *part)

@@ -45,7 +45,7 @@ errorblock *clipboardoffer(const int32_t *formats, cliprenderfunction render,
 // For render alone: the block to fill. A second one replaces the first.
 errorblock *clipboardalloc(void **pointer, int32_t size);
 
-int clipboardowned();
+bool clipboardowned();
 
 // A plain allocation with the formats there are, 0 behind the last.
 errorblock *clipboardformats(int32_t **formats);

@@ -24,4 +24,4 @@ constexpr uint32_t CONFIRMFORCE = 0x80000000;    // asks even where questions ar
                                                   const char *format, ...);
 
 // Whether questions are asked; 1 at the start.
-void setconfirm(int on);
+void setconfirm(bool on);

@@ -17,7 +17,7 @@ static void print(const char *name, const char *printer)
 
 static void perform(const ddecommandrecord &command)
 {
-    int handled = 0;
+    bool handled = false;
     switch (command.verb) {
     case DDEOPEN:
         reporterror(loadfile(command.name, 0, &handled));

@@ -32,4 +32,4 @@ errorblock *dialogopen(const dialogrecord &record, window owner, int32_t number 
 errorblock *dialogend(const dialogrecord &record);
 
 // Whether a window takes input. Nothing for 0.
-errorblock *enablewindow(window w, int on);
+errorblock *enablewindow(window w, bool on);

@@ -5,7 +5,7 @@
 
 static bool accepted(window w, const char *name, int32_t filetype, mouserecord *mouse)
 {
-    int accept = 0;
+    bool accept = false;
     bool failed = false;
     dispatchfirst(
         EVENTDROP, w,

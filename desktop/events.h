@@ -100,15 +100,15 @@ using openfunction = errorblock *(*)(window self, intptr_t data, openrecord *ope
 using closefunction = errorblock *(*)(window self, intptr_t data);
 using clickfunction = errorblock *(*)(window self, intptr_t data, mouserecord *mouse);
 using keyfunction = errorblock *(*)(window self, intptr_t data, int32_t icon, int32_t *code);
-using focusfunction = errorblock *(*)(window self, intptr_t data, int gained);
-using broadcastfunction = errorblock *(*)(intptr_t *record, int *claimed);
+using focusfunction = errorblock *(*)(window self, intptr_t data, bool gained);
+using broadcastfunction = errorblock *(*)(intptr_t *record, bool *claimed);
 using messagefunction = errorblock *(*)(intptr_t number, intptr_t data, intptr_t first,
                                         intptr_t second);
 using loadfunction = errorblock *(*)(const char *name, int32_t filetype, intptr_t zero,
                                      intptr_t flag);
 using loadedfunction = errorblock *(*)(intptr_t zero);
 using dropfunction = errorblock *(*)(const char *name, int32_t filetype, mouserecord *mouse,
-                                     intptr_t data, int *accept);
+                                     intptr_t data, bool *accept);
 using droploadfunction = errorblock *(*)(const char *name, int32_t filetype, intptr_t data,
                                          intptr_t zero);
 using dropdonefunction = errorblock *(*)(intptr_t data);
@@ -117,24 +117,24 @@ using mousefunction = errorblock *(*)(window self, intptr_t data, mouserecord *m
 using activatefunction = errorblock *(*)(window self, intptr_t data, intptr_t second,
                                          int32_t firstlow);
 using pointerfunction = errorblock *(*)(window self, intptr_t data, mouserecord *mouse,
-                                        int *handled);
+                                        bool *handled);
 using textchangefunction = errorblock *(*)(window self, int32_t icon, intptr_t data);
-using textfocusfunction = errorblock *(*)(window self, int32_t icon, int gained, intptr_t data);
+using textfocusfunction = errorblock *(*)(window self, int32_t icon, bool gained, intptr_t data);
 using parentfunction = errorblock *(*)(window self, intptr_t data);
 using hookfunction = errorblock *(*)(window self, intptr_t data, window hooked, intptr_t parameter,
-                                     intptr_t message, int *claimed);
+                                     intptr_t message, bool *claimed);
 using hotkeyfunction = errorblock *(*)(window self, int32_t id, int32_t key);
 using wheelfunction = errorblock *(*)(window self, intptr_t data, int32_t delta, int32_t keys,
-                                      int horizontal, int *claimed);
+                                      bool horizontal, bool *claimed);
 using appcommandfunction = errorblock *(*)(window self, intptr_t data, window source,
                                            int32_t command, int32_t device, int32_t keys,
-                                           int *claimed);
+                                           bool *claimed);
 
 // A filter sets stop to keep the message from everyone behind the filters, and
 // then says what the window procedure gives back: a result and its kind.
-using filterfunction = errorblock *(*)(const systemmessage *message, intptr_t data, int *stop,
+using filterfunction = errorblock *(*)(const systemmessage *message, intptr_t data, bool *stop,
                                        intptr_t *result, int *kind);
 
 // The same for a control that is not the library's own.
-using subclassfunction = errorblock *(*)(const systemmessage *message, intptr_t data, int *stop,
+using subclassfunction = errorblock *(*)(const systemmessage *message, intptr_t data, bool *stop,
                                          intptr_t *result);

@@ -65,7 +65,7 @@ bool runfilters(filterphase phase, const systemmessage *message, intptr_t *resul
         blockiter_rewind(&iter);
         while (nextblock(&iter, types[phase][i], wanted[i].message, wanted[i].owner, &b)) {
             if (!b.function) continue;
-            int stop = 0;
+            bool stop = false;
             auto filter = reinterpret_cast<filterfunction>(b.function);
             reporterror(filter(message, b.data, &stop, result, kind));
             if (stop) stopped = true;

@@ -107,7 +107,7 @@ bool hookdeliver(window hooked, intptr_t parameter, intptr_t message)
     block b;
     blockiter_start(&iter);
     while (nextblock(&iter, EVENTHOOK, BLOCKANY, BLOCKANY, &b)) {
-        int mine = 0;
+        bool mine = false;
         auto function = reinterpret_cast<hookfunction>(b.function);
         reporterror(function(b.window, b.data, hooked, parameter, message, &mine));
         if (mine) claimed = true;

@@ -93,11 +93,11 @@ bool isbuttondown(intptr_t message)
     return message == 0x201 || message == 0x204 || message == 0xA1 || message == 0xA4;
 }
 
-errorblock *pressed(window self, intptr_t data, window, intptr_t, intptr_t message, int *claimed)
+errorblock *pressed(window self, intptr_t data, window, intptr_t, intptr_t message, bool *claimed)
 {
     if (!isbuttondown(message)) return nullptr;
     trace("help mouse");
-    *claimed = 1;
+    *claimed = true;
     errorblock *err = remhookhandler(pressed, self, data);
     trace("help mouse event");
     if (!err) err = underpointer();

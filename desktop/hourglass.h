@@ -13,7 +13,7 @@ void hourglasson();
 void hourglassoff();
 
 // The help cursor in its place while on, at once if it shows; the old mode.
-int hourglasshelp(int on);
+int hourglasshelp(bool on);
 
 // Sets the busy cursor if the count is above 0 and says so.
 bool hourglassforce();

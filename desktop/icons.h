@@ -13,11 +13,11 @@
 
 struct errorblock;
 
-errorblock *seticonselected(window w, int32_t icon, int on);
-errorblock *iconselected(window w, int32_t icon, int *on);
+errorblock *seticonselected(window w, int32_t icon, bool on);
+errorblock *iconselected(window w, int32_t icon, bool *on);
 errorblock *shadeicon(window w, int32_t icon);
 errorblock *unshadeicon(window w, int32_t icon);
-errorblock *seticonshaded(window w, int32_t icon, int on);
+errorblock *seticonshaded(window w, int32_t icon, bool on);
 
 // The new state is (old without clear) exclusive-or eor. With both 0 the icon is
 // just redrawn.
@@ -86,7 +86,7 @@ errorblock *selecticon(window w, int32_t icon);
 
 // Gives the focus to what Tab leads to from a window that stands among the icons
 // of w; with back set, Shift+Tab. Text that can be edited is selected.
-errorblock *focusnext(window w, window from, int back);
+errorblock *focusnext(window w, window from, bool back);
 
 // What such a window goes behind (windows.h) to stand over an icon and, in the
 // order of Tab, just before it.

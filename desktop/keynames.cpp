@@ -146,13 +146,13 @@ const char *keybinding(int32_t code)
     return shown;
 }
 
-int iscommandkey(int32_t code)
+bool iscommandkey(int32_t code)
 {
     int32_t key = code & ~(KEYPRESS | KEYSHIFT);
     return code & KEYPRESS && ((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9'));
 }
 
-int isfunctionkey(int32_t code)
+bool isfunctionkey(int32_t code)
 {
     int32_t key = code & ~(KEYPRESS | KEYSHIFT | KEYCTRL);
     return code & KEYPRESS && key >= KEYF1 && key < KEYF1 + 12;

@@ -32,8 +32,8 @@ const char *keybinding(int32_t code);
 
 // Presses of a letter or digit, shifted or not, and of F1 to F12 with any of
 // Shift and Ctrl: 1, else 0.
-int iscommandkey(int32_t code);
-int isfunctionkey(int32_t code);
+bool iscommandkey(int32_t code);
+bool isfunctionkey(int32_t code);
 
 // The key that types a character on this keyboard.
 int32_t charkeycode(int32_t character);

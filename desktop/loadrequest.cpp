@@ -16,11 +16,11 @@ struct request {
     char name[1]; // as long as it needs
 };
 
-static errorblock *loadnow(const char *name, int32_t filetype, intptr_t flag, int *handled)
+static errorblock *loadnow(const char *name, int32_t filetype, intptr_t flag, bool *handled)
 {
     int32_t index = findblock(EVENTLOAD, BLOCKANY, filetype, BLOCKANY, nullptr);
     if (index == -1) return nullptr;
-    *handled = 1;
+    *handled = true;
     auto load = reinterpret_cast<loadfunction>(blockat(index).function);
     errorblock *err = load(name, filetype, 0, flag);
     if (err) return err;
@@ -36,7 +36,7 @@ static errorblock *loadlater(intptr_t number, intptr_t data, intptr_t, intptr_t)
 {
     void *noted = reinterpret_cast<void *>(data);
     auto *r = static_cast<request *>(noted);
-    int handled = 0;
+    bool handled = false;
     reporterror(loadnow(r->name, r->filetype, 0, &handled));
     remmessagehandler(number, loadlater, data);
     heap_free(&noted);
@@ -57,10 +57,10 @@ static errorblock *loadnote(const char *name, int32_t filetype)
     return err;
 }
 
-errorblock *loadfile(const char *name, intptr_t flag, int *handled)
+errorblock *loadfile(const char *name, intptr_t flag, bool *handled)
 {
     int32_t filetype = filetypeof(name);
     if (flag || taskrunning()) return loadnow(name, filetype, flag, handled);
-    *handled = 1;
+    *handled = true;
     return loadnote(name, filetype);
 }

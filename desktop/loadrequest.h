@@ -11,4 +11,4 @@ struct errorblock;
 //
 // Before the poll runs, and with a flag of 0, the request is only noted; it is
 // handled, and carried out when the poll starts. Errors: 2.
-errorblock *loadfile(const char *name, intptr_t flag, int *handled);
+errorblock *loadfile(const char *name, intptr_t flag, bool *handled);

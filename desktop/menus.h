@@ -54,12 +54,12 @@ errorblock *popupmenu(window w, int32_t tag);
 
 // Entries are found by their command, below the tag's menu too; one that isn't
 // there is passed over.
-errorblock *tickmenu(int32_t tag, int32_t id, int on);
-errorblock *shademenu(int32_t tag, int32_t id, int enabled);
+errorblock *tickmenu(int32_t tag, int32_t id, bool on);
+errorblock *shademenu(int32_t tag, int32_t id, bool enabled);
 
 // Positions count what the task named. changed, if not 0, tells whether the text
 // was another.
-errorblock *menutext(int32_t tag, int32_t position, const char *text, int *changed);
+errorblock *menutext(int32_t tag, int32_t position, const char *text, bool *changed);
 
 // An empty menu in place of the tag's; the handles of all below it are cleared.
 errorblock *createmenu(int32_t tag, menuselectfunction select, menupreparefunction prepare);

@@ -17,7 +17,7 @@ errorblock *sendmessage(intptr_t number, intptr_t first, intptr_t second)
     return err;
 }
 
-int broadcastrecord(intptr_t *record)
+bool broadcastrecord(intptr_t *record)
 {
     int result = 1;
     blockiter iter;
@@ -25,7 +25,7 @@ int broadcastrecord(intptr_t *record)
     blockiter_start(&iter);
     while (nextblock(&iter, EVENTBROADCAST, record[BROADCASTNUMBER], BLOCKANY, &b)) {
         if (!b.function) continue;
-        int claimed = 0;
+        bool claimed = false;
         auto function = reinterpret_cast<broadcastfunction>(b.function);
         reporterror(function(record, &claimed));
         if (claimed) result = 0;
@@ -34,7 +34,7 @@ int broadcastrecord(intptr_t *record)
     return result;
 }
 
-int broadcast(intptr_t number)
+bool broadcast(intptr_t number)
 {
     intptr_t record[BROADCASTWORDS] = {};
     record[BROADCASTNUMBER] = number;

@@ -11,7 +11,7 @@ errorblock *sendmessage(intptr_t number, intptr_t first, intptr_t second);
 
 // Calls the broadcast handlers of the record's number, word BROADCASTNUMBER; each
 // shows its own errors. 1, or 0 if one of them has claimed it.
-int broadcastrecord(intptr_t *record);
+bool broadcastrecord(intptr_t *record);
 
 // The same with a record of which only the number has a meaning.
-int broadcast(intptr_t number);
+bool broadcast(intptr_t number);

@@ -5,7 +5,7 @@
 //
 //     redrawrecord r = {};
 //     r.self = self;
-//     int more;
+//     bool more;
 //     errorblock *err = redrawin(&r, &more);
 //     while (!err && more) {
 //         ... paint what falls into the clip ...
@@ -38,12 +38,12 @@ struct redrawrecord {
 };
 
 // more is 0 when nothing is to be painted.
-errorblock *redrawin(redrawrecord *r, int *more);
-errorblock *redrawnext(redrawrecord *r, int *more);
+errorblock *redrawin(redrawrecord *r, bool *more);
+errorblock *redrawnext(redrawrecord *r, bool *more);
 
 // Paints now, without waiting for the system to ask: x0 to y1 of the record are
 // the rectangle, in the work area.
-errorblock *updatewindow(redrawrecord *r, int *more);
+errorblock *updatewindow(redrawrecord *r, bool *more);
 
 using redrawpainter = errorblock *(*)(const redrawrecord &r, intptr_t data);
 errorblock *redrawwith(window self, redrawpainter painter, intptr_t data);

@@ -41,7 +41,7 @@ int32_t scrollposition(window w, bool vertical);
 
 // The bars follow the window's size and extent. A nested call, from a bar that
 // comes or goes, sets busy and leaves the work to the outer one.
-errorblock *rescroll(window w, int *busy);
+errorblock *rescroll(window w, bool *busy);
 
 // Answers a scroll message of the window: code and thumb are the system's. moved
 // says whether the view moved.

@@ -35,7 +35,7 @@ bool subclassdeliver(const systemmessage *message, intptr_t *result, intptr_t *p
     int32_t first = firstof(message->window);
     *procedure = first != -1 ? blockat(first).subtype : 0;
 
-    int stop = 0;
+    bool stop = false;
     blockiter iter;
     block b;
     blockiter_start(&iter);
@@ -45,7 +45,7 @@ bool subclassdeliver(const systemmessage *message, intptr_t *result, intptr_t *p
     return stop;
 }
 
-errorblock *subclasskeys(const systemmessage *message, intptr_t, int *stop, intptr_t *)
+errorblock *subclasskeys(const systemmessage *message, intptr_t, bool *stop, intptr_t *)
 {
     bool key = message->message == SYSTEMKEYDOWN || message->message == SYSTEMSYSKEYDOWN ||
                message->message == SYSTEMCHAR;
@@ -53,6 +53,6 @@ errorblock *subclasskeys(const systemmessage *message, intptr_t, int *stop, intp
     forwarded.window = polltarget(message->window);
     bool claimed = false;
     if (key && forwarded.window) keydeliver(&forwarded, &claimed);
-    if (claimed) *stop = 1;
+    if (claimed) *stop = true;
     return nullptr;
 }

@@ -19,4 +19,4 @@ bool subclassdeliver(const systemmessage *message, intptr_t *result, intptr_t *p
 
 // A handler that is ready: offers key presses and characters of the control to
 // the key handlers of the library's window around it, and stops what they claim.
-errorblock *subclasskeys(const systemmessage *message, intptr_t data, int *stop, intptr_t *result);
+errorblock *subclasskeys(const systemmessage *message, intptr_t data, bool *stop, intptr_t *result);

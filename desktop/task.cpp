@@ -20,7 +20,7 @@ static struct {
     const char *icon;
     int running;
     uint32_t process;
-    int (*stays)();
+    bool (*stays)();
 } task;
 
 // The trace shows an error as the word that it is.
@@ -92,14 +92,14 @@ void runtask()
         pollonce();
 }
 
-void setendquery(int (*stays)())
+void setendquery(bool (*stays)())
 {
     task.stays = stays;
 }
 
-int taskstays()
+bool taskstays()
 {
-    return task.stays ? task.stays() : 0;
+    return task.stays && task.stays();
 }
 
 const char *taskicon()
@@ -107,7 +107,7 @@ const char *taskicon()
     return task.icon;
 }
 
-int taskrunning()
+bool taskrunning()
 {
     return task.running;
 }

@@ -36,11 +36,11 @@ errorblock *starttask(const char *name, const char *title, const char *iconname,
 
 // Asked when the system's session is about to end: whether the user wants to stay,
 // which keeps the session. 0, as at the start, lets it end.
-void setendquery(int (*stays)());
-int taskstays(); // the answer to that. MAY POLL: a question may run a loop of its own
+void setendquery(bool (*stays)());
+bool taskstays(); // the answer to that. MAY POLL: a question may run a loop of its own
 
 const char *taskicon();
-int taskrunning();      // 0, and 1 once the poll runs
+bool taskrunning();      // once the poll runs
 uint32_t taskprocess(); // the system's number of this process
 
 // As before starttask.

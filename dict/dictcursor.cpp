@@ -28,18 +28,18 @@ void dictdecode(const Dictionary *dict, dictcursor *cursor)
 // The count alone doesn't end a walk: it is one too high after an insert that
 // ran out of memory, and anything in a damaged file. A code of 0 in the place
 // of a record's first is met only in the end mark.
-int dictnext(const Dictionary *dict, dictcursor *cursor)
+bool dictnext(const Dictionary *dict, dictcursor *cursor)
 {
     bool there = cursor->len != 0;
     cursor->woff += cursor->len;
     cursor->wordn++;
     if (there && cursor->wordn < dict->nwords && dictrecord(dict, cursor->woff)[1]) {
         dictdecode(dict, cursor);
-        return 1;
+        return true;
     }
     cursor->len = 0;
     cursor->word[0] = 0;
-    return 0;
+    return false;
 }
 
 // The last entry at or before a word.
@@ -59,15 +59,15 @@ static uint32_t entryofword(uint32_t wordn, const Dictionary *dict)
     return static_cast<uint32_t>(middle);
 }
 
-int dictseek(uint32_t wordn, const Dictionary *dict, dictcursor *cursor)
+bool dictseek(uint32_t wordn, const Dictionary *dict, dictcursor *cursor)
 {
-    if (wordn >= dict->nwords || dictisempty(dict)) return 0;
+    if (wordn >= dict->nwords || dictisempty(dict)) return false;
     dictcursor at;
     dictfromentry(entryofword(wordn, dict), dict, &at);
     while (at.wordn < wordn)
-        if (!dictnext(dict, &at)) return 0;
+        if (!dictnext(dict, &at)) return false;
     *cursor = at;
-    return 1;
+    return true;
 }
 
 const char *dictword(uint32_t wordn, const Dictionary *dict)

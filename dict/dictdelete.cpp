@@ -77,7 +77,7 @@ void deleteindex(Dictionary *dict, dictcursor *follower, bool carried, uint32_t 
 
 // The follower is coded against the word before, over both old records.
 errorblock *deletebefore(Dictionary *dict, const dictcursor *cursor, dictcursor *follower,
-                         int *gone)
+                         bool *gone)
 {
     uint32_t entryn = follower->indexn = cursor->indexn;
     bool carried = standsat(dict, entryn, cursor);
@@ -97,7 +97,7 @@ errorblock *deletebefore(Dictionary *dict, const dictcursor *cursor, dictcursor 
     errorblock *err = dictsplice(dict, cursor->woff, record, length, old);
     if (err) return err;
     dict->nwords--;
-    *gone = 1;
+    *gone = true;
     follower->woff = cursor->woff;
     follower->wordn = cursor->wordn;
     follower->len = static_cast<uint32_t>(length);
@@ -107,9 +107,9 @@ errorblock *deletebefore(Dictionary *dict, const dictcursor *cursor, dictcursor 
 
 } // namespace
 
-errorblock *dictdeleteword(Dictionary *dict, dictcursor *cursor, int *gone)
+errorblock *dictdeleteword(Dictionary *dict, dictcursor *cursor, bool *gone)
 {
-    *gone = 0;
+    *gone = false;
     if (!cursor->len) return nullptr;
     cursor->indexn = dictforward(dict, cursor->indexn, cursor);
     dictcursor follower = *cursor;
@@ -123,9 +123,9 @@ errorblock *dictdeleteword(Dictionary *dict, dictcursor *cursor, int *gone)
     return err;
 }
 
-int dictdelete(Dictionary *dict, dictcursor *cursor)
+bool dictdelete(Dictionary *dict, dictcursor *cursor)
 {
-    int gone;
+    bool gone;
     dictdeleteword(dict, cursor, &gone);
     return gone;
 }

@@ -5,4 +5,4 @@
 #include "dict/dictionary.h"
 
 // dictdelete, with its result in *gone. Errors: 2.
-errorblock *dictdeleteword(Dictionary *dict, dictcursor *cursor, int *gone);
+errorblock *dictdeleteword(Dictionary *dict, dictcursor *cursor, bool *gone);

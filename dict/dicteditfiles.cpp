@@ -91,7 +91,7 @@ void wordsformat(intptr_t, int32_t, int32_t *type, char *, int32_t)
     *type = FILETYPETEXT;
 }
 
-errorblock *dropasked(const char *, int32_t filetype, mouserecord *, intptr_t, int *accept)
+errorblock *dropasked(const char *, int32_t filetype, mouserecord *, intptr_t, bool *accept)
 {
     *accept = filetype == FILETYPETEXT || filetype >= DROPFOLDER;
     return nullptr;

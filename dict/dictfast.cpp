@@ -98,7 +98,7 @@ void scanskip(scan *scan)
 
 } // namespace
 
-int dictfastscan(const char *word, const Dictionary *dict, uint32_t entryn, uint32_t *flags)
+bool dictfastscan(const char *word, const Dictionary *dict, uint32_t entryn, uint32_t *flags)
 {
     const dictindex *entry = &dictentries(dict)[entryn];
     scan scan = {};
@@ -109,15 +109,15 @@ int dictfastscan(const char *word, const Dictionary *dict, uint32_t entryn, uint
     memcpy(fast.text, entry->word, INDEXLETTERS);
     while (*scan.at) { // 0 in the place of a first code: the end
         int order = scanrecord(&scan);
-        if (order == PASSED) return 0;
+        if (order == PASSED) return false;
         if (order == 0 && !scan.sought[scan.used]) {
             fast.behind = scan.at;
             if (scan.exact != scan.matched) *flags |= FINDCASEDIFFERS;
-            return 1;
+            return true;
         }
         scanskip(&scan);
     }
-    return 0;
+    return false;
 }
 
 const uint8_t *dictfound(char *out)

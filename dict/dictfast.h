@@ -4,4 +4,4 @@
 #include "dict/dictionary.h"
 
 // Looks for the word from an index entry on. flags as dictfind's.
-int dictfastscan(const char *word, const Dictionary *dict, uint32_t entryn, uint32_t *flags);
+bool dictfastscan(const char *word, const Dictionary *dict, uint32_t entryn, uint32_t *flags);

@@ -70,12 +70,12 @@ uint32_t dictentrybelow(const char *word, int32_t letters, const Dictionary *dic
     return static_cast<uint32_t>(middle);
 }
 
-int dictfind(const char *word, const Dictionary *dict, dictcursor *cursor, uint32_t *flags)
+bool dictfind(const char *word, const Dictionary *dict, dictcursor *cursor, uint32_t *flags)
 {
     *flags &= FINDOPTIONS;
     if (dictisempty(dict)) {
         *cursor = {};
-        return 0;
+        return false;
     }
     uint32_t entryn = dictentrybelow(word, INDEXLETTERS, dict, *flags);
     if (*flags & fastfind) return dictfastscan(word, dict, entryn, flags);

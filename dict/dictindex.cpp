@@ -93,14 +93,14 @@ void dictsplit(Dictionary *dict, uint32_t entryn, uint32_t span)
     dictaddindex(dict, entryn + 1, &cursor);
 }
 
-int dictreindex(Dictionary *dict, uint32_t entryn, dictcursor *cursor)
+bool dictreindex(Dictionary *dict, uint32_t entryn, dictcursor *cursor)
 {
     uint32_t was = cursor->wordn;
     while (!carriesentry(dict, cursor)) {
         if (dictnext(dict, cursor) && inspan(dict, entryn, cursor)) continue;
         dictremindex(dict, entryn);
-        return 0;
+        return false;
     }
     if (cursor->wordn != was) dictsetindex(dict, entryn, cursor);
-    return 1;
+    return true;
 }

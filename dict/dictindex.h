@@ -51,4 +51,4 @@ void dictsplit(Dictionary *dict, uint32_t entryn, uint32_t span);
 // For an entry whose word, at the cursor, was coded anew: moves the entry to
 // the first record that can carry one, in its span. 0 when there was none and
 // the entry was removed.
-int dictreindex(Dictionary *dict, uint32_t entryn, dictcursor *cursor);
+bool dictreindex(Dictionary *dict, uint32_t entryn, dictcursor *cursor);

@@ -31,7 +31,7 @@ errorblock *dictadd(const char *word, Dictionary *dict)
     uint32_t flags = 0;
     if (!*word || strlen(word) > WORDLENGTH) return nullptr;
     while (dictfind(word, dict, &cursor, &flags)) {
-        int gone;
+        bool gone;
         if (!strncmp(word, cursor.word, WORDLENGTH)) return nullptr;
         errorblock *err = dictdeleteword(dict, &cursor, &gone);
         if (err || !gone) return err;
@@ -39,7 +39,7 @@ errorblock *dictadd(const char *word, Dictionary *dict)
     return dictinsert(word, dict, &cursor);
 }
 
-int dictremove(const char *word, Dictionary *dict)
+bool dictremove(const char *word, Dictionary *dict)
 {
     dictcursor cursor;
     uint32_t flags = 0;

@@ -92,7 +92,7 @@ int32_t wordcode(const char *before, const char *word, uint8_t *out);
 // nothing, with len 0. With fastfind the cursor is not used; dictfound has the
 // word as stored. Over 31 letters, the first 31 decide; the fast search finds
 // no such word.
-int dictfind(const char *word, const Dictionary *dict, dictcursor *cursor, uint32_t *flags);
+bool dictfind(const char *word, const Dictionary *dict, dictcursor *cursor, uint32_t *flags);
 
 // Copies out the word that the last fast search matched. Returns the record
 // behind it, which is good until the store changes.
@@ -114,13 +114,13 @@ void dictfromentry(uint32_t entryn, const Dictionary *dict, dictcursor *cursor);
 
 // The cursor to a word by number. 0, and an untouched cursor, when there is no
 // such word.
-int dictseek(uint32_t wordn, const Dictionary *dict, dictcursor *cursor);
+bool dictseek(uint32_t wordn, const Dictionary *dict, dictcursor *cursor);
 
 // Fills word and len from the record at woff; word holds the predecessor.
 void dictdecode(const Dictionary *dict, dictcursor *cursor);
 
 // The next word: 1, or 0 at the end, with an empty word and len 0.
-int dictnext(const Dictionary *dict, dictcursor *cursor);
+bool dictnext(const Dictionary *dict, dictcursor *cursor);
 
 // A word by number, in a static buffer that the next call overwrites; empty
 // when there is no such word.
@@ -132,7 +132,7 @@ const char *dictword(uint32_t wordn, const Dictionary *dict);
 errorblock *dictadd(const char *word, Dictionary *dict);
 
 // 1 deleted, 0 not there (or kept, see dictdelete).
-int dictremove(const char *word, Dictionary *dict);
+bool dictremove(const char *word, Dictionary *dict);
 
 // The two steps under those: at a cursor that a failed dictfind left, and at
 // the word itself. After an insert that ran out of memory nwords is one too
@@ -141,7 +141,7 @@ int dictremove(const char *word, Dictionary *dict);
 // memory was short, and when the word behind, of many characters that have no
 // code, fits only behind this one.
 errorblock *dictinsert(const char *word, Dictionary *dict, dictcursor *cursor);
-int dictdelete(Dictionary *dict, dictcursor *cursor);
+bool dictdelete(Dictionary *dict, dictcursor *cursor);
 
 // Traces the index and every entry that doesn't stand at a record. Returns the
 // number of entries looked at.

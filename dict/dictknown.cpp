@@ -98,7 +98,7 @@ errorblock *createcheck(const char *name)
 errorblock *dictscan()
 {
     fileinfo info;
-    int32_t done;
+    bool done;
     trace("dic dir %s", dictdirectory);
     forgetall();
     findreset();

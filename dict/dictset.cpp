@@ -47,7 +47,7 @@ int32_t dictnamefind(const char *name)
     return -1;
 }
 
-int dictinset(uint32_t number)
+bool dictinset(uint32_t number)
 {
     uint32_t i = setplace(number);
     return i < dictset.count && dictset.numbers[i] == number;
@@ -174,11 +174,11 @@ errorblock *dictdiscardchanges()
     return firsterror(kept, nullptr);
 }
 
-int dictanychanges()
+bool dictanychanges()
 {
     for (uint32_t i = 0; i < ndicts; i++)
-        if (dicts[i].changed) return 1;
-    return 0;
+        if (dicts[i].changed) return true;
+    return false;
 }
 
 const char *wordtext(wordref ref)

@@ -73,7 +73,7 @@ int32_t dictnamefind(const char *name); // ignoring case; -1 if there is none
 // that isn't loaded is forgotten for it, and numbers move.
 int32_t dictknow(const char *name);
 
-int dictinset(uint32_t number);
+bool dictinset(uint32_t number);
 
 // Puts a number into dictset, once more if it is there. Error 519 when the
 // list is full.
@@ -120,7 +120,7 @@ errorblock *dictdefault();
 // The set, as the document's file holds it: names of up to 11 letters, which
 // end with an empty one. Loading is dictsetclear, dictsetread, dictsetload.
 void dictsetclear();                // nothing is unloaded yet
-int dictsetread(bfile *file);       // 1 when the stream ended early
+bool dictsetread(bfile *file);       // true when the stream ended early
 uint32_t dictsetwrite(bfile *file); // 1 when it could not be written
 errorblock *dictsetload();          // always 0
 
@@ -129,4 +129,4 @@ errorblock *dictsetload();          // always 0
 // stay changed; the first load's.
 errorblock *dictsavechanges();
 errorblock *dictdiscardchanges();
-int dictanychanges();
+bool dictanychanges();

@@ -23,18 +23,18 @@ void namedadd(const char *name)
 
 } // namespace
 
-int dictsetread(bfile *file)
+bool dictsetread(bfile *file)
 {
     char name[NAMESIZE];
     dictset.count = 0;
     for (;;) {
-        if (breadall(file, name, NAMESIZE)) return 1;
+        if (breadall(file, name, NAMESIZE)) return true;
         if (!name[0]) break;
         namedadd(name);
     }
     for (uint32_t i = 0; i < ndicts; i++)
         dictdrop(i);
-    return 0;
+    return false;
 }
 
 uint32_t dictsetwrite(bfile *file)

@@ -5,27 +5,27 @@
 namespace
 {
 
-int wordends(wordfeed *feed)
+bool wordends(wordfeed *feed)
 {
     feed->word[feed->length] = 0;
     feed->length = 0;
-    return 1;
+    return true;
 }
 
 } // namespace
 
-int wordfeedbyte(wordfeed *feed, int32_t byte)
+bool wordfeedbyte(wordfeed *feed, int32_t byte)
 {
     if (!feed->length) {
         if (byte > 32) feed->word[feed->length++] = static_cast<char>(byte);
-        return 0;
+        return false;
     }
     if (byte < 32) return wordends(feed);
     uint8_t ch = static_cast<uint8_t>(byte);
-    if (!asciiletter(ch)) return 0;
+    if (!asciiletter(ch)) return false;
     if (feed->length == WORDLENGTH)
         feed->length = 0; // the 32nd letter
     else
         feed->word[feed->length++] = static_cast<char>(asciilower(ch));
-    return 0;
+    return false;
 }

@@ -20,4 +20,4 @@ constexpr int32_t FEEDEND = -1; // in place of a byte: the text is over
 
 // Takes the next byte, 0 to 255, or FEEDEND. 1 when it ended a word, which
 // stands in feed->word until the next call.
-int wordfeedbyte(wordfeed *feed, int32_t byte);
+bool wordfeedbyte(wordfeed *feed, int32_t byte);

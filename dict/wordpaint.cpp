@@ -63,7 +63,7 @@ void rowspaint(const wordview *view, const redrawrecord &r)
     int32_t row = std::max(-r.cy1 / wordmetrics.rowheight, 0);
     place.top = ROWUP - row * wordmetrics.rowheight;
     place.width = std::max(r.x1 - r.x0, wordmetrics.listwidth);
-    int more = dictseek(static_cast<uint32_t>(row), view->wordrows, &cursor);
+    bool more = dictseek(static_cast<uint32_t>(row), view->wordrows, &cursor);
     while (more && place.top > r.cy0) {
         rowpaint(view, cursor, place);
         place.top -= wordmetrics.rowheight;

@@ -192,7 +192,7 @@ errorblock *caretrow(const wordview *view, int32_t *row)
     return nullptr;
 }
 
-errorblock *viewfocus(window pane, intptr_t, int gained)
+errorblock *viewfocus(window pane, intptr_t, bool gained)
 {
     wordview *view = wordviewof(pane);
     int32_t row = view->rowcaret;

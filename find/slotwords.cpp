@@ -46,7 +46,7 @@ errorblock *listmake(keptlist *list, const Dictionary *dict, int32_t length)
     dictcursor cursor;
     slotword row;
     errorblock *err = flex_chunk(&list->block, 0, LISTCHUNK);
-    for (int more = dictseek(0, dict, &cursor); more && !err; more = dictnext(dict, &cursor))
+    for (bool more = dictseek(0, dict, &cursor); more && !err; more = dictnext(dict, &cursor))
         if (rowmake(cursor, length, &row)) err = listadd(list, row);
     return err;
 }

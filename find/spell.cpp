@@ -11,7 +11,7 @@ namespace
 {
 
 // A word longer than the buffers hold is known to nobody.
-int unknown(const char *word)
+bool unknown(const char *word)
 {
     return strlen(word) > static_cast<size_t>(WORDLENGTH) || !wordindicts(word);
 }
@@ -23,16 +23,16 @@ void checkstart()
     spell.wordcounter = 0;
 }
 
-int checkwalk()
+bool checkwalk()
 {
     char word[GRIDSTRIDE];
     while (gridword(word, spell.wordcounter++)) {
         if (strchr(word, ' ') || !unknown(word)) continue;
         strcopyn(spell.checkword, word, WORDSIZE);
         guessmake(word);
-        return 1;
+        return true;
     }
-    return 0;
+    return false;
 }
 
 void spellend()

@@ -28,7 +28,7 @@ void checkstart();
 // Goes on to the next word that no dictionary in use holds: 1 with its text in
 // spell.checkword and its suggestions made, 0 at the end. A word with a blank
 // cell is passed over.
-int checkwalk();
+bool checkwalk();
 
 // Fills spell.guessstore with words like this one; a word of over 31 letters
 // has none. Short memory leaves what could be stored.

@@ -34,7 +34,7 @@ errorblock *browseswitch();
 errorblock *addpressed();
 errorblock *nextpressed();
 errorblock *closepressed();
-errorblock *addmessage(const systemmessage *message, intptr_t, int *stop, intptr_t *);
+errorblock *addmessage(const systemmessage *message, intptr_t, bool *stop, intptr_t *);
 
 // A search walks the dictionaries and writes into the grid: what would disturb it, or
 // be led astray, waits until it has stopped.
@@ -267,11 +267,11 @@ errorblock *addthennext(intptr_t)
 }
 
 // The system's buttons answer the left button alone. Fast presses come in pairs.
-errorblock *addmessage(const systemmessage *message, intptr_t, int *stop, intptr_t *)
+errorblock *addmessage(const systemmessage *message, intptr_t, bool *stop, intptr_t *)
 {
     if (message->message != SYSTEMRIGHTDOWN && message->message != SYSTEMRIGHTDOUBLE)
         return nullptr;
-    *stop = 1;
+    *stop = true;
     reporterror(dictwhenidle(addthennext, 0));
     return nullptr;
 }

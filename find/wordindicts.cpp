@@ -2,12 +2,12 @@
 
 #include "dict/dictset.h"
 
-int wordindicts(const char *word)
+bool wordindicts(const char *word)
 {
     dictcursor cursor;
     for (uint32_t i = 0; i < dictset.count; i++) {
         uint32_t flags = fastfind;
-        if (dictfind(word, &dicts[dictset.numbers[i]].dict, &cursor, &flags)) return 1;
+        if (dictfind(word, &dicts[dictset.numbers[i]].dict, &cursor, &flags)) return true;
     }
-    return 0;
+    return false;
 }

@@ -3,4 +3,4 @@
 
 // 1 if any dictionary in use holds the word. Case and spaces are ignored, so a
 // phrase is known by its letters; dictfound has the stored form.
-int wordindicts(const char *word);
+bool wordindicts(const char *word);

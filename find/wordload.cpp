@@ -6,10 +6,10 @@
 #include "find/solutions.h"
 #include "find/wsmake.h"
 
-int wordload(const char *path)
+bool wordload(const char *path)
 {
     wordsource text;
-    if (wordsourceopen(path, &text)) return 0;
+    if (wordsourceopen(path, &text)) return false;
     wsdeselect();
     solclearplaces();
     solreset();
@@ -23,5 +23,5 @@ int wordload(const char *path)
     }
     wordsourceclose(&text, nullptr);
     solutionsrefresh();
-    return 1;
+    return true;
 }

@@ -4,4 +4,4 @@
 // Empties the list and fills it with the file's words, unplaced, by the rule
 // of dict/wordfeed.h; doubles stay. 1, or 0 if the file would not open, with
 // the list as it was. No error is told of.
-int wordload(const char *path);
+bool wordload(const char *path);

@@ -181,7 +181,7 @@ uint32_t randomposition;
 } // namespace
 
 // Short memory ends it as the user's Stop does: what is placed stays.
-int wsplace(int32_t i)
+bool wsplace(int32_t i)
 {
     flexptr attempts = nullptr;
     errorblock *err = nullptr;

@@ -35,7 +35,7 @@ errorblock *wsnewrun(intptr_t);
 // Places word i of the list and all later ones. 1 when all stand, or when the
 // user stopped it, with what is placed kept; 0 when there is no place, with
 // the grid as it was. POLLS: once for each attempt at a word.
-int wsplace(int32_t i);
+bool wsplace(int32_t i);
 
 // Random words, round-robin over the dictionaries in use from the second on.
 void dictrandomreset();

@@ -23,7 +23,7 @@ void paletteselect(intptr_t dc);
 void paletteidentity(intptr_t dc);
 
 // The system asks the window for its palette; changed gets 1.
-void paletterealise(intptr_t window, int32_t *changed);
+void paletterealise(intptr_t window, bool *changed);
 // Another window changed the device palette; data is the message's.
 void palettechanged(intptr_t window, intptr_t other, intptr_t data);
 // The display changed.

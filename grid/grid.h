@@ -126,7 +126,7 @@ void gridvisitreset();
 
 // The grid's word n, from 0: 1 and its text, or 0. buffer holds GRIDSTRIDE
 // bytes. Blank cells stand as spaces. Each call scans afresh.
-int gridword(char *buffer, int32_t n);
+bool gridword(char *buffer, int32_t n);
 
 // The changed area of a word selection, one rectangle that grows to hold each
 // placed word it is given.

@@ -79,7 +79,7 @@ errorblock *gridopened(const char *path, int32_t filetype)
     return nullptr;
 }
 
-int gridaccepts(int32_t filetype)
+bool gridaccepts(int32_t filetype)
 {
     return filetype == FILETYPEGRID || (filetype == FILETYPETEXT && grid.kind == GRIDWORDSQUARE);
 }

@@ -50,4 +50,4 @@ errorblock *gridloaddefault();
 errorblock *gridopened(const char *path, int32_t filetype);
 
 // Whether a window may be handed a file: a grid always, a text as a word list.
-int gridaccepts(int32_t filetype);
+bool gridaccepts(int32_t filetype);

@@ -54,7 +54,7 @@ void gridvisitreset()
 
 // Every word before the one asked for is walked again on each call: the text
 // stays one grid's, whatever was edited between two calls.
-int gridword(char *buffer, int32_t n)
+bool gridword(char *buffer, int32_t n)
 {
     gridvisitreset();
     for (int32_t y = 0; y < grid.height; y++)
@@ -62,7 +62,7 @@ int gridword(char *buffer, int32_t n)
             for (const way &way : WAYS) {
                 if (!wordstarts(x, y, way)) continue;
                 wordtake(x, y, way, buffer);
-                if (n-- == 0) return 1;
+                if (n-- == 0) return true;
             }
-    return 0;
+    return false;
 }

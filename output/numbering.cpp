@@ -38,20 +38,20 @@ void numberingstart(numberedcell *cell)
     *cell = {.x = -1, .y = 0, .number = 0, .across = 0, .down = 0};
 }
 
-int numberingnext(numberedcell *cell)
+bool numberingnext(numberedcell *cell)
 {
     for (;;) {
         if (++cell->x >= grid.width) {
             cell->x = 0;
             cell->y++;
         }
-        if (cell->y >= grid.height) return 0;
+        if (cell->y >= grid.height) return false;
         int32_t x = cell->x, y = cell->y;
         if ((grid.flags[x][y] & CELLKIND) == CELLBLOCK) continue;
         if (!startsacross(x, y) && !startsdown(x, y)) continue;
         cell->number++;
         cell->across = claim(x, y, 1, 0, VISITEDACROSS, BARLEFT);
         cell->down = claim(x, y, 0, 1, VISITEDDOWN, BARTOP);
-        return 1;
+        return true;
     }
 }

@@ -21,4 +21,4 @@ struct numberedcell {
 void numberingstart(numberedcell *cell);
 
 // The next numbered cell: 1, or 0 at the end.
-int numberingnext(numberedcell *cell);
+bool numberingnext(numberedcell *cell);

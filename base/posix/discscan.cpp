@@ -89,11 +89,11 @@ scanrecord *record(filehandle handle)
 } // namespace
 
 errorblock *platformscanstart(const char *path, platforminfo *info, char *name, int32_t size,
-                              filehandle *handle, int32_t *done)
+                              filehandle *handle, bool *done)
 {
     char system[SYSTEMPATHSIZE], pattern[PATHSIZE];
     *handle = 0;
-    *done = 0;
+    *done = false;
     if (!systempath(path, system)) return syserr("FindFirstFile", "%s", path);
     char *slash = strrchr(system, '/');
     char *leaf = slash ? slash + 1 : system;
@@ -114,10 +114,10 @@ errorblock *platformscanstart(const char *path, platforminfo *info, char *name, 
 
 // A name that has gone since is passed over.
 errorblock *platformscannext(filehandle handle, platforminfo *info, char *name, int32_t size,
-                             int32_t *done)
+                             bool *done)
 {
     scanrecord *scan = record(handle);
-    *done = 0;
+    *done = false;
     while (scan->next < scan->names.size()) {
         const std::string &leaf = scan->names[scan->next++];
         char system[SYSTEMPATHSIZE];
@@ -126,7 +126,7 @@ errorblock *platformscannext(filehandle handle, platforminfo *info, char *name, 
         std::snprintf(name, static_cast<size_t>(size), "%s", leaf.c_str());
         return nullptr;
     }
-    *done = 1;
+    *done = true;
     return nullptr;
 }
 

@@ -87,7 +87,7 @@ errorblock *platformreplace(const char *from, const char *to)
 }
 
 errorblock *platformscanstart(const char *path, platforminfo *info, char *name, int32_t size,
-                              filehandle *handle, int32_t *done)
+                              filehandle *handle, bool *done)
 {
     WIN32_FIND_DATAA data;
     HANDLE scan = FindFirstFileA(path, &data);
@@ -101,7 +101,7 @@ errorblock *platformscanstart(const char *path, platforminfo *info, char *name, 
 }
 
 errorblock *platformscannext(filehandle handle, platforminfo *info, char *name, int32_t size,
-                             int32_t *done)
+                             bool *done)
 {
     WIN32_FIND_DATAA data;
     BOOL found = FindNextFileA(reinterpret_cast<HANDLE>(handle), &data);

@@ -35,7 +35,7 @@ errorblock *selecticon(window w, int32_t icon)
     return err;
 }
 
-errorblock *focusnext(window w, window from, int back)
+errorblock *focusnext(window w, window from, bool back)
 {
     HWND control = GetNextDlgTabItem(systemwindow(w), systemwindow(from), back);
     if (!control) return nullptr;

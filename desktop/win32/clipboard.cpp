@@ -15,7 +15,7 @@
 
 clipboardservice clipboard;
 
-static errorblock *quit(intptr_t *, int *)
+static errorblock *quit(intptr_t *, bool *)
 {
     return clipboardend();
 }
@@ -163,7 +163,7 @@ errorblock *clipboardoffer(const int32_t *formats, cliprenderfunction render,
     return err;
 }
 
-int clipboardowned()
+bool clipboardowned()
 {
     return clipboard.hidden && clipboard.offered && GetClipboardOwner() == clipboard.hidden;
 }

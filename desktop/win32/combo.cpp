@@ -48,7 +48,7 @@ constexpr boxkind KIND<listrecord> = {.texts = {LB_GETTEXTLEN, LB_GETTEXT},
                                       .events = {{LBN_DBLCLK, 1}, {LBN_SELCHANGE, 2}}};
 
 template<typename Record>
-errorblock *boxfilter(const systemmessage *message, intptr_t data, int *stop, intptr_t *result,
+errorblock *boxfilter(const systemmessage *message, intptr_t data, bool *stop, intptr_t *result,
                       int *kind)
 {
     Record record = *reinterpret_cast<Record *>(data); // the callback may end it
@@ -56,7 +56,7 @@ errorblock *boxfilter(const systemmessage *message, intptr_t data, int *stop, in
     int32_t icon = static_cast<int32_t>(record.icon);
     int32_t code = rowcommand(message, icon);
     if (code != -1 || rowmessage(message, icon, box.texts)) {
-        *stop = 1;
+        *stop = true;
         *result = *kind = code == -1; // a drawing message is answered by 1
     }
     for (const auto &row : box.events) {

@@ -159,7 +159,7 @@ errorblock *boxask(window parent, const char *text)
 
 } // namespace
 
-void setconfirm(int on)
+void setconfirm(bool on)
 {
     question.quiet = !on;
 }

@@ -26,7 +26,7 @@ static bool textchanged(window self, int32_t icon)
     return true;
 }
 
-static bool textfocused(window self, int32_t icon, int gained)
+static bool textfocused(window self, int32_t icon, bool gained)
 {
     dispatchall(EVENTTEXTFOCUS, self, [&](const block &b) {
         return handlerof<textfocusfunction>(b)(self, icon, gained, b.data);

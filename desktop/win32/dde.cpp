@@ -20,7 +20,7 @@ static unsigned number(window w)
     return static_cast<unsigned>(w);
 }
 
-static errorblock *quit(intptr_t *, int *)
+static errorblock *quit(intptr_t *, bool *)
 {
     return ddeend();
 }

@@ -45,7 +45,7 @@ errorblock *dialogend(const dialogrecord &record)
 }
 
 // The call tells what the state was, not whether it worked.
-errorblock *enablewindow(window w, int on)
+errorblock *enablewindow(window w, bool on)
 {
     if (w) EnableWindow(systemwindow(w), on);
     return nullptr;

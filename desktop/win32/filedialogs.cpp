@@ -117,7 +117,7 @@ errorblock *savefile(char *path, int32_t size, int32_t type, savehandler handler
 static errorblock *loadgive(const char *path, loadhandler handler, intptr_t data)
 {
     if (handler) return handler(path, filetypeof(path), data, 0);
-    int handled = 0; // a type that nobody loads is no error
+    bool handled = false; // a type that nobody loads is no error
     return loadfile(path, 0, &handled);
 }
 

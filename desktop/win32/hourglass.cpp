@@ -43,7 +43,7 @@ void hourglassoff()
     if (hourglass.count == 0) SetCursor(hourglass.arrow);
 }
 
-int hourglasshelp(int on)
+int hourglasshelp(bool on)
 {
     int old = hourglass.helping;
     hourglass.helping = on;

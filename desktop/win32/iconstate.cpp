@@ -8,7 +8,7 @@
 #include "graphics/modeinfo.h"
 #include "graphics/win32/windowhandle.h"
 
-errorblock *seticonselected(window w, int32_t icon, int on)
+errorblock *seticonselected(window w, int32_t icon, bool on)
 {
     HWND control;
     errorblock *err = iconhandle(w, icon, &control);
@@ -16,7 +16,7 @@ errorblock *seticonselected(window w, int32_t icon, int on)
     return err;
 }
 
-errorblock *iconselected(window w, int32_t icon, int *on)
+errorblock *iconselected(window w, int32_t icon, bool *on)
 {
     HWND control;
     errorblock *err = iconhandle(w, icon, &control);
@@ -35,7 +35,7 @@ errorblock *unshadeicon(window w, int32_t icon)
 }
 
 // The call tells what the state was, not whether it worked.
-errorblock *seticonshaded(window w, int32_t icon, int on)
+errorblock *seticonshaded(window w, int32_t icon, bool on)
 {
     HWND control;
     errorblock *err = iconhandle(w, icon, &control);
@@ -62,7 +62,7 @@ errorblock *redrawicon(window w, int32_t icon)
 errorblock *seticonstate(window w, int32_t icon, uint32_t eor, uint32_t clear)
 {
     HWND control;
-    int selected = 0;
+    bool selected = false;
     uint32_t named = eor | clear;
     errorblock *err = iconhandle(w, icon, &control);
     if (!err) err = iconselected(w, icon, &selected);

@@ -84,7 +84,7 @@ reply keymessage(const taskmessage &m)
 reply appcommandmessage(const taskmessage &m)
 {
     trace("app command");
-    int claimed = 0;
+    bool claimed = false;
     dispatchfirst(EVENTAPPCOMMAND, m.self, [&](const block &b) {
         return handlerof<appcommandfunction>(b)(
             m.self, b.data, static_cast<window>(m.wparam), GET_APPCOMMAND_LPARAM(m.lparam),

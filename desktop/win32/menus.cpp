@@ -139,7 +139,7 @@ errorblock *popupmenu(window w, int32_t tag)
                : syserr("TrackPopupMenu");
 }
 
-errorblock *tickmenu(int32_t tag, int32_t id, int on)
+errorblock *tickmenu(int32_t tag, int32_t id, bool on)
 {
     const menurow *row = menufind(tag);
     if (row && row->menu)
@@ -147,7 +147,7 @@ errorblock *tickmenu(int32_t tag, int32_t id, int on)
     return nullptr;
 }
 
-errorblock *shademenu(int32_t tag, int32_t id, int enabled)
+errorblock *shademenu(int32_t tag, int32_t id, bool enabled)
 {
     const menurow *row = menufind(tag);
     if (row && row->menu)
@@ -165,9 +165,9 @@ static bool hastext(HMENU menu, int32_t position, const char *text)
     return GetMenuStringA(menu, at, now, sizeof now, MF_BYPOSITION) == length && !strcmp(now, text);
 }
 
-errorblock *menutext(int32_t tag, int32_t position, const char *text, int *changed)
+errorblock *menutext(int32_t tag, int32_t position, const char *text, bool *changed)
 {
-    if (changed) *changed = 0;
+    if (changed) *changed = false;
     const menurow *row = wanted(tag);
     if (!row) return nullptr;
     int32_t at = menutosystem(row->hidden, position);
@@ -179,7 +179,7 @@ errorblock *menutext(int32_t tag, int32_t position, const char *text, int *chang
     info.dwTypeData = const_cast<char *>(text);
     if (!SetMenuItemInfoA(handle(row->menu), static_cast<UINT>(at), TRUE, &info))
         return syserr("SetMenuItemInfo");
-    if (changed) *changed = 1;
+    if (changed) *changed = true;
     barchanged(row);
     return nullptr;
 }

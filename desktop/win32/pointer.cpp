@@ -112,9 +112,9 @@ reply mousecursor(const taskmessage &m)
     if (LOWORD(m.lparam) != HTCLIENT) return REPLYDEFAULT;
     mouserecord mouse;
     reporterror(getpointer(&mouse));
-    int any = 0;
+    bool any = false;
     dispatchall(EVENTPOINTER, m.self, [&](const block &b) {
-        int handled = 0;
+        bool handled = false;
         errorblock *err = handlerof<pointerfunction>(b)(m.self, b.data, &mouse, &handled);
         any |= handled;
         return err;

@@ -102,7 +102,7 @@ reply palettelost(const taskmessage &m)
 
 reply palettewanted(const taskmessage &m)
 {
-    int32_t changed = 0;
+    bool changed = false;
     paletterealise(m.self, &changed);
     return replyvalue(changed);
 }

@@ -17,9 +17,6 @@
 namespace
 {
 
-// Values of more.
-constexpr int NOTHING = 0, PAINTING = 1, UPDATING = 2;
-
 HDC contextof(const redrawrecord *r)
 {
     return reinterpret_cast<HDC>(r->drawing->dc);
@@ -113,7 +110,7 @@ bool updateclip(redrawrecord *r, const pixelbox &box)
 }
 
 // What has begun is ended, whatever the painter says.
-errorblock *partspaint(redrawrecord *r, int more, redrawpainter painter, intptr_t data)
+errorblock *partspaint(redrawrecord *r, bool more, redrawpainter painter, intptr_t data)
 {
     errorblock *err = nullptr;
     while (!err && more) {
@@ -127,10 +124,10 @@ errorblock *partspaint(redrawrecord *r, int more, redrawpainter painter, intptr_
 } // namespace
 
 // A paint that can't begin is given up: the system would ask for it for ever.
-errorblock *redrawin(redrawrecord *r, int *more)
+errorblock *redrawin(redrawrecord *r, bool *more)
 {
     checkhandle(r->self, "wimp redraw in");
-    *more = NOTHING;
+    *more = false;
     HWND self = systemwindow(r->self);
     if (!GetUpdateRect(self, nullptr, FALSE)) return nullptr;
     errorblock *err = surfacenew(&r->drawing);
@@ -144,19 +141,18 @@ errorblock *redrawin(redrawrecord *r, int *more)
         surfacefree(r->drawing);
         return err;
     }
-    *more = PAINTING;
+    *more = true;
     return nullptr;
 }
 
 // A drag's box lies over all that is painted.
-errorblock *redrawnext(redrawrecord *r, int *more)
+errorblock *redrawnext(redrawrecord *r, bool *more)
 {
-    if (*more == NOTHING) return nullptr;
-    int was = *more;
-    *more = NOTHING;
+    if (!*more) return nullptr;
+    *more = false;
     surfacerelease(r->drawing);
     dragboxredraw(r->self, r->drawing->dc, true);
-    if (was == PAINTING)
+    if (r->drawing->paint.dc) // the system's paint, not an update of ours
         EndPaint(systemwindow(r->self), reinterpret_cast<PAINTSTRUCT *>(&r->drawing->paint));
     else
         ReleaseDC(systemwindow(r->self), contextof(r));
@@ -164,10 +160,10 @@ errorblock *redrawnext(redrawrecord *r, int *more)
     return nullptr;
 }
 
-errorblock *updatewindow(redrawrecord *r, int *more)
+errorblock *updatewindow(redrawrecord *r, bool *more)
 {
     checkhandle(r->self, "update");
-    *more = NOTHING;
+    *more = false;
     osbox area = {r->x0, r->y0, r->x1, r->y1};
     errorblock *err = viewread(r);
     if (!err) err = surfacenew(&r->drawing);
@@ -182,7 +178,7 @@ errorblock *updatewindow(redrawrecord *r, int *more)
         return nullptr;
     }
     dragboxredraw(r->self, r->drawing->dc, false);
-    *more = UPDATING;
+    *more = true;
     return nullptr;
 }
 
@@ -190,7 +186,7 @@ errorblock *redrawwith(window self, redrawpainter painter, intptr_t data)
 {
     redrawrecord r = {};
     r.self = self;
-    int more;
+    bool more;
     errorblock *err = redrawin(&r, &more);
     return err ? err : partspaint(&r, more, painter, data);
 }
@@ -204,7 +200,7 @@ errorblock *updatewith(window self, int32_t x0, int32_t y0, int32_t x1, int32_t 
     r.y0 = y0;
     r.x1 = x1;
     r.y1 = y1;
-    int more;
+    bool more;
     errorblock *err = updatewindow(&r, &more);
     return err ? err : partspaint(&r, more, painter, data);
 }

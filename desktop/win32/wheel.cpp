@@ -12,7 +12,7 @@ static HWND walked;
 
 static bool handlertakes(const taskmessage &m, bool horizontal)
 {
-    int claimed = 0;
+    bool claimed = false;
     dispatchfirst(EVENTWHEEL, m.self, [&](const block &b) {
         return handlerof<wheelfunction>(b)(m.self, b.data, GET_WHEEL_DELTA_WPARAM(m.wparam),
                                            GET_KEYSTATE_WPARAM(m.wparam), horizontal, &claimed);

@@ -51,7 +51,7 @@ reply windowmoved(const taskmessage &m)
 {
     LRESULT result = systemreply(m);
     if (!sourceisours(m.self)) return replyvalue(result);
-    int busy = 0;
+    bool busy = false;
     reporterror(rescroll(m.self, &busy));
     if (!busy) opened(m);
     return replyvalue(result);

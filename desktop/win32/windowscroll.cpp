@@ -279,12 +279,12 @@ static errorblock *follow(window w, int32_t *x, int32_t *y)
     return err;
 }
 
-errorblock *rescroll(window w, int *busy)
+errorblock *rescroll(window w, bool *busy)
 {
-    *busy = 0;
+    *busy = false;
     if (following.self == w) {
         following.rounds++;
-        *busy = 1;
+        *busy = true;
         return nullptr;
     }
     auto outer = following;

@@ -120,11 +120,11 @@ static void reread(intptr_t window, bool realise)
     ReleaseDC(w, dc);
 }
 
-void paletterealise(intptr_t window, int32_t *changed)
+void paletterealise(intptr_t window, bool *changed)
 {
     if (modeinfo.bpp > 8) return;
     reread(window, true);
-    *changed = 1;
+    *changed = true;
 }
 
 void palettechanged(intptr_t window, intptr_t other, intptr_t)

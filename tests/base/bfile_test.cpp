@@ -248,7 +248,8 @@ TEST_CASE("a stream and blocks read from a transfer or a file, and write to it")
 {
     scratch place;
     std::string bytes = pattern(5000), path = place.path("f");
-    int32_t size, count, done;
+    int32_t size, count;
+    bool done;
     char data[700];
     CHECK(!saveblock(path.c_str(), 0xFFF, "hello", 5));
     CHECK(!loadblockopen(path.c_str(), &size));

@@ -21,7 +21,7 @@ std::string scanned(const scratch &place, const char *pattern)
 {
     std::string names;
     fileinfo info;
-    int32_t done = 0;
+    bool done = false;
     while (!findnext(place.folder.c_str(), &info, pattern, &done) && !done)
         names += info.name + std::string(" ");
     CHECK(done == 1);
@@ -215,7 +215,7 @@ TEST_CASE("a scan gives names sorted without case, and only those that match")
     CHECK(scanned(place, "*.*") == scanned(place, "*"));
 
     fileinfo info;
-    int32_t done;
+    bool done;
     CHECK(!findnext(place.path("b.dic").c_str(), &info, nullptr, &done));
     CHECK(std::string(info.name) == "b.dic");
     CHECK(!findclose());

@@ -112,7 +112,7 @@ void hourglassoff()
     fake.log.push_back("idle");
 }
 
-int hourglasshelp(int on)
+int hourglasshelp(bool on)
 {
     fake.log.push_back("cursor " + std::to_string(on));
     return 0;

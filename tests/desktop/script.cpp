@@ -100,7 +100,7 @@ template<literal kind, typename... types> errorblock *hears(types... given)
 }
 
 // Of a file to print, its name and the printer's.
-errorblock *printed(intptr_t *record, int *)
+errorblock *printed(intptr_t *record, bool *)
 {
     auto *name = reinterpret_cast<const char *>(record[11]);
     auto *printer = reinterpret_cast<const char *>(record[12]);
@@ -171,7 +171,7 @@ void windowslist()
 
 void fileload(const std::string &name, intptr_t flag)
 {
-    int handled = 0;
+    bool handled = false;
     noteerror(loadfile(name.c_str(), flag, &handled));
     if (!handled) note("nobody");
 }
@@ -185,7 +185,7 @@ void subclassrun(const systemmessage &message)
 
 void keysforward(const systemmessage &message)
 {
-    int stop = 0;
+    bool stop = false;
     intptr_t result;
     subclasskeys(&message, 0, &stop, &result);
     note("stop", {stop});

@@ -25,7 +25,7 @@ wordlist storewords(const Dictionary &dict)
 {
     wordlist words;
     dictcursor cursor;
-    for (int more = dictseek(0, &dict, &cursor); more; more = dictnext(&dict, &cursor))
+    for (bool more = dictseek(0, &dict, &cursor); more; more = dictnext(&dict, &cursor))
         words.push_back(cursor.word);
     return words;
 }

@@ -18,7 +18,7 @@ void testdict(const wordlist &words)
     record->loaded = 1;
     REQUIRE_FALSE(dictsetadd(ndicts++));
     dictcursor cursor;
-    int more = dictseek(0, &record->dict, &cursor);
+    bool more = dictseek(0, &record->dict, &cursor);
     for (; more; more = dictnext(&record->dict, &cursor)) {
         plain.words.push_back(cursor.word);
         plain.lowers.push_back(lower(plain.words.back()));

@@ -68,7 +68,7 @@ void checkstore(const session &run)
     FUZZCHECK(!dictverify(&run.dict, fault, sizeof fault));
     FUZZCHECK(dictcount(&run.dict) == run.model.size());
     dictcursor cursor;
-    int more = dictseek(0, &run.dict, &cursor);
+    bool more = dictseek(0, &run.dict, &cursor);
     for (const auto &[key, word] : run.model) {
         FUZZCHECK(more && word == cursor.word);
         more = dictnext(&run.dict, &cursor);

@@ -35,7 +35,7 @@ void checkwords(const Dictionary *dict)
     char fault[128];
     FUZZCHECK(!dictverify(dict, fault, sizeof fault));
     dictcursor cursor;
-    for (int more = dictseek(0, dict, &cursor); more; more = dictnext(dict, &cursor)) {
+    for (bool more = dictseek(0, dict, &cursor); more; more = dictnext(dict, &cursor)) {
         size_t length = std::strlen(cursor.word);
         FUZZCHECK(length >= 1 && length <= static_cast<size_t>(WORDLENGTH));
         FUZZCHECK(static_cast<uint8_t>(cursor.word[0]) > 32);

@@ -295,7 +295,7 @@ std::string ticked(int32_t control, const std::string &)
 {
     window w = ownerof(control);
     return ask([&] {
-        int on = 0;
+        bool on = false;
         return w && !iconselected(w, control, &on) ? yes(on) : "no control";
     });
 }

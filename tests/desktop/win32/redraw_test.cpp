@@ -28,9 +28,9 @@ redrawrecord last; // of the last paint
 int paints;
 
 // Fills the clip, part by part.
-errorblock *paint(redrawrecord *r, errorblock *(*begin)(redrawrecord *, int *))
+errorblock *paint(redrawrecord *r, errorblock *(*begin)(redrawrecord *, bool *))
 {
-    int more;
+    bool more;
     errorblock *err = begin(r, &more);
     while (!err && more) {
         CHECK(currentsurface == r->drawing);
@@ -131,7 +131,7 @@ TEST_CASE("a redraw paints its rectangle and no more; the record tells view and 
     // Without memory a paint is given up, and not asked for again.
     redrawrecord r = {};
     r.self = p.w;
-    int more = 7;
+    bool more = true;
     CHECK((!redrawin(&r, &more) && more == 0)); // there is nothing to paint
     redrawall(p.w);
     flexfailafter(0);

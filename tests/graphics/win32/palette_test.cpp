@@ -105,7 +105,7 @@ TEST_CASE("a palette device: its two palettes, selected, read again, joined by i
     for (bool first : {true, false}) { // which fills what the system keeps for a window
         std::fill_n(modeinfo.systempalette, PALETTECOLOURS, 0x12345600u);
         modeinfo.desktopcolours[3] = 0x12345600;
-        int32_t changed = 0;
+        bool changed = false;
         paletterealise(f.window(), &changed);
         if (!first) CHECK(changed == 1);
         checkread(f.dc);
@@ -129,7 +129,7 @@ TEST_CASE("a deep device has no palettes, and none of their events")
     if (modeinfo.bpp <= 8) return;
     frame f;
     int before = deviceobjects();
-    int32_t changed = 0;
+    bool changed = false;
     modeinfo.desktopcolours[3] = 0x12345600;
     paletterealise(f.window(), &changed);
     palettechanged(f.window(), 2, 0);
