@@ -48,7 +48,7 @@ constexpr bool isreadonly(const fileinfo &info)
 errorblock *fileinfoget(const char *path, fileinfo *info);
 errorblock *fileinfoexpanded(const char *path, fileinfo *info); // path is expanded already
 errorblock *fileobject(const char *path, int32_t *type);        // always 0; so may path be
-bool fileexists(const char *directory, const char *leaf);        // for an object of any type
+bool fileexists(const char *directory, const char *leaf);       // for an object of any type
 
 // The one of two paths, either of them 0, that is an object of the wanted
 // type; the second goes first. chosen is 0 for neither.

@@ -44,8 +44,7 @@ errorblock *loadblockopen(const char *path, int32_t *size)
     return err;
 }
 
-errorblock *loadblockread(const char *path, void *address, int32_t size, int32_t *count,
-                          bool *done)
+errorblock *loadblockread(const char *path, void *address, int32_t size, int32_t *count, bool *done)
 {
     *count = 0;
     *done = false;

@@ -40,7 +40,7 @@ void setendquery(bool (*stays)());
 bool taskstays(); // the answer to that. MAY POLL: a question may run a loop of its own
 
 const char *taskicon();
-bool taskrunning();      // once the poll runs
+bool taskrunning();     // once the poll runs
 uint32_t taskprocess(); // the system's number of this process
 
 // As before starttask.

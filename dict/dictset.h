@@ -120,7 +120,7 @@ errorblock *dictdefault();
 // The set, as the document's file holds it: names of up to 11 letters, which
 // end with an empty one. Loading is dictsetclear, dictsetread, dictsetload.
 void dictsetclear();                // nothing is unloaded yet
-bool dictsetread(bfile *file);       // true when the stream ended early
+bool dictsetread(bfile *file);      // true when the stream ended early
 uint32_t dictsetwrite(bfile *file); // 1 when it could not be written
 errorblock *dictsetload();          // always 0
 
