@@ -24,25 +24,15 @@ static void callall(int32_t type)
     blockiter_end(&iter);
 }
 
-static void prepoll()
-{
-    polling.nesting--;
-    callall(EVENTPREPOLL);
-}
-
-static void postpoll()
-{
-    polling.nesting++;
-    callall(EVENTPOSTPOLL);
-}
-
 void pollonce()
 {
     bool wait = nullcount() == 0;
-    prepoll();
+    polling.nesting--;
+    callall(EVENTPREPOLL);
     systemmessage message;
     sourcefetched fetched = sourcefetch(wait, &message);
-    postpoll();
+    polling.nesting++;
+    callall(EVENTPOSTPOLL);
 
     switch (fetched) {
     case SOURCEMESSAGE:
@@ -72,11 +62,6 @@ window polltarget(window w)
     return w;
 }
 
-static bool navigated(const systemmessage *message, window target)
-{
-    return target && sourcenavigates(target) && sourcenavigate(target, message);
-}
-
 // A key press for a window itself, and not for a control in it, goes to the key
 // handlers before the navigation can take it.
 static bool keyfirst(const systemmessage *message)
@@ -101,7 +86,7 @@ void deliver(const systemmessage *message, window target)
     // The navigation dispatches what it doesn't use by itself.
     bool outer = polling.haskey; // of a dispatch that this poll is inside of
     polling.haskey = key;
-    if (!navigated(message, target)) {
+    if (!target || !sourcenavigates(target) || !sourcenavigate(target, message)) {
         sourcetranslate(message);
         sourcedispatch(message);
     }

@@ -11,12 +11,6 @@ namespace
 
 constexpr const char *FOLDER = "Default", *EXTENSION = "qmg";
 
-void appearancedefault()
-{
-    gridsetdefaults();
-    gridsquaresize();
-}
-
 } // namespace
 
 errorblock *gridsaveto(const char *path)
@@ -49,10 +43,12 @@ errorblock *gridloaddefault()
     errorblock *err = userfilefind(FOLDER, EXTENSION, path);
     if (err) return err;
     int32_t type;
-    if (fileobject(path, &type) || type != OBJECTFILE || gridload(path))
-        appearancedefault();
-    else
+    if (fileobject(path, &type) || type != OBJECTFILE || gridload(path)) {
+        gridsetdefaults();
+        gridsquaresize();
+    } else {
         gridrememberdefaults();
+    }
     gridkindapply(grid.pendingkind);
     return nullptr;
 }

@@ -29,23 +29,13 @@ struct area {
     int32_t firstx, firsty, lastx, lasty;
 };
 
-int32_t gridright()
-{
-    return grid.width * grid.cellwidth;
-}
-
-int32_t gridbottom()
-{
-    return grid.height * grid.cellheight;
-}
-
 area clipped(const redrawrecord &r)
 {
     area a = {};
     a.left = std::max(r.cx0, 0);
     a.top = std::max(-r.cy1, 0);
-    a.right = std::min(r.cx1, gridright());
-    a.bottom = std::min(-r.cy0, gridbottom());
+    a.right = std::min(r.cx1, grid.width * grid.cellwidth);
+    a.bottom = std::min(-r.cy0, grid.height * grid.cellheight);
     a.firstx = std::max(a.left / grid.cellwidth - 1, 0);
     a.firsty = std::max(a.top / grid.cellheight - 1, 0);
     a.lastx = std::min(a.right / grid.cellwidth + 1, grid.width - 1);
