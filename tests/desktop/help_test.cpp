@@ -20,8 +20,6 @@
 
 #include <doctest/doctest.h>
 
-#include <tuple>
-
 namespace
 {
 
@@ -187,27 +185,13 @@ TEST_CASE("lines of a table give icons of a template their text, the first that 
                               "Confirm,254:Any other\nConfirm,13:Too late\n"
                               "edit,1:One\nInfo,3:Three\n"
                               "edit,0x11:The last, without an end of line";
-    auto add = [&] { return helptableadd(lines.data(), static_cast<int32_t>(lines.size())); };
     const std::string answers = "Answers: yes, or no.", last = "The last, without an end of line";
-    REQUIRE_FALSE(add());
+    REQUIRE_FALSE(helptableadd(lines.data(), static_cast<int32_t>(lines.size())));
     CHECK((shown(101, 0) == answers && shown(101, 11) == answers));
     for (int32_t icon : {-1, 4, 5, 7, 13})
         CHECK(shown(101, icon) == "Any other");
     CHECK((shown(103, -1) == "The program" && shown(103, 3) == "Three" && shown(103, 0) == ""));
     CHECK((shown(170, 1) == "One" && shown(170, 17) == last && shown(100, 1) == ""));
-
-    // Without memory the lines before are there, and nothing is another's.
-    bool failed = true;
-    for (int32_t n = 0; failed; n++) {
-        helptablereset();
-        flexfailafter(n);
-        failed = add();
-        flexfailafter(-1);
-        const std::tuple<window, int32_t, std::string> told[] = {
-            {101, 11, answers}, {103, 3, "Three"}, {170, 1, "One"}};
-        for (const auto &[w, icon, text] : told)
-            CHECK((shown(w, icon) == text || (failed && shown(w, icon) == "")));
-    }
 
     // From a file, or from a resource, which may be missing.
     putfile(scratch("Help.txt"), "Info,8:From a file\n");

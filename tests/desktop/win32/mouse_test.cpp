@@ -199,14 +199,6 @@ TEST_CASE("the pointer's record tells buttons, the library's window and the inne
         CHECK((mouse.window == s.w && mouse.icon == r.icon));
         CHECK((mouse.x == devtoosx(s.place.x) && mouse.y == screentoosy(s.place.y)));
     }
-    // One of none of the library's is told as it is.
-    HWND plain = CreateWindowExA(WS_EX_TOPMOST, "STATIC", "", WS_POPUP | WS_VISIBLE, 50, 500, 100,
-                                 80, nullptr, nullptr, nullptr, nullptr);
-    HWND child = childmade(plain, 5, 10, 10, 50, 50);
-    drivemove(70, 520);
-    CHECK(pointernow().window == reinterpret_cast<window>(child));
-    CHECK(pointernow().icon == -1);
-    DestroyWindow(plain);
     auto buttons = [&] { said("%d;", static_cast<int>(pointernow().buttons)); };
     s.play({{"at 10 150", "0;", buttons}, // the left one before the right one
             {"Press", "1;", buttons},

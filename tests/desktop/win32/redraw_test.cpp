@@ -3,6 +3,7 @@
 
 #include "base/errors.h"
 #include "base/flex.h"
+#include "base/trace.h"
 #include "desktop/handlers.h"
 #include "desktop/windows.h"
 #include "graphics/colours.h"
@@ -200,4 +201,19 @@ TEST_CASE("a window's background is painted by its colour word, and a drag's box
     dragboxend(&result);
     drivepump();
     CHECK(p.count(SEENRED) == 160 * 120);
+}
+
+TEST_CASE("a trace straight on the screen, black on white")
+{
+    HDC screen = GetDC(nullptr);
+    PatBlt(screen, 0, 0, 200, 100, DSTINVERT); // whatever was there is another colour
+    tracescreen(5, "%c %d|", 0xDF, 7);
+    int black = 0, white = 0;
+    for (int x = 0; x < 20; x++)
+        for (int y = 50; y < 62; y++) {
+            black += GetPixel(screen, x, y) == 0;
+            white += GetPixel(screen, x, y) == 0xFFFFFF;
+        }
+    CHECK((black + white == 20 * 12 && black > 20 && white > black));
+    ReleaseDC(nullptr, screen);
 }
