@@ -478,7 +478,7 @@ errorblock *tell(int32_t event, window, intptr_t data, int32_t index, int32_t ze
 // Where the system last had the field of a combo box drawn, in the control.
 RECT fieldbox;
 
-errorblock *notesfield(const systemmessage *message, intptr_t, truth *, intptr_t *, int *)
+errorblock *notesfield(const systemmessage *message, intptr_t, bool *, intptr_t *, int *)
 {
     auto *item = reinterpret_cast<const DRAWITEMSTRUCT *>(message->lparam);
     if (item->itemState & ODS_COMBOBOXEDIT) fieldbox = item->rcItem;

@@ -19,7 +19,7 @@ namespace
 // Selected, shaded, waiting to be painted.
 std::string stateof(window w, int32_t icon)
 {
-    truth on = 0;
+    bool on = 0;
     CHECK_FALSE(iconselected(w, icon, &on));
     HWND control = taskcontrol(w, icon);
     return std::to_string(on) + (IsWindowEnabled(control) ? "0" : "1") +

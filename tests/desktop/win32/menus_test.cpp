@@ -168,7 +168,7 @@ TEST_CASE("texts change under counted positions; menus are made anew and go with
 {
     menuwindow m;
     char text[32];
-    truth changed = 0;
+    bool changed = 0;
     for (bool first : {true, false}) {
         CHECK_FALSE(menutext(LISTS, 2, "&Chess men", &changed));
         CHECK((changed != 0) == first);

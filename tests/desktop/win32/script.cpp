@@ -75,7 +75,7 @@ errorblock *tellkey(window, intptr_t data, int32_t icon, int32_t *code)
     return say("key", data, {icon}, hex);
 }
 
-errorblock *tellpointer(window, intptr_t data, mouserecord *mouse, truth *handled)
+errorblock *tellpointer(window, intptr_t data, mouserecord *mouse, bool *handled)
 {
     *handled = data == letting;
     say("pointer", data, {mouse->icon});
@@ -83,7 +83,7 @@ errorblock *tellpointer(window, intptr_t data, mouserecord *mouse, truth *handle
 }
 
 errorblock *tellhook(window, intptr_t data, window hooked, intptr_t, intptr_t message,
-                     truth *claimed)
+                     bool *claimed)
 {
     if (message == WM_LBUTTONDOWN) say("hook", data, {hooked != 0});
     *claimed = data == letting && (message == WM_LBUTTONDOWN || message == WM_LBUTTONUP);
@@ -91,14 +91,14 @@ errorblock *tellhook(window, intptr_t data, window hooked, intptr_t, intptr_t me
 }
 
 errorblock *telldrop(const char *name, int32_t type, mouserecord *mouse, intptr_t data,
-                     truth *accept)
+                     bool *accept)
 {
     *accept = 1;
     return say("drop", data, {type, mouse->icon, mouse->buttons}, strrchr(name, '\\'));
 }
 
 // Filters and handlers of controls hear of WM_APP alone.
-errorblock *tellfilter(const systemmessage *message, intptr_t data, truth *stop, intptr_t *result,
+errorblock *tellfilter(const systemmessage *message, intptr_t data, bool *stop, intptr_t *result,
                        int *kind)
 {
     if (message->message != WM_APP) return nullptr;
@@ -111,7 +111,7 @@ errorblock *tellfilter(const systemmessage *message, intptr_t data, truth *stop,
 }
 
 // The one with the data 9 takes itself away.
-errorblock *tellsub(const systemmessage *message, intptr_t data, truth *stop, intptr_t *result)
+errorblock *tellsub(const systemmessage *message, intptr_t data, bool *stop, intptr_t *result)
 {
     if (message->message != WM_APP) return nullptr;
     auto around = reinterpret_cast<window>(GetParent(handleof(message->window)));
@@ -185,7 +185,7 @@ const handlerrow HANDLERS[] = {
            return say("redraw", data, {});
        }>("redraw"),
     on<addfocushandler, remfocushandler,
-       +[](window, intptr_t data, truth gained) { return say("focus", data, {gained}); }>("focus"),
+       +[](window, intptr_t data, bool gained) { return say("focus", data, {gained}); }>("focus"),
     on<addactivatehandler, remactivatehandler,
        +[](window, intptr_t data, intptr_t, int32_t how) {
            return say("activate", data, {how != 0});
@@ -193,17 +193,17 @@ const handlerrow HANDLERS[] = {
     on<addtextchangehandler, remtextchangehandler,
        +[](window, int32_t icon, intptr_t data) { return say("text", data, {icon}); }>("text"),
     on<addtextfocushandler, remtextfocushandler,
-       +[](window, int32_t icon, truth gained, intptr_t data) {
+       +[](window, int32_t icon, bool gained, intptr_t data) {
            return say("caret", data, {icon, gained});
        }>("caret"),
     on<addwheelhandler, remwheelhandler,
-       +[](window, intptr_t data, int32_t delta, int32_t, truth horizontal, truth *claimed) {
+       +[](window, intptr_t data, int32_t delta, int32_t, bool horizontal, bool *claimed) {
            *claimed = data == letting;
            return say("wheel", data, {delta, horizontal});
        }>("wheel"),
     on<addappcommandhandler, remappcommandhandler,
        +[](window, intptr_t data, window source, int32_t command, int32_t device, int32_t keys,
-           truth *claimed) {
+           bool *claimed) {
            *claimed = data == letting;
            return say("command", data, {source != 0, command, device, keys});
        }>("command"),

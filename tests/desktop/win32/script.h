@@ -28,10 +28,6 @@ constexpr int32_t FIELD = 10, BUTTON = 11, DRAWN = 12, DISABLED = 13, FIELD2 = 1
 constexpr int32_t ICONFIELD = 30, ICONTICK = 31, ICONBOX = 32, ICONROWS = 33, ICONLIST = 34,
                   ICONARROWS = 35, ICONDIGITS = 36, ICONDRAWN = 37, ICONLABEL = 38, ICONBUTTON = 39;
 
-// The type of the truth values that events tell.
-template<typename R, typename A, typename B, typename C> C thirdof(R (*)(A, B, C));
-using truth = decltype(thirdof(focusfunction{}));
-
 inline HWND handleof(window w)
 {
     return reinterpret_cast<HWND>(w);
