@@ -18,9 +18,12 @@
 #include "grid/gridwindow.h"
 #include "resources/identifiers.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 window mainwindow;
+
+static constexpr int32_t DOTS = 96; // to the inch, of the splitter's width
 
 namespace
 {
@@ -49,13 +52,26 @@ errorblock *paneplace(window pane, const pixelbox &box)
     return openwindowex(&state);
 }
 
-errorblock *panesplace(const windowstaterecord &main)
+// Of the bar, in pixels.
+errorblock *barheight(int32_t *height)
 {
     osbox bar = {};
     errorblock *err = buttonwindow ? windowoutline(buttonwindow, &bar) : nullptr;
+    *height = ostoscreeny(bar.y0) - ostoscreeny(bar.y1);
+    return err;
+}
+
+int32_t splitterwidth()
+{
+    return std::max(SPLITTERWIDTH * modeinfo.xdpi / DOTS, SPLITTERWIDTH);
+}
+
+errorblock *panesplace(const windowstaterecord &main)
+{
+    int32_t height;
+    errorblock *err = barheight(&height);
     if (err) return err;
-    int32_t barheight = ostoscreeny(bar.y0) - ostoscreeny(bar.y1);
-    panelayout panes = layoutpanes(pixels(main), barheight, grid.splitfraction);
+    panelayout panes = layoutpanes(pixels(main), height, grid.splitfraction, splitterwidth());
     err = paneplace(buttonwindow, panes.bar);
     if (!err) err = paneplace(solutionswindow, panes.list);
     if (!err) err = paneplace(gridwindow, panes.grid);
@@ -137,8 +153,23 @@ errorblock *handlersadd()
     return err;
 }
 
+// The size that shows the grid whole, the line at its end among it, and no less than
+// there is. A unit more for what the conversions drop.
+errorblock *sizewhole(windowstaterecord *state)
+{
+    int32_t height;
+    errorblock *err = barheight(&height);
+    if (err) return err;
+    int32_t across = ostodevx(grid.width * grid.cellwidth) + 1;
+    int32_t down = ostodevy(grid.height * grid.cellheight) + 1;
+    int32_t width = layoutwidth(across, grid.splitfraction, splitterwidth());
+    state->x1 = std::max(state->x1, state->x0 + devtoosx(width) + 1);
+    state->y0 = std::min(state->y0, state->y1 - devtoosy(height + down) - 1);
+    return nullptr;
+}
+
 // Opened in the middle of the screen, and once more with the size that the
-// default grid remembers.
+// default grid remembers, or that the grid needs.
 errorblock *mainshow()
 {
     windowstaterecord state;
@@ -147,6 +178,10 @@ errorblock *mainshow()
     if (!err && filewidth && fileheight) {
         state.x1 = state.x0 + filewidth;
         state.y0 = state.y1 - fileheight;
+    } else if (!err) {
+        err = sizewhole(&state);
+    }
+    if (!err) {
         centrestate(&state, 0);
         state.behind = BEHINDTOP;
         err = openinside(&state);

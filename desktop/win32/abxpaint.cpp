@@ -8,6 +8,7 @@
 #include "desktop/win32/abx.h"
 #include "graphics/colours.h"
 #include "graphics/fonts.h"
+#include "graphics/modeinfo.h"
 #include "graphics/spriteplot.h"
 #include "graphics/surface.h"
 #include "graphics/textmeasure.h"
@@ -163,14 +164,19 @@ bool greyed(const walk *w)
     return (w->state & CONTROLDISABLED) && !w->greys;
 }
 
+// Sprites are made for 96 dots to the inch, and drawn as large on every screen.
 void picture(walk *w, char *value)
 {
+    constexpr int32_t DOTS = 96;
     int32_t width, height;
     const sprite *found = w->condition ? spritefind(spritepool, value) : nullptr;
     if (!found || spritesize(found, &width, &height, nullptr)) return;
+    spritefactors factors = {modeinfo.xdpi, modeinfo.ydpi, DOTS, DOTS};
+    width = width * factors.xmul / DOTS;
+    height = height * factors.ymul / DOTS;
     POINT place = pictureplace(w, width, height);
     spriteplotdevice(spritepool, spritenamed(value), greyed(w) ? SPRITEGREYED : 0, place.x,
-                     place.y + height, nullptr, nullptr);
+                     place.y + height, &factors, nullptr);
 }
 
 void icon(walk *w, const char *name, int size)

@@ -129,11 +129,26 @@ void positionwrite(const axis &a, int32_t position, int32_t page)
     SetScrollInfo(systemwindow(a.data->handle), barnumber(a), &info, TRUE);
 }
 
+// Each of two bars may be there only for the room that the other takes: what fits
+// without both is to be seen without.
+void roomwithoutboth(const wdata *d, int32_t *width, int32_t *height)
+{
+    constexpr LONG BOTH = WS_HSCROLL | WS_VSCROLL;
+    if ((GetWindowLongA(systemwindow(d->handle), GWL_STYLE) & BOTH) != BOTH) return;
+    int32_t wide = *width + GetSystemMetrics(SM_CXVSCROLL);
+    int32_t high = *height + GetSystemMetrics(SM_CYHSCROLL);
+    if (ostodevx(d->xmax) - ostodevx(d->xmin) > wide) return;
+    if (ostodevy(-d->ymin) - ostodevy(-d->ymax) > high) return;
+    *width = wide;
+    *height = high;
+}
+
 errorblock *barget(const axis &a, scrollbar *bar)
 {
     int32_t width, height;
     errorblock *err = clientsize(a.data->handle, &width, &height);
     if (err) return err;
+    roomwithoutboth(a.data, &width, &height);
     axisrange range = rangeof(a);
     *bar = {topixels(a, range.minimum), topixels(a, range.maximum), a.vertical ? height : width,
             topixels(a, positionread(a))};

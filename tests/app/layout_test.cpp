@@ -25,6 +25,15 @@ TEST_CASE("the bar is on top, the panes share what is left round a gap of four p
     CHECK(same(panes.grid, {302, 86, 740, 450}));
     panes = layoutpanes({-1001, 0, -1, 10}, 0, 0x8001); // left of the first screen, rounded down
     CHECK((panes.list.right == -1001 + 500 - 2 && panes.grid.left == -1001 + 500 + 2));
+    panes = layoutpanes({100, 50, 740, 450}, 36, 0x5000, 8);
+    CHECK((panes.list.right == 296 && panes.grid.left == 304));
+    for (int32_t wide = 1; wide < 3000; wide += 7) // the area that a pane of the grid needs
+        for (uint32_t fraction : {SPLITMIN, SPLITDEFAULT, SPLITMAX})
+            for (int32_t less : {0, 1}) {
+                int32_t width = layoutwidth(wide, fraction, 8) - less;
+                panes = layoutpanes({0, 0, width, 9}, 0, fraction, 8);
+                CHECK((panes.grid.right - panes.grid.left >= wide) == !less);
+            }
     for (int32_t width = -1; width < 8; width++) // too small: empty panes
         for (int32_t height = -1; height < 8; height++)
             for (uint32_t fraction : {SPLITMIN, SPLITDEFAULT, SPLITMAX}) {

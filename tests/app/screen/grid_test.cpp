@@ -286,6 +286,14 @@ TEST_CASE("the dialog for the size")
     });
 }
 
+TEST_CASE("the first window shows the first grid whole")
+{
+    play({
+        {value, "whole", "yes"}, {resize, "360,320"}, {value, "whole", "no"},
+        {resize, "max"}, {value, "whole", "yes"}, {undrawn, "0"},
+    });
+}
+
 TEST_CASE("the splitter is dragged within its limits, and the panes follow the window")
 {
     play({

@@ -563,6 +563,8 @@ std::string value(int32_t, const std::string &name)
         return grid.splitfraction == SPLITMIN   ? "least"
                : grid.splitfraction == SPLITMAX ? "most"
                                                 : "none";
+    if (name == "whole") // the grid, without bars to scroll it
+        return yes(!(GetWindowLongA(handle(gridwindow), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL)));
     if (name == "roomy") return yes(grid.cellwidth > 90); // than any scale makes a small font's
     if (name == "stopping") return number(search.stopflag);
     if (name == "progress") return yes(progressright(1));

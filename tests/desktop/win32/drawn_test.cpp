@@ -24,6 +24,7 @@
 
 #include <cstring>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 namespace
@@ -190,11 +191,12 @@ spritemade boxsprite()
     return made;
 }
 
-void drawsprite(HDC dc, int left, int top)
+void drawsprite(HDC dc, int left, int top, int times = 1)
 {
-    for (int y = 0; y < 4; y++)
-        for (int x = 0; x < 6; x++) {
-            auto rgb = static_cast<uint32_t>(spritecolourat(boxsprite(), x, y, false));
+    for (int y = 0; y < 4 * times; y++)
+        for (int x = 0; x < 6 * times; x++) {
+            auto rgb =
+                static_cast<uint32_t>(spritecolourat(boxsprite(), x / times, y / times, false));
             SetPixelV(dc, left + x, top + y, RGB(rgb >> 16 & 255, rgb >> 8 & 255, rgb & 255));
         }
 }
@@ -252,6 +254,7 @@ void drawword(canvas *c, const std::string &verb, std::istream &in)
                  static_cast<int>(name.size()));
     }
     if (verb == "sprite") drawsprite(c->dc, x, y);
+    if (verb == "twice") drawsprite(c->dc, x, y, 2);
     if (verb == "icon") drawicon(c->dc, x, y == -1 ? (c->height - 16) / 2 : y, 16);
     if (verb == "largeicon") drawicon(c->dc, x, y, 32);
     if (verb == "focus") {
@@ -382,6 +385,10 @@ TEST_CASE("sprites stand by their anchors, one behind the other, and leave nothi
                    {"\\R\\B\\abox\\abox", "sprite 54 36; sprite 48 36"},
                    {"\\anone\\abox", "sprite 0 0"},
                    {"\\O0\\abox\\O1\\abox\\sAg", "sprite 0 0; text 6 0 Ag"}});
+    int32_t dots = std::exchange(modeinfo.xdpi, 192);
+    modeinfo.ydpi = 192;
+    checkrows(&d, {{"\\C\\V\\abox", "twice 24 16"}, {"\\abox\\t2\\abox", "twice 0 0; twice 14 0"}});
+    modeinfo.xdpi = modeinfo.ydpi = dots;
     checkrows(&d, {{"\\OG\\abox", "sprite 0 0"}}, WS_DISABLED); // that greys itself
 
     d.make("\\k3\\F\\E4\\I!Quillmere\\i!Quillmere\\abox\\u1\\g0xFF01\\sAg");

@@ -70,6 +70,8 @@ TEST_CASE("an extent shows the bars that it needs, and the view follows the wind
     CHECK((v.bars() == 0 && v.width() == 160 + bar));
     v.extent(160 + bar, 2000); // fits no more when a bar comes
     CHECK(v.bars() == (WS_VSCROLL | WS_HSCROLL));
+    v.extent(160 + bar, 120 + bar); // both would only make room for each other
+    CHECK((v.bars() == 0 && v.width() == 160 + bar));
 
     v.extent(1000, 1000);
     scrollto(v.w, devtoosx(500), -100000);
