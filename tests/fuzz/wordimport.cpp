@@ -10,6 +10,7 @@
 #include "dict/dictset.h"
 #include "dict/dictverify.h"
 #include "dict/wordfeed.h"
+#include "dict/wordscores.h"
 #include "find/solutions.h"
 #include "find/wordload.h"
 #include "grid/grid.h"
@@ -79,6 +80,9 @@ void fuzztarget(fuzzfeed feed)
     grid.kind = GRIDWORDSQUARE;
     std::string in = fuzzpath("in.txt"), out = fuzzpath("out.txt");
     fuzzwrite(in, feed);
+    std::string list(reinterpret_cast<const char *>(feed.data), feed.size);
+    scoredwords(&list, 1); // no word without its ";" and a digit
+    FUZZCHECK(list.size() <= feed.size);
     bool check = tame(feed);
     uint32_t words = import(in, check);
     checklist(in, check);

@@ -18,12 +18,15 @@ DONE, FAILED, WRONGUSAGE = 0, 1, 2
 HERE = "--dictionaries ."
 PICTURE = "CAT#.\n.#..E\nabc\u00e9F\n\nleft 3,0 2,2\ntop 1,2\n"
 PLANTS = "otter\nbadger\nheron\npine\nelk\n"
+# Bars round the middle, two pieces, a word across that stands down as well.
+STATS = "cat#\na.a#\nt#t.\nx..y\n\nleft 1,2 3,3 0,0\ntop 0,3 1,1 2,3 3,3\n"
 WORDS = {"Main.txt": "cat\ncot\nCut\ntar\ntip\ntop\ncart\n", "Other.txt": "cit\n"}
 
 # What is written before a run, by the name of the file.
 FILES = {"a.txt": "nations\nNation\r\n\r\nNew York\tzebra", "b.txt": "nation\nnational",
          "bad.txt": "ab\nabc\n", "p.txt": PICTURE, "t.txt": "CAT\nA#O\nB.P\n",
          "g.txt": "C.T\n##.\n##.\n", "s.txt": "CATT\n####\nTIPS\n####\nTOP.\n", "plants.txt": PLANTS,
+         "score.txt": "HOT DOG;50\r\n\ncat ; 49\nfoo\nx;y;1\nx;y;51\n", "k.txt": STATS,
          "long.txt": "elephantine", "short.dic": "Quillmere", "old.dic": "\0" * 304,
          "none/x": "", **{f"crowd/a{n}.dic": "" for n in range(40)}, "old/MainDict.dic": "\0" * 304, **WORDS}
 
@@ -78,6 +81,16 @@ RUNS = [
     ("grid build t.qmg t.txt", DONE, "", ""),
     ("grid words t.qmg", DONE, "CAT\nCAB\nTOP\nB P\n", ""),
     ("clues t.qmg", DONE, "Clues across.\r\n1. CAT\n3. B P\n\nClues down.\n\n1. CAB\n2. TOP\n", ""),
+    ("dict build score.dic score.txt --min-score 50", DONE, "",
+     "score.txt: 1 without a score\n2 words"),
+    ("dict words score.dic", DONE, "Hotdog\nxy\n", ""),
+    ("dict build score.dic score.txt --min-score high", WRONGUSAGE, "", ""),
+    ("grid build k.qmg k.txt", DONE, "", ""),
+    ("stats k.qmg", DONE,
+     "size\t4 by 4\ncells\t13 open, 3 blocks, 6 bars\nfilled\t9 (69 %)\n"
+     "letters\tA 3, C 1, T 3, X 1, Y 1\nwords\t4 across, 2 down\nlengths\t2: 1, 3: 5\n"
+     "average\t2.8\nchecked\t5 (38 %)\nunchecked\t7 (54 %)\npieces\t3\nsymmetry\tnone\n"
+     "repeated\tCAT\n", ""),
     # Searches.
     ("dict build MainDict.dic", DONE, "", ""),
     (f"dict add MainDict.dic - < {WORDS['Main.txt']}", DONE, "", ""),

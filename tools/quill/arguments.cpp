@@ -53,6 +53,11 @@ bool minoption(const std::string &value, arguments *args)
     return numberread(value, 1, 12, &args->min);
 }
 
+bool minscoreoption(const std::string &value, arguments *args)
+{
+    return numberread(value, -1000000, 1000000, &args->minscore);
+}
+
 bool sizeoption(const std::string &value, arguments *args)
 {
     size_t cross = value.find('x');
@@ -99,6 +104,7 @@ constexpr optionrow options[] = {
     {"--mark", TAKESMARK, true, markoption},
     {"--max", TAKESMAX, true, maxoption},
     {"--min", TAKESMIN, true, minoption},
+    {"--min-score", TAKESMINSCORE, true, minscoreoption},
     {"--size", TAKESMAKING, true, sizeoption},
     {"--directions", TAKESMAKING, true, directionsoption},
     {"--seed", TAKESMAKING, true, seedoption},
@@ -141,6 +147,7 @@ std::string argumentsread(const std::vector<std::string> &words, uint32_t takes,
 {
     *args = {};
     args->max = 1000;
+    args->minscore = NOSCORE;
     args->seed = static_cast<uint32_t>(std::time(nullptr));
     bool plain = false; // behind "--" nothing is an option
     for (size_t at = 0; at < words.size(); at++) {

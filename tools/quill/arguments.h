@@ -14,6 +14,9 @@ constexpr uint32_t TAKESMAX = 4;          // --max N
 constexpr uint32_t TAKESWORDSQUARE = 8;   // --wordsquare
 constexpr uint32_t TAKESMAKING = 16;      // --size WxH, --directions MASK, --seed N, -o OUT
 constexpr uint32_t TAKESMIN = 32;         // --min N
+constexpr uint32_t TAKESMINSCORE = 64;    // --min-score N
+
+constexpr int32_t NOSCORE = INT32_MIN;
 
 struct arguments {
     std::vector<std::string> words; // what is no option, in order
@@ -22,6 +25,7 @@ struct arguments {
     std::vector<cellbox> marks;
     int32_t max;
     int32_t min;           // 0 if not given
+    int32_t minscore;      // NOSCORE if not given
     int32_t width, height; // 0 if not given
     int32_t directions;    // 0 if not given
     uint32_t seed;

@@ -19,6 +19,7 @@ errorblock *commanddictcheck(const arguments &args);
 errorblock *commandgridbuild(const arguments &args);
 errorblock *commandgriddraw(const arguments &args);
 errorblock *commandgridwords(const arguments &args);
+errorblock *commandstats(const arguments &args);
 errorblock *commandsolve(const arguments &args);
 errorblock *commandanagram(const arguments &args);
 errorblock *commandguess(const arguments &args);

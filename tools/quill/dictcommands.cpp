@@ -9,6 +9,7 @@
 #include "dict/dictverify.h"
 #include "dict/wordfeed.h"
 #include "dict/wordpile.h"
+#include "dict/wordscores.h"
 #include "tools/quill/console.h"
 #include "tools/quill/edge.h"
 
@@ -144,6 +145,9 @@ errorblock *commanddictbuild(const arguments &args)
     for (size_t i = 1; i < args.words.size() && !err && !edgestopped(); i++) {
         std::string text;
         err = textload(args.words[i], &text);
+        int32_t without = 0;
+        if (!err && args.minscore != NOSCORE) without = scoredwords(&text, args.minscore);
+        if (without) remark("%s: %d without a score", args.words[i].c_str(), without);
         if (!err) err = importtext(text, &dict);
     }
     countend();

@@ -6,6 +6,7 @@
 #include "grid/gridfile.h"
 #include "grid/gridpicture.h"
 #include "output/cluelist.h"
+#include "output/gridstats.h"
 #include "tools/quill/console.h"
 #include "tools/quill/session.h"
 
@@ -29,6 +30,31 @@ errorblock *outmemory(bfile *file)
     if (!err) err = breadall(file, bytes.data(), size);
     if (!err) outbytes(bytes);
     return err;
+}
+
+std::string percent(int32_t part, int32_t all)
+{
+    return all ? " (" + std::to_string((part * 100 + all / 2) / all) + " %)" : "";
+}
+
+// The counts that aren't zero, each behind its name.
+void outcounts(const std::string &title, const int32_t *counts, int32_t n,
+               std::string (*name)(int32_t))
+{
+    std::string line;
+    for (int32_t i = 0; i < n; i++)
+        if (counts[i])
+            line += (line.empty() ? "" : ", ") + name(i) + " " + std::to_string(counts[i]);
+    if (!line.empty()) outline(title + line);
+}
+
+std::string symmetriestext(uint32_t symmetries)
+{
+    std::string text;
+    for (uint32_t i = 0; i < std::size(symmetrynames); i++)
+        if (symmetries & 1u << i)
+            text += (text.empty() ? "" : ", ") + std::string(symmetrynames[i]);
+    return text.empty() ? "none" : text;
 }
 
 } // namespace
@@ -60,6 +86,35 @@ errorblock *commandgridwords(const arguments &args)
     for (int32_t n = 0; !err && gridword(word, n); n++)
         outline(word);
     return err;
+}
+
+errorblock *commandstats(const arguments &args)
+{
+    errorblock *err = opengrid(args);
+    if (err) return err;
+    auto text = [](int32_t n) { return std::to_string(n); };
+    gridstats s;
+    gridstatsread(&s);
+    outline("size\t" + text(grid.width) + " by " + text(grid.height));
+    outline("cells\t" + text(s.open) + " open, " + text(s.blocks) + " blocks, " + text(s.bars) +
+            " bars");
+    outline("filled\t" + text(s.filled) + percent(s.filled, s.open));
+    outcounts("letters\t", s.letters, 256,
+              [](int32_t n) { return std::string(1, static_cast<char>(n)); });
+    outline("words\t" + text(s.across) + " across, " + text(s.down) + " down");
+    outcounts("lengths\t", s.lengths, GRIDSTRIDE,
+              [](int32_t n) { return std::to_string(n) + ":"; });
+    if (int32_t words = s.across + s.down; words) {
+        int32_t tenths = (10 * (2 * s.checked + s.unchecked) + words / 2) / words;
+        outline("average\t" + text(tenths / 10) + "." + text(tenths % 10));
+    }
+    outline("checked\t" + text(s.checked) + percent(s.checked, s.open));
+    outline("unchecked\t" + text(s.unchecked) + percent(s.unchecked, s.open));
+    outline("pieces\t" + text(s.pieces));
+    outline("symmetry\t" + symmetriestext(s.symmetries));
+    for (const std::string &word : s.same)
+        outline("repeated\t" + word);
+    return nullptr;
 }
 
 errorblock *commandclues(const arguments &args)

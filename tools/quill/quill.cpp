@@ -35,8 +35,9 @@ struct commandrow {
 constexpr size_t ANY = ~size_t{0};
 
 constexpr commandrow commands[] = {
-    {"dict build", "OUT.dic [WORDS.txt]...", "makes a dictionary from texts of words", 1, ANY, 0,
-     commanddictbuild},
+    {"dict build", "OUT.dic [WORDS.txt]... [--min-score N]",
+     "makes a dictionary from texts of words; with --min-score from lists of WORD;SCORE", 1, ANY,
+     TAKESMINSCORE, commanddictbuild},
     {"dict words", "FILE.dic", "lists every word of a dictionary", 1, 1, 0, commanddictwords},
     {"dict find", "FILE.dic WORD...", "looks words up: word, found or absent, number, stored word",
      2, ANY, 0, commanddictfind},
@@ -64,6 +65,8 @@ constexpr commandrow commands[] = {
      commandfill},
     {"find", "GRID.qmg [--min N]", "finds the words hidden in a square", 1, 1,
      TAKESDICTIONARIES | TAKESMIN, commandfind},
+    {"stats", "GRID.qmg", "counts words, cells and letters, and looks for symmetry", 1, 1, 0,
+     commandstats},
     {"clues", "GRID.qmg", "writes the clue list of a grid", 1, 1, 0, commandclues},
 };
 
