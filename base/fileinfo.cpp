@@ -23,7 +23,7 @@ void infofill(const platforminfo &known, const char *name, fileinfo *info)
 errorblock *fileinfoget(const char *path, fileinfo *info)
 {
     char expanded[PATHSIZE];
-    errorblock *err = pathexpand(path, expanded, sizeof expanded);
+    errorblock *err = pathwhole(path, expanded);
     return err ? err : fileinfoexpanded(expanded, info);
 }
 
@@ -41,8 +41,7 @@ errorblock *fileobject(const char *path, int32_t *type)
     char expanded[PATHSIZE];
     *type = OBJECTNONE;
     if (!path) return nullptr;
-    pathexpand(path, expanded, sizeof expanded);
-    *type = platformobject(expanded);
+    if (!pathwhole(path, expanded)) *type = platformobject(expanded);
     return nullptr;
 }
 
@@ -75,8 +74,7 @@ errorblock *filesettime(const char *path, const fileinfo *info)
     char expanded[PATHSIZE];
     time5 time;
     if (!timefromfileinfo(info, &time)) return nullptr;
-    pathexpand(path, expanded, sizeof expanded);
-    platformsettime(expanded, timetosystem(&time));
+    if (!pathwhole(path, expanded)) platformsettime(expanded, timetosystem(&time));
     return nullptr;
 }
 

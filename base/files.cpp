@@ -34,7 +34,7 @@ errorblock *fileopen(const char *path, const char *mode, filehandle *handle)
 {
     char expanded[PATHSIZE];
     *handle = 0;
-    errorblock *err = pathexpand(path, expanded, sizeof expanded);
+    errorblock *err = pathwhole(path, expanded);
     platformopening how = PLATFORMREAD;
     if (mode[0] == 'u') how = PLATFORMUPDATE;
     if (mode[0] == 'w') how = platformobject(expanded) ? PLATFORMTRUNCATE : PLATFORMCREATE;
@@ -46,8 +46,7 @@ errorblock *fileopen(const char *path, const char *mode, filehandle *handle)
 FILE *fileopenstd(const char *path, const char *mode)
 {
     char expanded[PATHSIZE];
-    pathexpand(path, expanded, sizeof expanded);
-    return platformstream(expanded, mode);
+    return pathwhole(path, expanded) ? nullptr : platformstream(expanded, mode);
 }
 
 errorblock *fileclose(filehandle handle, errorblock *error)
@@ -164,8 +163,8 @@ errorblock *filesync(filehandle handle)
 errorblock *filereplace(const char *from, const char *to)
 {
     char expandedfrom[PATHSIZE], expandedto[PATHSIZE];
-    errorblock *err = pathexpand(from, expandedfrom, sizeof expandedfrom);
-    if (!err) err = pathexpand(to, expandedto, sizeof expandedto);
+    errorblock *err = pathwhole(from, expandedfrom);
+    if (!err) err = pathwhole(to, expandedto);
     if (!err) err = fault(&platformfault.replaces, "MoveFileEx");
     if (!err) err = platformreplace(expandedfrom, expandedto);
     return err;

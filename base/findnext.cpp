@@ -16,7 +16,7 @@ errorblock *scanstart(const char *path, const char *pattern, platforminfo *known
                       bool *done)
 {
     char expanded[PATHSIZE];
-    errorblock *err = pathexpand(path, expanded, sizeof expanded);
+    errorblock *err = pathwhole(path, expanded);
     if (!err && pattern) err = fs_strcat(expanded, sizeof expanded, pattern);
     if (!err) err = platformscanstart(expanded, known, name, PATHSIZE, &scan, done);
     return err;

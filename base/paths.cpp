@@ -11,16 +11,19 @@
 namespace
 {
 
-bool following = true;
+bool following = true, expanding = true;
 
 // Writes into a buffer of known size and drops what doesn't fit.
 struct pathwriter {
     char *at, *end; // end is the place of the last zero
+    bool cut;       // something was dropped
 };
 
 void put(pathwriter *out, const char *text, size_t length)
 {
-    length = std::min(length, static_cast<size_t>(out->end - out->at));
+    size_t room = static_cast<size_t>(out->end - out->at);
+    if (length > room) out->cut = true;
+    length = std::min(length, room);
     memcpy(out->at, text, length);
     out->at += length;
 }
@@ -102,12 +105,12 @@ size_t offset(const char *path, const char *place)
     return static_cast<size_t>(place - path);
 }
 
-} // namespace
-
-errorblock *pathexpand(const char *in, char *out, int32_t size)
+// Whether all of it fits.
+bool expand(const char *in, char *out, int32_t size)
 {
-    pathwriter writer = {out, out + size - 1};
-    while (*in) {
+    pathwriter writer = {out, out + size - 1, false};
+    if (!expanding) put(&writer, in, strlen(in));
+    while (expanding && *in) {
         const char *next = in + 1;
         const char *behind = *in == '<' && *next != '<' ? macroexpand(in, &writer) : nullptr;
         if (*in == '<' && *next == '<') next++;
@@ -115,17 +118,37 @@ errorblock *pathexpand(const char *in, char *out, int32_t size)
         in = behind ? behind : next;
     }
     *writer.at = 0;
-    if (following) shortcutfollow(out, size);
+    if (!writer.cut && following) shortcutfollow(out, size);
+    return !writer.cut;
+}
+
+} // namespace
+
+errorblock *pathexpand(const char *in, char *out, int32_t size)
+{
+    expand(in, out, size);
     return nullptr;
+}
+
+errorblock *pathwhole(const char *in, char (&out)[PATHSIZE])
+{
+    if (expand(in, out, PATHSIZE)) return nullptr;
+    out[0] = 0;
+    return makeerrortext(ERRORMAXSTRING, "The name of a file is longer than %d characters: %s",
+                         PATHSIZE - 1, in);
 }
 
 errorblock *pathabsolute(const char *in, char *out, int32_t size)
 {
     char path[PATHSIZE];
     out[0] = 0;
-    if (strlen(in) >= sizeof path) return nofit("pathabsolute");
-    errorblock *err = pathexpand(in, path, sizeof path);
+    errorblock *err = pathwhole(in, path);
     return err || platformfullpath(path, out, size) ? err : nofit("pathabsolute");
+}
+
+void pathmacros(bool on)
+{
+    expanding = on;
 }
 
 void pathfollow(bool on)

@@ -17,10 +17,18 @@ struct errorblock;
 // a shortcut becomes what it stands for. Always returns 0.
 errorblock *pathexpand(const char *in, char *out, int32_t size);
 
+// The same for a file that is to be opened, made or asked for: a shortened name would
+// be another file's. Error 30 and an empty path when the result doesn't fit.
+errorblock *pathwhole(const char *in, char (&out)[PATHSIZE]);
+
 // Expands in and, where it is relative, puts the current folder in front, so that
 // it means the same file later too. Error 30 and an empty path when the result
 // doesn't fit.
 errorblock *pathabsolute(const char *in, char *out, int32_t size);
+
+// Whether macros, double quotes and "<<" mean anything: they do, from the start. A
+// console's names are files' names as they stand.
+void pathmacros(bool on);
 
 // Whether shortcuts are followed: they are, from the start.
 void pathfollow(bool on);

@@ -35,7 +35,7 @@ errorblock *besideremove(const safesave *save, errorblock *error)
 errorblock *safeopen(const char *path, int32_t size, safesave *save)
 {
     *save = {};
-    errorblock *err = pathexpand(path, save->path, PATHSIZE);
+    errorblock *err = pathwhole(path, save->path);
     if (!err) err = xzstrncpyu(save->beside, save->path, PATHSIZE - sizeof BESIDE + 1);
     if (!err) strcat(save->beside, BESIDE);
     if (!err) err = bopen(save->beside, "w", size, &save->file);

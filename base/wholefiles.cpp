@@ -9,11 +9,11 @@ namespace
 // Opens the file at path; a handle of 0 when there is no file there.
 errorblock *openifthere(const char *path, filehandle *handle, int32_t *size)
 {
-    int32_t type;
+    char expanded[PATHSIZE];
     *handle = 0;
     *size = 0;
-    errorblock *err = fileobject(path, &type);
-    if (err || type != OBJECTFILE) return err;
+    errorblock *err = pathwhole(path, expanded);
+    if (err || platformobject(expanded) != OBJECTFILE) return err;
     err = fileopen(path, "r", handle);
     if (!err) err = filesize(*handle, size);
     return err;
@@ -56,7 +56,7 @@ errorblock *fileloadnew(const char *path, void **address, int32_t *size)
 errorblock *filedelete(const char *path)
 {
     char expanded[PATHSIZE];
-    errorblock *err = pathexpand(path, expanded, sizeof expanded);
+    errorblock *err = pathwhole(path, expanded);
     if (err) return err;
     return platformobject(expanded) == OBJECTDIRECTORY ? platformremovedir(expanded)
                                                        : platformdelete(expanded);
@@ -65,15 +65,15 @@ errorblock *filedelete(const char *path)
 errorblock *filerename(const char *from, const char *to)
 {
     char expandedfrom[PATHSIZE], expandedto[PATHSIZE];
-    errorblock *err = pathexpand(from, expandedfrom, sizeof expandedfrom);
-    if (!err) err = pathexpand(to, expandedto, sizeof expandedto);
+    errorblock *err = pathwhole(from, expandedfrom);
+    if (!err) err = pathwhole(to, expandedto);
     return err ? err : platformrename(expandedfrom, expandedto);
 }
 
 errorblock *mkdir(const char *path)
 {
     char expanded[PATHSIZE];
-    errorblock *err = pathexpand(path, expanded, sizeof expanded);
+    errorblock *err = pathwhole(path, expanded);
     if (err || platformobject(expanded)) return err;
     return platformmakedir(expanded);
 }

@@ -146,7 +146,7 @@ errorblock *metaopenenhanced(const char *path, int32_t, int32_t width, int32_t h
     RECT frame;
     *dc = 0;
     strcopyn(maker, description, sizeof maker - 1);
-    errorblock *err = pathexpand(path, enhancedpath, sizeof enhancedpath);
+    errorblock *err = pathwhole(path, enhancedpath);
     if (!err) err = framesize(width, height, &frame);
     if (err) return err;
     *dc = reinterpret_cast<intptr_t>(CreateEnhMetaFileA(nullptr, enhancedpath, &frame, maker));

@@ -168,6 +168,17 @@ TEST_CASE("modes of opening")
     REQUIRE(file);
     CHECK(std::fgetc(file) == 'h');
     std::fclose(file);
+    std::string longer = path; // by one character, and cut it would be the file's
+    while (longer.size() < PATHSIZE - 1)
+        longer.insert(longer.size() - 1, longer.size() % 2 ? "./" : "/");
+    longer += 'x';
+    int32_t type = OBJECTFILE;
+    CHECK(!fileopenstd(longer.c_str(), "rb"));
+    CHECK(code(fileopen(longer.c_str(), "w", &handle)) == ERRORMAXSTRING);
+    CHECK(words(filedelete(longer.c_str())).starts_with("The name of a file is longer than 259"));
+    CHECK(!fileobject(longer.c_str(), &type));
+    CHECK(type == OBJECTNONE);
+    CHECK(place.read("f") == "hEL");
     REQUIRE(!fileopen(path.c_str(), "w", &handle)); // writing begins anew
     CHECK(!fileclose(handle, nullptr));
     CHECK(place.read("f") == "");

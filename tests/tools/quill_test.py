@@ -22,6 +22,8 @@ PLANTS = "otter\nbadger\nheron\npine\nelk\n"
 STATS = "cat#\na.a#\nt#t.\nx..y\n\nleft 1,2 3,3 0,0\ntop 0,3 1,1 2,3 3,3\n"
 WORDS = {"Main.txt": "cat\ncot\nCut\ntar\ntip\ntop\ncart\n", "Other.txt": "cit\n"}
 
+LONGNAME = "./" * 127 + "p.qmgx"  # a character more than a path holds
+
 # What is written before a run, by the name of the file.
 FILES = {"a.txt": "nations\nNation\r\n\r\nNew York\tzebra", "b.txt": "nation\nnational",
          "bad.txt": "ab\nabc\n", "p.txt": PICTURE, "t.txt": "CAT\nA#O\nB.P\n",
@@ -75,6 +77,10 @@ RUNS = [
     # A grid from a picture and back, its words and clues.
     ("grid build p.qmg p.txt", DONE, "", "5 by 3 cells\n"),
     ("grid draw p.qmg", DONE, PICTURE, ""),
+    # A name that is cut would be another file's.
+    *[(command, FAILED, "", "longer than 259") for command in (
+        f"grid draw {LONGNAME}", f"grid build {LONGNAME} p.txt", f"grid build a.qmg {LONGNAME}",
+        f"dict words {LONGNAME}.dic", f"anagram a --dictionaries {LONGNAME}")],
     ("grid build ws.qmg p.txt --wordsquare", DONE, "", ""),
     ("grid build bad.qmg bad.txt", FAILED, "", "Line 2: the row has 3 cells"),
     ("grid draw bad.qmg", FAILED, "", "not found."),
@@ -174,6 +180,13 @@ class QuillTest(unittest.TestCase):
         data[284 + words + 20 + 8] ^= 1  # a letter of the first index entry
         (self.folder / "many.dic").write_bytes(data)
         self.assertNotEqual(self.quill("dict check many.dic", FAILED), ("", ""))
+
+    @unittest.skipIf(ENCODING == "cp1252", "names that Windows has not")
+    def test_3_names_are_taken_as_they_stand(self):
+        for leaf in ('<<a>"b.qmg', "<%HOME%>.qmg"):
+            self.quill(f"grid build '{leaf}' p.txt")
+            self.assertEqual(self.bytes(leaf), self.bytes("p.qmg"))
+            self.assertEqual(self.quill(f"grid draw '{leaf}'")[0], PICTURE)
 
     def test_4_guess_and_spell(self):
         self.assertIn("cat\n", self.quill(f"guess catt {HERE}")[0])

@@ -27,7 +27,7 @@ struct dictplace {
 
 errorblock *placesplit(const std::string &path, dictplace *place)
 {
-    errorblock *err = xzstrncpyu(place->path, path.c_str(), PATHSIZE);
+    errorblock *err = pathwhole(path.c_str(), place->path);
     if (err) return err;
     const char *leaf = leafname(place->path);
     if (pathhasext(leaf, "dic"))

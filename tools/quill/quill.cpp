@@ -7,6 +7,7 @@
 #include "base/errors.h"
 #include "base/flex.h"
 #include "base/messages.h"
+#include "base/paths.h"
 #include "find/solutions.h"
 #include "grid/gridfile.h"
 #include "messagetext.h"
@@ -154,6 +155,7 @@ int help(std::vector<std::string> words)
 errorblock *foundationstart()
 {
     settaskname("quill", nullptr);
+    pathmacros(false);
     errorblock *err = flex_init2();
     if (!err) err = initerror();
     if (!err) err = inittrans();

@@ -3,7 +3,6 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/paths.h"
-#include "base/text.h"
 #include "dict/dictset.h"
 #include "find/solutions.h"
 #include "grid/gridfile.h"
@@ -46,16 +45,16 @@ errorblock *sessionstart(const arguments &args)
     if (args.dictionaries.empty())
         err = shippedfolder(dictdirectory, sizeof dictdirectory);
     else
-        err = xzstrncpyu(dictdirectory, args.dictionaries.c_str(), sizeof dictdirectory);
+        err = pathwhole(args.dictionaries.c_str(), dictdirectory);
     if (!err) err = dictstart();
     return err;
 }
 
 errorblock *sessiongrid(const std::string &path)
 {
-    int32_t type;
-    errorblock *err = fileobject(path.c_str(), &type);
-    if (!err && type != OBJECTFILE) err = makeerrorf(ERRORNOTFOUND, path.c_str());
+    fileinfo info;
+    errorblock *err = fileinfoget(path.c_str(), &info);
+    if (!err && info.objecttype != OBJECTFILE) err = makeerrorf(ERRORNOTFOUND, path.c_str());
     if (!err) err = gridopened(path.c_str(), FILETYPEGRID);
     return err;
 }
