@@ -1,5 +1,4 @@
 // How searches begin and end, and what may happen meanwhile.
-
 #include "base/errorcodes.h"
 #include "base/flex.h"
 #include "dict/dictset.h"
@@ -18,8 +17,7 @@ namespace
 // Five letters across, the second known, and four down from the last.
 constexpr const char *CROSSING = ".a...\n####.\n####.\n####.\n";
 
-// How many solutions a picture has. From poll stop on Stop is pressed.
-int stop;
+// How many solutions a picture has.
 int32_t solved(const char *picture)
 {
     gridmarked(picture);
@@ -28,9 +26,15 @@ int32_t solved(const char *picture)
     return solutions.count;
 }
 
-void stopasked()
+// Stop is pressed at a poll.
+int stop;
+void stopat(int poll)
 {
-    if (headless.polls == stop) search.stopflag = 1;
+    stop = poll;
+    headless.polls = 0;
+    headless.onpoll = [] {
+        if (headless.polls == stop) search.stopflag = 1;
+    };
 }
 
 } // namespace
@@ -93,47 +97,18 @@ TEST_CASE("each search shows its list or the grid at its start and its end")
     }
 }
 
-TEST_CASE("the list stops above the limit, and Stop ends a search soon")
+TEST_CASE("what a poll lets in harms no search, and Stop ends it soon")
 {
     std::mt19937 random(40);
     testdict(madewords(random, 5000));
-    CHECK(solved("....") > 21);
-    CHECK(headless.polls <= 1); // few words need no more
-    CHECK(solved("...e") > 0);
+    CHECK((solved("...e") > 0));
     CHECK(headless.polls == static_cast<int>(plaindicts[0].words.size() + 1) / 2049);
-    solutions.maxsolutions = 20;
-    CHECK(solved("....") == 21);
-    solutions.maxsolutions = 1000000;
-    stop = 3;
+    int32_t all = solved(CROSSING);
     for (const char *picture : {CROSSING, "...a.\n####.\n####.\n####.\n"}) {
-        headless.onpoll = stopasked;
-        solved(picture);
+        stopat(3);
+        CHECK(solved(picture) < all);
         CHECK((headless.polls >= 3 && headless.polls < 20));
     }
-}
-
-TEST_CASE("short memory loses a solution and nothing else")
-{
-    testdict({"aa", "ab", "ba", "bb", "a bc", "cab", "bac"});
-    int lost = 0;
-    CHECK(solved("...\n.##\n") == 4);
-    for (int32_t n = 0; n < 10; n++) {
-        gridmarked("...\n.##\n");
-        REQUIRE_FALSE(solvestart());
-        flexfailafter(n);
-        searchrun(nullptr);
-        flexfailafter(-1);
-        CHECK((solutions.count == 3 || solutions.count == 4)); // words not kept are read again
-        lost += 4 - solutions.count;
-    }
-    CHECK(lost == 1);
-}
-
-TEST_CASE("what a poll lets in harms no search")
-{
-    std::mt19937 random(40);
-    testdict(madewords(random, 3000));
-    int32_t all = solved(CROSSING);
     headless.begins = headless.ends = 0;
     headless.onpoll = [] { // the buttons of the searches, and a run that was left from before
         CHECK((solvestart() == nullptr && anagramstart("") == nullptr));
@@ -152,71 +127,55 @@ TEST_CASE("what a poll lets in harms no search")
     CHECK((solved(CROSSING) == 0 && headless.polls == 1));
 }
 
-TEST_CASE("Stop keeps what is found, or placed, and says so once")
+TEST_CASE("short memory loses a solution and nothing else")
+{
+    testdict({"aa", "ab", "ba", "bb", "a bc", "cab", "bac"});
+    int lost = 0;
+    for (int32_t n = 0; n < 10; n++) {
+        gridmarked("...\n.##\n");
+        REQUIRE_FALSE(solvestart());
+        flexfailafter(n);
+        searchrun(nullptr);
+        flexfailafter(-1);
+        CHECK((solutions.count == 3 || solutions.count == 4)); // words not kept are read again
+        lost += 4 - solutions.count;
+    }
+    CHECK(lost == 1);
+}
+
+TEST_CASE("a Wordsquare's searches keep what is found, or placed, and say so once")
 {
     testdict({"ant", "bee", "cow"});
     grid.kind = GRIDWORDSQUARE;
     grid.minwordlength = 3;
     gridset("cowbeeant");
-    headless.onpoll = stopasked;
+    stopat(3);
     headless.progress = 0;
-    stop = 3;
     searchrun(wssolve());
     CHECK((headless.polls == 3 && solutions.count == 2)); // the fourth cell is searched
     CHECK(headless.progress == 1); // the second is none of those that are shown
 
     solreset();
     grid.width = grid.height = 30;
-    headless.polls = 0;
-    stop = 11;
     for (int n = 0; n < 20; n++)
         REQUIRE_FALSE(soladdword(-1, -1, -1, -1, "word"));
+    stopat(11);
     searchrun(wsmake());
     CHECK((headless.boxes == 1 && headless.boxtext == "Fitted 11 words, up to word"));
     for (int32_t i = 0; i < 20; i++)
         CHECK((solword(i)->x >= 0) == (i < 11));
-    headless.polls = 0;
+    stopat(11);
     searchrun(wsnew());
     CHECK(headless.polls == 11);
-}
-
-TEST_CASE("a word clicked during a search stands marked, and can be unmarked")
-{
-    auto marked = [] {
-        int count = 0;
-        for (int32_t x = 0; x < GRIDSTRIDE; x++)
-            for (int32_t y = 0; y < GRIDSTRIDE; y++)
-                count += grid.flags[x][y] == CELLMARKED ? 1 + 100 * grid.counts[x][y] : 0;
-        return count;
-    };
-    testdict({"cat", "otter"});
-    grid.minwordlength = 3;
-    gridset("catotter.\n.........\n");
-    grid.kind = GRIDWORDSQUARE;
-    grid.counts[1][0] = 1; // left by a list that is gone
-    headless.onpoll = [] {
-        if (headless.polls == 4) CHECK(solselect(0, false));
-    };
-    searchrun(wssolve());
-    CHECK(marked() == 303);
-    CHECK(solselect(1, false)); // no longer so once the making begins
-    CHECK_FALSE(wsmake());
-    CHECK((solselected() == 0 && nomark() && marked() == 0));
-    headless.polls = 2;
-    searchrun(nullptr);
-    CHECK((marked() == 303 && !nomark()));
-    CHECK(solselect(0, true));
-    CHECK((marked() == 0 && nomark()));
 }
 
 TEST_CASE("the spell check stops at unknown words alone")
 {
     const std::string longest(31, 'a');
-    const struct {
-        std::string picture, unknown; // words, each behind a space
-    } rows[] = {
+    const std::pair<std::string, std::string> rows[] = {
+        // A picture, and the unknown words, each behind a space.
         {"CAT##xy#\n########\nicecream\n", " xy"},
-        {"c.t##toe\n", ""}, // an unfinished word is passed over
+        {"c.t##toe\n", ""}, // one that isn't finished
         {"qq#xqz\n", " qq xqz"},
         {longest + "a\n", " " + longest}, // longer than any word can be
         {longest + "\n", ""},
