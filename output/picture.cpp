@@ -60,13 +60,23 @@ errorblock *eachcell(const picturesizes *sizes,
     return err;
 }
 
+// A box by its corners: the record of an enhanced metafile's rectangle has one unit less
+// on two sides, and of a bar that is half.
+errorblock *solid(int32_t x, int32_t y, int32_t width, int32_t height)
+{
+    errorblock *err = plot(PLOTMOVE, x, y);
+    if (!err) err = plot(PLOTMOVE, x + width, y);
+    if (!err) err = plot(PLOTPARALLELOGRAM | PLOTDRAW, x + width, y + height);
+    return err;
+}
+
 // A bar is two units thick and lies astride its edge.
 errorblock *bars(const picturesizes *sizes, int32_t x, int32_t y)
 {
     int32_t square = sizes->square, left = x * square, top = y * square;
     errorblock *err = nullptr;
-    if (grid.flags[x][y] & BARLEFT) err = fillbox(left - 1, top, 2, square);
-    if (!err && (grid.flags[x][y] & BARTOP)) err = fillbox(left, top - 1, square, 2);
+    if (grid.flags[x][y] & BARLEFT) err = solid(left - 1, top, 2, square);
+    if (!err && (grid.flags[x][y] & BARTOP)) err = solid(left, top - 1, square, 2);
     return err;
 }
 
@@ -76,7 +86,7 @@ errorblock *block(const picturesizes *sizes, int32_t x, int32_t y)
 {
     if ((grid.flags[x][y] & CELLKIND) != CELLBLOCK) return nullptr;
     int32_t square = sizes->square;
-    return fillbox(x * square, y * square, square + 1, square + 1);
+    return solid(x * square, y * square, square + 1, square + 1);
 }
 
 errorblock *numbers(const picturesizes *sizes)
@@ -119,10 +129,11 @@ errorblock *letters(const picturesizes *sizes)
     return err;
 }
 
-// A word that is not placed has -1 in all its fields; its line falls outside the
-// picture.
+// A word that is not placed has -1 in all its fields. A line for it would lie outside
+// the picture and move its bounds.
 errorblock *solutionline(const picturesizes *sizes, const wsentry *entry)
 {
+    if (entry->x < 0) return nullptr;
     int32_t square = sizes->square, more = static_cast<int32_t>(strlen(entry->text)) - 1;
     int32_t lastx = entry->x + more * entry->dx, lasty = entry->y + more * entry->dy;
     return line(entry->x * square + square / 2, entry->y * square + square / 2,

@@ -57,6 +57,13 @@ class Player:
         pen, brush = self.state["pen"], self.state["brush"]
         self.drawing.append(("box", left, top, right, bottom, pen, brush))
 
+    def polygon(self, points):
+        xs, ys = points[::2], points[1::2]
+        corners = {(x, y) for x in (min(xs), max(xs)) for y in (min(ys), max(ys))}
+        if corners != set(zip(xs, ys)):
+            return  # no upright box
+        self.box(min(xs), min(ys), max(xs), max(ys))
+
     def lineto(self, x, y):
         self.drawing.append(("line", *self.at, x, y, self.state["pen"]))
         self.at = (x, y)
@@ -115,7 +122,12 @@ def enhancedbitmap(player, data):
                   data[bits - 8:bits - 8 + bitssize], rop)
 
 
+def enhancedpolygon(player, data, form):
+    player.polygon(fields(data, f"{2 * dword(data, 16)}{form}", 20))
+
+
 ENHANCED = {
+    3: lambda p, d: enhancedpolygon(p, d, "i"),
     9: lambda p, d: p.window.update(extent=fields(d, "ii")),
     10: lambda p, d: p.window.update(origin=fields(d, "ii")),
     15: lambda p, d: p.pixel(*fields(d, "iiI")),
@@ -130,6 +142,7 @@ ENHANCED = {
     54: lambda p, d: p.lineto(*fields(d, "ii")),
     81: enhancedbitmap,
     82: enhancedfont,
+    86: lambda p, d: enhancedpolygon(p, d, "h"),
     83: lambda p, d: enhancedtext(p, d, 1, "cp1252"),
     84: lambda p, d: enhancedtext(p, d, 2, "utf-16-le"),
 }
@@ -212,6 +225,7 @@ PLAIN = {
     0x020C: lambda p, d: p.window.update(extent=reverse(d, 2)),
     0x0213: lambda p, d: p.lineto(*reverse(d, 2)),
     0x0214: lambda p, d: setattr(p, "at", reverse(d, 2)),
+    0x0324: lambda p, d: p.polygon(fields(d, f"{2 * fields(d, 'H')[0]}h", 2)),
     0x02FA: lambda p, d: plaincreate(p, "pen", d),
     0x02FB: plainfont,
     0x02FC: lambda p, d: plaincreate(p, "brush", d),

@@ -140,7 +140,7 @@ class PictureTest(unittest.TestCase):
         wanted += [(x * s, y * s - 1, x * s + s, y * s + 1) for x, y in grid.bars["top"]]
         wanted += [(x * s, y * s, x * s + s + 1, y * s + s + 1)
                    for x in range(grid.width) for y in range(grid.height) if grid.block(x, y)]
-        self.assertEqual(sorted(boxes), sorted(("box", *box, BLACK, BLACK) for box in wanted))
+        self.assertEqual(sorted(boxes), sorted(("box", *box, None, BLACK) for box in wanted))
         texts = self.shapes(made, "text")
         numbers = [shape[1:4] for shape in texts if shape[3].isdigit()]
         base = numbers[0][1] % s if numbers else 0  # in its square
@@ -178,7 +178,13 @@ class PictureTest(unittest.TestCase):
         self.assertEqual(number > 0, (x, y) in BLOCKNUMBERS)
 
     def test_bars_and_capitals(self):
-        self.checkcrossword(Made(self.folder, BARS, "upper"), BARNUMBERS)
+        made = Made(self.folder, BARS, "upper")
+        self.checkcrossword(made, BARNUMBERS)
+        for leaf, page in made.painted().items():
+            unit = 1 / made.square  # the bar of a kind is as thick as that of another
+            for x, y in made.grid.bars["left"]:
+                with self.subTest(leaf, x=x, y=y):
+                    self.assertEqual(page.share(x - .8 * unit, y + .4, x + .8 * unit, y + .6), 1)
         made = Made(self.folder, BLOCKS.replace("C", "c"), "upper")
         letters = {shape[3] for shape in self.shapes(made, "text")}
         self.assertTrue({"C", "A"} <= letters)
@@ -188,12 +194,12 @@ class PictureTest(unittest.TestCase):
         words = ["cat", 0, 0, 1, 0, "cog", 1, 0, 1, 1, "lost", -1, -1, -1, -1]
         made = Made(self.folder, SQUARE, *words, "show", wordsquare=True)
         boxes, others = self.checkgrid(made)
-        self.assertEqual((boxes, others), ([], 3))
+        self.assertEqual((boxes, others), ([], 2))  # none for a word that lies nowhere
         s = made.square
         lines = self.shapes(made, "line")
         middle = lambda x, y: (x * s + s // 2, y * s + s // 2)
-        self.assertEqual(lines[-3][1:5], middle(0, 0) + middle(2, 0))
-        self.assertEqual(lines[-2][1:5], middle(1, 0) + middle(3, 2))
+        self.assertEqual(lines[-2][1:5], middle(0, 0) + middle(2, 0))
+        self.assertEqual(lines[-1][1:5], middle(1, 0) + middle(3, 2))
         texts = self.shapes(made, "text")
         self.checkletters(made, texts)  # and no numbers
         made = Made(self.folder, SQUARE, "hide", "cat", 0, 0, 1, 0, wordsquare=True)
@@ -201,8 +207,9 @@ class PictureTest(unittest.TestCase):
 
     def test_sizes(self):
         large = ("." * 127 + "\n") * 127
+        lost = ["lost", -1, -1, -1, -1, "show"]  # no line, at any size
         for text, scale in (large, None), ("X\n", None), (".\n", 0), (".\n", 0x7FFFFFFF):
-            made = Made(self.folder, text, scale=scale)
+            made = Made(self.folder, text, *lost, wordsquare=True, scale=scale)
             right, bottom = made.grid.width * made.square + 1, made.grid.height * made.square + 1
             self.assertEqual(made.files["placeable.wmf"].header, {
                 "key": 0x9AC6CDD7, "handle": 0, "left": 0, "top": 0, "right": right,
@@ -214,6 +221,21 @@ class PictureTest(unittest.TestCase):
             frame = [length * mm * 100 // pixels for length, mm, pixels in
                      zip((right, bottom), header["millimetres"], header["device"])]
             self.assertEqual(header["frame"], (0, 0, *frame))
+            if scale is None:
+                self.assertEqual(self.checkgrid(made), ([], 0))
+                self.checkedges(made)
+
+    def checkedges(self, made):
+        """The grid reaches to the edges of what is painted, and nothing lies outside."""
+        cells = made.grid.width
+        for leaf, page in made.painted().items():
+            with self.subTest(leaf, cells=cells):
+                self.assertAlmostEqual(page.size[0] / page.size[1], 1, delta=.03)
+                last = cells - 1
+                self.assertEqual(page.share(last + .1, .1, last + .2, .9), 0)
+                self.assertEqual(page.share(last + .3, .3, last + .7, .8) > 0, cells == 1)
+                for line in page.rows[0], page.rows[-1], [row[-1] for row in page.rows]:
+                    self.assertGreater(sum(pixel < 128 for pixel in line), .9 * len(line))
 
 
 if __name__ == "__main__":
