@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "dict/dictindex.h"
+#include "dict/wordtables.h"
 
 #include <algorithm>
 #include <cstring>
@@ -85,6 +86,7 @@ errorblock *buildend(dictbuilder *build, Dictionary *dict)
         flex_swap(&dict->index, &built->index);
         dict->nwords = built->nwords;
         dict->noindex = built->noindex;
+        dictchanged(dict);
     }
     buildfree(build);
     return err;
@@ -120,6 +122,7 @@ errorblock *dictindexmake(Dictionary *dict)
         flex_swap(&build.store.index, &dict->index);
         dict->nwords = build.store.nwords;
         dict->noindex = build.store.noindex;
+        dictchanged(dict);
     }
     buildfree(&build);
     return err;

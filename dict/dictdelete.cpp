@@ -2,6 +2,7 @@
 
 #include "base/trace.h"
 #include "dict/dictindex.h"
+#include "dict/wordtables.h"
 
 namespace
 {
@@ -111,6 +112,7 @@ errorblock *dictdeleteword(Dictionary *dict, dictcursor *cursor, bool *gone)
 {
     *gone = false;
     if (!cursor->len) return nullptr;
+    dictchanged(dict);
     cursor->indexn = dictforward(dict, cursor->indexn, cursor);
     dictcursor follower = *cursor;
     if (dictnext(dict, &follower)) return deletebefore(dict, cursor, &follower, gone);

@@ -1,5 +1,6 @@
 #include "base/text.h"
 #include "dict/dictindex.h"
+#include "dict/wordtables.h"
 
 #include <cstring>
 
@@ -87,6 +88,7 @@ void insertindex(Dictionary *dict, insertion *insert)
 // new word; it is raised even if memory ran out.
 errorblock *dictinsert(const char *word, Dictionary *dict, dictcursor *cursor)
 {
+    dictchanged(dict);
     if (dictisempty(dict)) return insertfirst(word, dict);
     insertion insert = {};
     uint32_t flags = 0;

@@ -1,6 +1,7 @@
 #include "dict/dictionary.h"
 
 #include "dict/dictdelete.h"
+#include "dict/wordtables.h"
 
 #include <cstring>
 
@@ -18,6 +19,8 @@ void dictfree(Dictionary *dict)
     flex_free(&dict->words);
     flex_free(&dict->index);
     dict->nwords = dict->noindex = 0;
+    tablesfree(dict);
+    dictchanged(dict);
 }
 
 uint32_t dictcount(const Dictionary *dict)

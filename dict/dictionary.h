@@ -45,6 +45,10 @@ struct Dictionary {
     uint32_t noindex;
     flexptr index; // noindex dictindex
     flexptr words; // the records and two zero bytes, or nothing
+    // Not in the file: a number that every change raises, and what searches have
+    // made for themselves since (wordtables.h).
+    uint32_t version = 0;
+    mutable void *tables = nullptr;
 };
 
 struct dictindex {
@@ -72,7 +76,7 @@ constexpr uint32_t FINDCASEDIFFERS = 1;    // back: equal but for case
 constexpr uint32_t CASEBELOW = 1;          // the first letter in another case
 constexpr uint32_t CASEABOVE = 3;          // sorts below that of b, or above
 
-// An empty store, in whatever dict held. Errors: 2.
+// An empty store; what dict held is not looked at. Errors: 2.
 errorblock *dictempty(Dictionary *dict);
 
 // Frees the blocks that there are; both counts become 0.

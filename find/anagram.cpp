@@ -5,12 +5,14 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "dict/dictset.h"
+#include "dict/wordtables.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/solve.h"
 #include "grid/grid.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 char anagramtext[WORDSIZE];
@@ -39,23 +41,62 @@ bool isanagram(const char *word, const char *text, size_t length)
     return true;
 }
 
+// The text of an anagram: its letters, wildcards behind them where all are above
+// "*", and what a word's set of letters must be.
+struct anagram {
+    const char *text;
+    size_t length;
+    int32_t stars;
+    uint32_t set; // of its letters without the wildcards
+};
+
+// Every letter of an anagram is one of the text, or takes a wildcard. What passes is
+// looked at letter by letter.
+bool setallows(const anagram &sought, uint32_t set)
+{
+    if (!sought.stars) return set == sought.set;
+    return std::popcount(set & ~sought.set & LETTERBITS) <= sought.stars;
+}
+
+// A word that is an anagram; false when the whole search is to end. A result that
+// memory is too short for is passed over.
+bool anagramadd(uint32_t dictn, uint32_t wordn)
+{
+    soladdref(makewordref(dictn, wordn), 0);
+    return solutions.count <= solutions.maxsolutions;
+}
+
+bool pagescan(uint32_t dictn, const lengthlist *list, uint32_t page, const anagram &sought)
+{
+    const uint32_t *numbers = pagenumbers(list, page), *sets = pagesets(list, page);
+    bool any = false;
+    for (uint32_t i = 0; i < PAGEWORDS; i++)
+        any |= setallows(sought, sets[i]);
+    for (uint32_t i = 0; any && i < PAGEWORDS; i++) {
+        char word[WORDSIZE];
+        if (!setallows(sought, sets[i]) || !(numbers[i] & ROWSTORED)) continue;
+        rowtext(list, page * PAGEWORDS + i, word);
+        if (isanagram(word, sought.text, sought.length) &&
+            !anagramadd(dictn, numbers[i] & ROWNUMBER))
+            return false;
+    }
+    return true;
+}
+
 // One dictionary; false when the whole search is to end.
-bool dictscananagrams(uint32_t dictn, const char *text, size_t length, int32_t *counter)
+bool dictscananagrams(uint32_t dictn, const anagram &sought)
 {
     const Dictionary *dict = &dicts[dictn].dict;
     dictcursor cursor;
-    if (!dictseek(0, dict, &cursor)) return true;
-    do {
-        if (strlen(cursor.word) == length && isanagram(cursor.word, text, length)) {
-            // A result that memory is too short for is passed over.
-            soladdref(makewordref(dictn, cursor.wordn), 0);
-            if (solutions.count > solutions.maxsolutions) return false;
-        }
-        if ((*counter)++ == 2048) {
-            *counter = 0;
-            if (search.stopflag) return false;
-        }
-    } while (dictnext(dict, &cursor));
+    auto length = static_cast<int32_t>(sought.length);
+    const lengthlist *list = length ? lengthwords(dict, length, dictcount(dict)) : nullptr;
+    for (uint32_t page = 0; list && page < pagecount(list); page++)
+        if (!pagescan(dictn, list, page, sought)) return false;
+    if (list) return true;
+    for (bool more = dictseek(0, dict, &cursor); more; more = dictnext(dict, &cursor))
+        if (strlen(cursor.word) == sought.length &&
+            isanagram(cursor.word, sought.text, sought.length) && !anagramadd(dictn, cursor.wordn))
+            return false;
     return true;
 }
 
@@ -103,10 +144,15 @@ errorblock *anagramscan(char *text)
     size_t length = strlen(text);
     std::sort(text, text + length,
               [](char a, char b) { return static_cast<uint8_t>(a) > static_cast<uint8_t>(b); });
+    char letters[WORDSIZE];
+    char *end = std::remove_copy(text, text + length, letters, '*');
+    const anagram sought = {.text = text,
+                            .length = length,
+                            .stars = static_cast<int32_t>(std::count(text, text + length, '*')),
+                            .set = letterset(letters, static_cast<size_t>(end - letters))};
     searchbusy(true);
-    int32_t counter = 0;
     for (uint32_t i = 0; i < dictset.count; i++)
-        if (!dictscananagrams(dictset.numbers[i], text, length, &counter)) break;
+        if (!dictscananagrams(dictset.numbers[i], sought)) break;
     searchbusy(false);
     return nullptr;
 }

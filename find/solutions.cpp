@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "find/findwindow.h"
 
+#include <algorithm>
 #include <cstring>
 
 solutionslist solutions;
@@ -13,11 +14,17 @@ namespace
 
 constexpr int32_t LISTCHUNK = 2048;
 
-// Room for one more entry of size bytes.
+// Room for one more entry of size bytes. The list grows by a part of itself, so that
+// a million entries are moved a few times and no more.
 errorblock *listgrow(int32_t size)
 {
-    if (solutions.count >= INT32_MAX / size - 1) return makeerror(ERRORMEMORY);
-    return flex_chunk(&solutions.wslist, (solutions.count + 1) * size, LISTCHUNK);
+    int64_t need = (int64_t{solutions.count} + 1) * size;
+    if (solutions.wslist && need < solutions.room) return nullptr;
+    if (need > INT32_MAX - size) return makeerror(ERRORMEMORY);
+    auto bytes = static_cast<int32_t>(need);
+    errorblock *err = flex_chunk(&solutions.wslist, bytes, std::max(LISTCHUNK, bytes / 2));
+    if (!err) flex_size(&solutions.wslist, &solutions.room);
+    return err;
 }
 
 wordref *refat(int32_t entry, int32_t slot)

@@ -14,6 +14,7 @@
 
 struct solutionslist {
     flexptr wslist;    // 0 when empty
+    int32_t room;      // bytes of it
     int32_t count;     // entries
     int32_t slotcount; // words an entry
     int32_t standing;  // the Crossword's entry that was written into the grid, -1 for none

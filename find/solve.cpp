@@ -4,7 +4,7 @@
 #include "base/errorcodes.h"
 #include "base/errors.h"
 #include "find/findwindow.h"
-#include "find/slotwords.h"
+#include "find/slotmatch.h"
 #include "find/solutions.h"
 #include "grid/grid.h"
 
@@ -53,28 +53,17 @@ bool limitpassed()
 
 // A word fits the slot: it completes a solution, or stands in the grid while
 // the later slots are searched.
-void wordfits(level *at, const char *word, wordref ref)
+void wordfits(level *at, slotmatch *match, uint32_t dictn)
 {
-    search.slots[at->slot].word = ref;
+    search.slots[at->slot].word = makewordref(dictn, match->wordn);
     if (lastslot(*at)) {
         solutionadd(at->slot);
         if (limitpassed()) at->counter = -1;
         return;
     }
-    slotwrite(at->slot, word);
+    slotwrite(at->slot, matchtext(match));
     at->counter = solveslot(at->slot + 1);
     slotwrite(at->slot, at->pattern);
-}
-
-// How many letters of the word fit the pattern before the first that doesn't.
-int32_t fitsuntil(const level &at, const char *word)
-{
-    int32_t place = 0;
-    for (; place < at.length; place++) {
-        uint8_t want = static_cast<uint8_t>(at.pattern[place]);
-        if (want != ' ' && charupper(want) != charupper(static_cast<uint8_t>(word[place]))) break;
-    }
-    return place;
 }
 
 // Counts words that were looked at or passed over; true when their number came
@@ -107,21 +96,19 @@ void fullcounted(level *at, uint32_t words)
 }
 
 // The pattern begins with an unknown letter: every word is tried, with its
-// spaces as they are. Polls may not change words, so the walk stays good.
+// spaces as they are. Polls may not change words.
 int32_t fullscan(level *at, uint32_t dictn)
 {
     const Dictionary *dict = &dicts[dictn].dict;
-    dictcursor cursor;
-    slotwalk walk;
+    slotmatch match;
     uint32_t counted = 0;
-    if (!dictseek(0, dict, &cursor)) return at->counter;
-    slotwalkstart(dictn, at->length, cursor, &walk);
-    while (const slotword *row = slotwalknext(&walk)) {
-        if (row->length != at->length || fitsuntil(*at, row->word) < at->length) continue;
-        uint32_t wordn = row->wordn;
+    if (dictisempty(dict)) return at->counter;
+    matchfull(dict, at->pattern, &match);
+    while (matchnext(&match)) {
+        uint32_t wordn = match.wordn;
         fullcounted(at, wordn - counted);
         if (at->counter < 0) return -1;
-        wordfits(at, row->word, makewordref(dictn, wordn));
+        wordfits(at, &match, dictn);
         fullcounted(at, 1);
         if (at->counter < 0) return -1;
         counted = wordn + 1;
@@ -130,50 +117,23 @@ int32_t fullscan(level *at, uint32_t dictn)
     return at->counter;
 }
 
-void closedup(const char *word, char *out)
-{
-    for (; *word; word++)
-        if (*word != ' ') *out++ = *word;
-    *out = 0;
-}
-
-// One word of a prefix scan; false when the words have passed the known
-// letters.
-bool prefixword(level *at, const slotword &row, uint32_t dictn, int32_t known)
-{
-    char word[WORDSIZE];
-    closedup(row.word, word);
-    int32_t place = fitsuntil(*at, word);
-    if (place == at->length) {
-        wordfits(at, word, makewordref(dictn, row.wordn));
-        return true;
-    }
-    uint32_t flags = 0;
-    return place >= known || wordcompare(at->pattern, row.word, known, &flags) >= 0;
-}
-
 // The pattern begins with letters that are known, or has none: words are tried
 // from the first one on that these letters allow, each without its spaces. The
 // counter is this scan's own; it only polls when a poll is due.
 int32_t solveprefix(level at, uint32_t dictn, int32_t prefix)
 {
     const Dictionary *dict = &dicts[dictn].dict;
-    dictcursor cursor;
-    int32_t known = std::min(prefix, INDEXLETTERS);
+    slotmatch match;
     at.counter = 0;
     if (dictisempty(dict)) return 0;
-    dictfromentry(known ? dictentrybelow(at.pattern, known, dict, 0) : 0, dict, &cursor);
-
-    slotwalk walk;
-    slotwalkstart(dictn, at.length, cursor, &walk);
-    uint32_t counted = cursor.wordn;
-    while (const slotword *row = slotwalknext(&walk)) {
-        if (row->closed != at.length) continue;
-        if (wordscounted(&at, row->wordn - counted)) polldue(&at);
-        counted = row->wordn;
-        if (at.counter < 0 || !prefixword(&at, *row, dictn, known)) return at.counter;
+    matchprefix(dict, at.pattern, prefix, &match);
+    uint32_t counted = match.first;
+    for (bool more = true; more; counted = match.wordn) {
+        more = matchnext(&match);
+        if (wordscounted(&at, match.wordn - counted)) polldue(&at);
+        if (at.counter < 0) return at.counter;
+        if (more) wordfits(&at, &match, dictn);
     }
-    if (wordscounted(&at, dictcount(dict) - 1 - counted)) polldue(&at);
     return at.counter;
 }
 
@@ -181,10 +141,9 @@ int32_t solveprefix(level at, uint32_t dictn, int32_t prefix)
 // over the dictionaries.
 bool wholeword(level *at, uint32_t dictn)
 {
-    uint32_t flags = 0;
-    dictcursor cursor;
-    if (!dictfind(at->pattern, &dicts[dictn].dict, &cursor, &flags)) return true;
-    search.slots[at->slot].word = makewordref(dictn, cursor.wordn);
+    uint32_t wordn;
+    if (!matchword(&dicts[dictn].dict, at->pattern, &wordn)) return true;
+    search.slots[at->slot].word = makewordref(dictn, wordn);
     if (lastslot(*at)) {
         solutionadd(at->slot);
         return !limitpassed();
@@ -262,7 +221,6 @@ errorblock *solverun(intptr_t)
     solveslot(0);
     searchbusy(false);
     search.running = 0;
-    slotwordsfree();
     searchend();
     solutionsrefresh();
     return nullptr;

@@ -1,6 +1,7 @@
 // The searches beside their plain tellings, on random grids and dictionaries.
 
 #include "base/random.h"
+#include "dict/wordtables.h"
 #include "find/anagram.h"
 #include "find/solutions.h"
 #include "find/solve.h"
@@ -46,8 +47,9 @@ void randomgrid(std::mt19937 &random)
 }
 
 // Solutions, their order and what the search leaves in its own letters, while the
-// grid's stay. How many there were.
-int32_t solvesagree(int32_t limit)
+// grid's stay; from tables, and from the records with as many polls. How many there
+// were.
+int32_t solvesagree(int32_t limit, int polls = -1)
 {
     solutions.maxsolutions = limit;
     errorblock *err = solvestart();
@@ -57,7 +59,9 @@ int32_t solvesagree(int32_t limit)
     plainsolution told = plainsolve(limit);
     std::vector<std::vector<wordref>> found;
     griddocument before = grid;
+    headless.polls = 0;
     searchrun(nullptr);
+    CHECK((polls < 0 || headless.polls == polls));
     for (int32_t i = 0; i < solutions.count; i++) {
         found.emplace_back();
         for (int32_t slot = 0; slot < solutions.slotcount; slot++)
@@ -67,6 +71,9 @@ int32_t solvesagree(int32_t limit)
     CHECK(memcmp(search.letters, told.letters.data(), sizeof search.letters) == 0);
     CHECK(memcmp(grid.letters, before.letters, sizeof grid.letters) == 0);
     solreset();
+    tablesoff = polls < 0;
+    if (tablesoff) solvesagree(limit, headless.polls);
+    tablesoff = false;
     return static_cast<int32_t>(told.found.size());
 }
 
@@ -147,6 +154,7 @@ TEST_CASE("anagrams agree with counting letters")
     testdict({"ice cream", "Reims", "miser", "can't", "x-ray", std::string(31, 'a')});
     size_t all = 0;
     for (int n = 0; n < 400; n++) {
+        tablesoff = n % 8 == 0;
         std::string text = oneof(random, words);
         std::shuffle(text.begin(), text.end(), random);
         for (uint32_t stars = below(random, 4); stars; stars--)
@@ -163,6 +171,31 @@ TEST_CASE("anagrams agree with counting letters")
         all += found.size();
     }
     CHECK(all > 400);
+    tablesoff = false;
+}
+
+TEST_CASE("tables are those of the words now, and few bytes each")
+{
+    std::mt19937 random(3);
+    testdict(madewords(random, 20000));
+    Dictionary *dict = &dicts[0].dict;
+    auto found = [] {
+        char text[] = "oqzaq";
+        solreset();
+        CHECK_FALSE(anagramscan(text));
+        return solutions.count;
+    };
+    solutions.slotcount = 1;
+    CHECK((tablesbytes(dict) == 0 && found() == 0));
+    CHECK((dictadd("zaqoq", dict) == nullptr && dictadd("Qoqaz", dict) == nullptr && found() == 2));
+    CHECK((dictremove("zaqoq", dict) == 1 && found() == 1));
+    for (int32_t length = 1; length <= WORDLENGTH; length++)
+        CHECK(lengthwords(dict, length, 20000) != nullptr);
+    CHECK(tablesbytes(dict) < int64_t{48} * dictcount(dict));
+    std::swap(static_cast<dictindex *>(dict->index)[1].word[0], // out of step: the plain road
+              static_cast<dictindex *>(dict->index)[2].word[7]);
+    dictchanged(dict);
+    CHECK((lengthwords(dict, 5, 20000) == nullptr && found() == 1));
 }
 
 TEST_CASE("suggestions agree, those with capitals and of the later dictionary too")

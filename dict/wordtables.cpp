@@ -1,0 +1,248 @@
+#include "dict/wordtables.h"
+
+#include "base/chars.h"
+#include "dict/collation.h"
+#include "dict/dictindex.h"
+#include "dict/wordcodes.h"
+
+#include <algorithm>
+#include <cstring>
+
+bool tablesoff;
+
+// Of the store's own record only the anchor is known to others.
+struct wordtables {
+    uint32_t version;         // of the store that they were made from
+    bool sound;               // a walk finds all words, in order, and the index in step
+    uint32_t asked[WORDSIZE]; // words that searches went through for want of a list
+    lengthlist lists[WORDSIZE];
+};
+
+namespace
+{
+
+constexpr int32_t GROWTH = 65536;
+
+wordtables *tablesof(const Dictionary *dict)
+{
+    return static_cast<wordtables *>(dict->tables);
+}
+
+void listfree(lengthlist *list)
+{
+    flex_free(&list->pages);
+    *list = {};
+}
+
+// A page at a time; the block is cut to size behind the last.
+errorblock *pageadd(lengthlist *list)
+{
+    uint32_t page = list->count / PAGEWORDS;
+    auto size = static_cast<int32_t>((page + 1) * pagebytes(list));
+    errorblock *err = flex_chunk(&list->pages, size, std::max(GROWTH, size / 4));
+    if (!err) memset(pagenumbers(list, page), 0, pagebytes(list));
+    return err;
+}
+
+errorblock *rowadd(lengthlist *list, uint32_t number, const char *text)
+{
+    uint32_t page = list->count / PAGEWORDS, row = list->count % PAGEWORDS;
+    errorblock *err = row ? nullptr : pageadd(list);
+    if (err) return err;
+    auto length = static_cast<size_t>(list->length);
+    pagenumbers(list, page)[row] = number;
+    pagesets(list, page)[row] = letterset(text, length);
+    uint8_t *letters = pageletters(list, page, 0) + row;
+    for (size_t i = 0; i < length; i++)
+        letters[i * PAGEWORDS] = static_cast<uint8_t>(text[i]);
+    list->count++;
+    return nullptr;
+}
+
+// A walk over all records. It counts letters as it decodes them, and knows whether
+// it has met a space: what a cursor would have to find out of each word.
+struct tablewalk {
+    const Dictionary *dict;
+    dictcursor at;
+    char before[WORDSIZE]; // the word before
+    uint32_t letters;      // of the word
+    uint32_t shared;       // with the one before
+    bool spaces;           // in this word or in one before it
+};
+
+// To the next word; false behind the last.
+bool walknext(tablewalk *walk)
+{
+    dictcursor *at = &walk->at;
+    const uint8_t *record = dictrecord(walk->dict, at->woff + at->len), *codes = record + 1;
+    if (at->wordn + 1 == walk->dict->nwords || !*codes) return false;
+    memcpy(walk->before, at->word, WORDSIZE);
+    walk->shared = walk->letters = *record & 31u;
+    while (*codes >= ESCAPECODE) {
+        walk->spaces |= codes[0] == ESCAPECODE && codes[1] == ' ';
+        codes = codeexpand(codes, at->word, &walk->letters);
+    }
+    at->word[walk->letters] = 0;
+    at->woff += at->len;
+    at->len = static_cast<uint32_t>(codes - record);
+    at->wordn++;
+    return true;
+}
+
+// A word goes into the list as stored, without its spaces, or both.
+errorblock *wordtake(lengthlist *list, const tablewalk &walk)
+{
+    const char *word = walk.at.word;
+    bool space = walk.spaces && strchr(word, ' ');
+    if (walk.letters == static_cast<uint32_t>(list->length)) {
+        list->mixed += space;
+        return rowadd(list, walk.at.wordn | ROWSTORED | (space ? 0 : ROWCLOSED), word);
+    }
+    if (!space) return nullptr;
+    char closed[WORDSIZE];
+    if (std::remove_copy(word, word + walk.letters, closed, ' ') - closed != list->length)
+        return nullptr;
+    list->mixed++;
+    return rowadd(list, walk.at.wordn | ROWCLOSED, closed);
+}
+
+// Words in order differ first where the later one's prefix count says; to compare
+// there is nearly always enough.
+bool inorder(const tablewalk &walk)
+{
+    auto a = static_cast<uint8_t>(walk.before[walk.shared]);
+    auto b = static_cast<uint8_t>(walk.at.word[walk.shared]);
+    if (collation.fold[a] != collation.fold[b]) return collation.fold[a] < collation.fold[b];
+    uint32_t flags = 0;
+    return !walk.at.wordn || wordcompare(walk.before, walk.at.word, WORDLENGTH, &flags) < 0;
+}
+
+bool entryinstep(const dictindex &entry, const dictcursor &at)
+{
+    return entry.wordn == at.wordn && !strncmp(entry.word, at.word, INDEXLETTERS);
+}
+
+// All words of the list's length, in one walk. It also tells whether the plain
+// searches would find every word: what the tables promise holds only then.
+errorblock *listmake(const Dictionary *dict, lengthlist *list, bool *sound)
+{
+    tablewalk walk = {};
+    uint32_t entry = 0;
+    walk.dict = dict;
+    walk.at.wordn = UINT32_MAX; // the first is next
+    *sound = true;
+    errorblock *err = flex_alloc(&list->pages, 0);
+    while (!err && *sound && walknext(&walk)) {
+        *sound = inorder(walk);
+        if (entry < dict->noindex && dictentries(dict)[entry].woff == walk.at.woff)
+            *sound = *sound && entryinstep(dictentries(dict)[entry++], walk.at);
+        if (walk.letters >= static_cast<uint32_t>(list->length)) err = wordtake(list, walk);
+    }
+    if (!err && *sound) *sound = walk.at.wordn + 1 == dict->nwords && entry == dict->noindex;
+    if (!err)
+        err = flex_extend(&list->pages, static_cast<int32_t>(pagecount(list) * pagebytes(list)));
+    return err;
+}
+
+// The tables of the store as it is; 0 when there is no memory for them.
+wordtables *tablesnow(const Dictionary *dict)
+{
+    wordtables *tables = tablesof(dict);
+    if (tables && tables->version == dict->version) return tables;
+    if (!tables) {
+        if (heap_alloc(&dict->tables, sizeof *tables)) return nullptr;
+        tables = tablesof(dict);
+    }
+    for (lengthlist &list : tables->lists)
+        listfree(&list);
+    tables->version = dict->version;
+    tables->sound = true; // as far as is known
+    memset(tables->asked, 0, sizeof tables->asked);
+    return tables;
+}
+
+} // namespace
+
+uint32_t letterset(const char *text, size_t length)
+{
+    uint32_t bits = 0, sum = 0;
+    for (size_t i = 0; i < length; i++) {
+        uint32_t ch = charupper(static_cast<uint8_t>(text[i]));
+        bits |= 1u << (ch + 13) % 26; // A is 65
+        sum += ch * 0x9E3779B1u;
+    }
+    return bits | (sum & ~LETTERBITS);
+}
+
+const lengthlist *lengthwords(const Dictionary *dict, int32_t length, uint32_t words)
+{
+    if (tablesoff || dictisempty(dict)) return nullptr;
+    wordtables *tables = tablesnow(dict);
+    if (!tables || !tables->sound) return nullptr;
+    lengthlist *list = &tables->lists[length];
+    if (list->pages) return list;
+    tables->asked[length] += words;
+    if (tables->asked[length] < dict->nwords) return nullptr;
+    list->length = length;
+    errorblock *err = listmake(dict, list, &tables->sound);
+    if (!err && tables->sound) return list;
+    listfree(list);
+    return nullptr;
+}
+
+const lengthlist *lengthmade(const Dictionary *dict, int32_t length)
+{
+    const wordtables *tables = tablesof(dict);
+    if (tablesoff || !tables || tables->version != dict->version || !tables->sound) return nullptr;
+    return tables->lists[length].pages ? &tables->lists[length] : nullptr;
+}
+
+void rowtext(const lengthlist *list, uint32_t row, char *text)
+{
+    const uint8_t *letters = pageletters(list, row / PAGEWORDS, 0) + row % PAGEWORDS;
+    for (int32_t i = 0; i < list->length; i++)
+        text[i] = static_cast<char>(letters[i * static_cast<int32_t>(PAGEWORDS)]);
+    text[list->length] = 0;
+}
+
+uint32_t rowbound(const lengthlist *list, const char *text, int32_t letters, bool behind)
+{
+    uint32_t low = 0, high = list->count;
+    while (low < high) {
+        uint32_t middle = (low + high) / 2;
+        const uint8_t *row = pageletters(list, middle / PAGEWORDS, 0) + middle % PAGEWORDS;
+        int order = 0;
+        for (int32_t i = 0; i < letters && !order; i++)
+            order = collation.fold[row[i * static_cast<int32_t>(PAGEWORDS)]] -
+                    collation.fold[static_cast<uint8_t>(text[i])];
+        if (order < 0 || (behind && order == 0))
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+void dictchanged(Dictionary *dict)
+{
+    dict->version++;
+}
+
+void tablesfree(Dictionary *dict)
+{
+    wordtables *tables = tablesof(dict);
+    if (!tables) return;
+    for (lengthlist &list : tables->lists)
+        listfree(&list);
+    heap_free(&dict->tables);
+}
+
+int64_t tablesbytes(const Dictionary *dict)
+{
+    const wordtables *tables = tablesof(dict);
+    if (!tables) return 0;
+    int64_t bytes = sizeof *tables;
+    for (const lengthlist &list : tables->lists)
+        if (list.pages) bytes += int64_t{pagecount(&list)} * pagebytes(&list);
+    return bytes;
+}
