@@ -15,7 +15,7 @@ namespace
 constexpr int32_t LISTCHUNK = 2048;
 
 // Room for one more entry of size bytes. The list grows by a part of itself, so that
-// a million entries are moved a few times and no more.
+// a million entries are moved a few times and no more; where memory is short, by little.
 errorblock *listgrow(int32_t size)
 {
     int64_t need = (int64_t{solutions.count} + 1) * size;
@@ -23,6 +23,7 @@ errorblock *listgrow(int32_t size)
     if (need > INT32_MAX - size) return makeerror(ERRORMEMORY);
     auto bytes = static_cast<int32_t>(need);
     errorblock *err = flex_chunk(&solutions.wslist, bytes, std::max(LISTCHUNK, bytes / 2));
+    if (err && bytes / 2 > LISTCHUNK) err = flex_chunk(&solutions.wslist, bytes, LISTCHUNK);
     if (!err) flex_size(&solutions.wslist, &solutions.room);
     return err;
 }
