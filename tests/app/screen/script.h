@@ -133,7 +133,7 @@ doing shut;             // by its system menu
 doing resize;           // the main window: "500,400"; "max", "min", "back"
 doing wheel;            // so many notches over the list
 doing answer;           // a button, in a box of the system
-doing choose;           // a row and a leaf in a box for files, and OK
+doing choose;           // in a box for files: a row of types, from 1, 0 for none; a leaf; OK
 doing pickcolour;       // a control and "200 100 50": the box it opens, OK
 doing pickfont;         // a control and points
 doing fresh, nextstart; // all as at a first start; reads what a start reads
