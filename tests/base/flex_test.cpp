@@ -135,15 +135,10 @@ TEST_CASE("chunks: the next multiple strictly above, unless the block fits well"
     for (auto [before, size, after] : list) {
         CAPTURE(before);
         flexptr anchor = nullptr;
-        void *plain = nullptr;
         if (before) flex_alloc(&anchor, before);
-        if (before) heap_alloc(&plain, before);
         CHECK(!flex_chunk(&anchor, size, 256));
         CHECK(bytesof(anchor).size() == static_cast<size_t>(after));
-        CHECK(!heap_chunk(&plain, size, 256));
-        std::memset(plain, 1, static_cast<size_t>(after));
         flex_free(&anchor);
-        heap_free(&plain);
     }
 }
 
@@ -173,25 +168,4 @@ TEST_CASE("whoever asked is told of each move, when the block is finished, and o
     CHECK(moves == 6);
     flex_free(&a);
     flex_free(&b);
-}
-
-TEST_CASE("plain allocations")
-{
-    void *pointer = nullptr;
-    CHECK(code(heap_alloc(&pointer, -1)) == ERRORCORRUPTMEMORY);
-    CHECK(code(heap_allocraw(&pointer, -1)) == ERRORMEMORY);
-    CHECK(code(heap_alloc(&pointer, INT32_MAX)) == ERRORMEMORY);
-    CHECK(!heap_free(&pointer));
-    for (auto *make : {heap_alloc, heap_allocraw, heap_realloc}) {
-        CHECK(!make(&pointer, 0));
-        REQUIRE(pointer);
-        *static_cast<char *>(pointer) = 'x';
-        CHECK(!heap_realloc(&pointer, 3));
-        flexfailafter(0);
-        CHECK(code(heap_realloc(&pointer, 100)) == ERRORMEMORY);
-        CHECK(code(heap_realloc(&pointer, -1)) == ERRORCORRUPTMEMORY);
-        CHECK(*static_cast<char *>(pointer) == 'x');
-        heap_free(&pointer);
-        CHECK(!pointer);
-    }
 }

@@ -39,7 +39,6 @@ TEST_CASE("how a catalogue is read")
         {"A:b\nKEY:\n", "KEY", "="},
         {"A:b\nKEY\n", "KEY", "="},
         {"A:b\n:c", "", "="},
-        {"KEY:\nA:b", "KEY", ""}, // only the last is dropped
         {"A:1\r\n\r\n\n\n B:2\r\nC:3\r\n", " B", "2"},
         {"\r\n\nA:x//y\n", "A", "x//y"},
         {"/A:b\n", "/A", "b"},
@@ -60,8 +59,6 @@ TEST_CASE("how a catalogue is read")
         CHECK(!inittrans());
         CHECK(!add(row.text));
         CHECK(token(row.key) == expected);
-        CHECK(!add("ZZ:last")); // the store is well to be added to
-        CHECK(token("ZZ") == "last");
 
         inittrans();
         place.write("read.txt", row.text);
@@ -142,11 +139,4 @@ TEST_CASE("formatting into a buffer")
     CHECK(!format(sizeof buffer, buffer, longest.c_str()));
     CHECK(code(format(sizeof buffer, buffer, (longest + "x").c_str())) == ERRORMAXSTRING);
     CHECK(std::string(buffer) == std::string(29, 'x'));
-}
-
-TEST_CASE("the program's own catalogue")
-{
-    REQUIRE(!addtrans(RESOURCESFOLDER, "Messages.txt"));
-    CHECK(expanded("{EREPDEC}") == "Repeated decimal point");      // the first entry
-    CHECK(expanded("{COPY}") == "(c) 2026 The Quillmere authors"); // the last
 }

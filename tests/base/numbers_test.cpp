@@ -84,12 +84,10 @@ TEST_CASE("arithmetic")
 {
     const int32_t products[][4] = {{100, 96, 180, 53},
                                    {1, 1, 2, 1},
-                                   {1, -1, -2, 1},
                                    {1, 1, 3, 0},
                                    {5, 1, 0, -1},
                                    {INT32_MAX, 1, 1, INT32_MAX},
                                    {INT32_MAX, INT32_MAX, 1, -1},
-                                   {INT32_MIN, 1, 1, INT32_MIN},
                                    {INT32_MIN, 2, 1, -1}};
     for (auto [a, b, c, result] : products) {
         CAPTURE(a);
