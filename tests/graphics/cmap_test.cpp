@@ -8,8 +8,6 @@
 
 #include <doctest/doctest.h>
 
-#include <vector>
-
 namespace
 {
 
@@ -83,23 +81,6 @@ TEST_CASE("glyphs of letters, and what the trace is told of others")
     fontof("");
     CHECK(cmapglyph(0, 'A') == 0);
     CHECK(headless.tracetext == "no Unicode cmap\r\n");
-}
-
-TEST_CASE("a subtable is read in two calls")
-{
-    const std::string subtable = corpus("unicode").substr(12);
-    fontof(corpus("unicode"));
-    int32_t size = static_cast<int32_t>(subtable.size()), required = -1, encoding = -1;
-    std::vector<uint16_t> buffer(subtable.size() / 2, 0xEEEE);
-    CHECK(cmapload(0, nullptr, size, &required, nullptr) == 0);
-    CHECK(required == size);
-    CHECK(cmapload(0, buffer.data(), size - 1, &required, nullptr) == 0);
-    CHECK(buffer[0] == 0xEEEE);
-    CHECK(cmapload(0, buffer.data(), size, &required, &encoding) == 1);
-    CHECK(encoding == CMAPUNICODE);
-    for (size_t i = 0; i < buffer.size(); i++)
-        CHECK(buffer[i] == static_cast<uint8_t>(subtable[2 * i]) * 256 +
-                               static_cast<uint8_t>(subtable[2 * i + 1]));
 }
 
 TEST_CASE("short memory is an error of the ranges, and no glyph")

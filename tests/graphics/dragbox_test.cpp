@@ -1,7 +1,6 @@
 #include "graphics/dragboxstate.h"
 
 #include "graphics/modeinfo.h"
-#include "graphics/plot.h"
 
 #include <doctest/doctest.h>
 
@@ -99,15 +98,5 @@ TEST_CASE("whatever happens in a drag, one box is on the screen or none")
             draws >> 16 & 3 ? s.move(x, y) : s.draw(dragstatetoggle());
             CHECK(s.places.size() == (dragstate.shown ? 1 : 0));
         }
-    }
-}
-
-TEST_CASE("the ring of points")
-{
-    for (int32_t i = 1; i <= 6; i++)
-        plotenter({i, -i});
-    for (int32_t back = 0; back < 4; back++) {
-        CHECK(plotlast(back).x == 6 - back);
-        CHECK(plotlast(back).y == back - 6);
     }
 }

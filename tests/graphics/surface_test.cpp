@@ -107,11 +107,6 @@ TEST_CASE("an origin falls out at the normal unit, and is what a zoom leaves in 
 {
     surface *s = drawn(100, -50);
     CHECK(device(100, -50) == at{53, 27});
-    for (int32_t x = -1000; x <= 1000; x += 7) {
-        double exact = x * 96 / 180.0; // two roundings, of the shift and of the rest
-        CHECK(std::abs(device(x, x).first - exact) < 1.5);
-        CHECK(std::abs(device(x, x).second + exact) < 1.5);
-    }
     surfacesetunits(90, 360); // twice as large, half as large
     CHECK(device(50, -100) == at{53, 27});
     CHECK(device(50 + 90, -100 - 360) == at{53 + 96, 27 + 96});
@@ -165,34 +160,20 @@ TEST_CASE("a view moves by whole pixels, at any scale and whatever is set later"
     }
 }
 
-TEST_CASE("initialised, a surface has nothing; in the chain it has its neighbours")
+TEST_CASE("in the chain a surface has its neighbours")
 {
-    surface s = {};
-    s.pen = s.savedpen = s.brush = s.savedbrush = s.font = s.savedfont = 1;
-    s.originx = s.originy = s.viewx = s.viewy = 5;
-    modeinfo.xdpi = 72;
-    modeinfo.ydpi = 144;
-    surfaceinit(&s);
-    CHECK((s.pen | s.savedpen | s.brush | s.savedbrush | s.font | s.savedfont) == 0);
-    CHECK((s.originx | s.originy | s.viewx | s.viewy) == 0);
-    CHECK(at{s.scalex, s.scaley} == at{72, 144});
-
     surface *a, *b, *c, *none = nullptr;
     REQUIRE_FALSE(surfacenew(&a));
     REQUIRE_FALSE(surfacenew(&b));
     REQUIRE_FALSE(surfacenew(&c));
-    CHECK(surfaces == c);
-    CHECK(a->prev == b);
-    CHECK_FALSE(c->prev);
+    CHECK((surfaces == c && a->prev == b && !c->prev));
     surfacefree(b);
-    CHECK(c->next == a);
-    CHECK(a->prev == c);
+    CHECK((c->next == a && a->prev == c));
     flexfailafter(0);
     CHECK(codeof(surfacenew(&none)) == ERRORMEMORY);
     CHECK_FALSE(none);
     surfacefree(c);
-    CHECK(surfaces == a);
-    CHECK_FALSE(a->prev);
+    CHECK((surfaces == a && !a->prev));
     surfacefree(a);
     CHECK_FALSE(surfaces);
 }
