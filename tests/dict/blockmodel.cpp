@@ -50,7 +50,7 @@ size_t shared(const std::string &a, const std::string &b)
 
 size_t head(const blockmodel &model, size_t n)
 {
-    return n ? shared(model.words[n - 1]->text, model.words[n]->text) : 0;
+    return n ? shared(model.words[n - 1].text, model.words[n].text) : 0;
 }
 
 // The first code that stands for all of rest; or else for a part of it at its front.
@@ -69,6 +69,7 @@ const modelcode *findcode(const std::string &rest)
 const std::string &codesof(const std::string &letters)
 {
     static std::unordered_map<std::string, std::string> known;
+    if (known.size() > 50000) known.clear(); // a fuzzer runs for hours
     auto [place, fresh] = known.try_emplace(letters);
     std::string &codes = place->second, rest = letters;
     while (fresh && !rest.empty()) {
@@ -156,52 +157,42 @@ void entriesremove(blockmodel *model, uint32_t n)
     bool carried = model->entries[entry] == n;
     for (size_t i = entry + 1; i < model->entries.size(); i++)
         model->entries[i]--;
-    if (n == count) { // it was the last
-        if (carried)
-            remove(model, entry);
-        else
-            merge(model, entry);
-    } else if (n == 0 && model->entries.size() > 1 && model->entries[1] == 0) {
-        remove(model, 1); // its follower had one of its own
-    } else if (!carried || settle(model, entry, count)) {
-        merge(model, entry);
+    bool nextcarried = entry + 1 < model->entries.size() && model->entries[entry + 1] == n;
+    if (n == count && carried) { // it was the last
+        remove(model, entry);
+    } else if (carried && nextcarried) {
+        remove(model, entry);
+        settle(model, entry, count);
+    } else {
+        if (nextcarried) settle(model, entry + 1, count);
+        if (n == count || !carried || settle(model, entry, count)) merge(model, entry);
     }
 }
 
 std::string modelkey(std::string word)
 {
-    static const std::string lowers = "'- 0123456789abcde\xE9"
+    static const std::string lowers = "'- !0123456789abcde\xE9"
                                       "fghijklmnopqrstuvwxyz";
-    static const std::string uppers = "'- 0123456789ABCDE\xC9"
+    static const std::string uppers = "'- !0123456789ABCDE\xC9"
                                       "FGHIJKLMNOPQRSTUVWXYZ";
     for (char &ch : word)
         ch = static_cast<char>('A' + std::min(lowers.find(ch), uppers.find(ch)));
     return word;
 }
 
-const modelword *interned(const std::string &text)
-{
-    static std::unordered_map<std::string, modelword> known;
-    auto [place, fresh] = known.try_emplace(text);
-    if (fresh) place->second = {text, modelkey(text)};
-    return &place->second;
-}
-
 std::string record(const blockmodel &model, size_t n)
 {
     size_t count = head(model, n);
-    return static_cast<char>(count) + codesof(model.words[n]->text.substr(count));
+    return static_cast<char>(count) + codesof(model.words[n].text.substr(count));
 }
 
 } // namespace
 
 size_t blockplace(const blockmodel &model, const std::string &word, bool *there)
 {
-    const std::string &key = interned(word)->key;
-    auto place =
-        std::lower_bound(model.words.begin(), model.words.end(), key,
-                         [](const modelword *a, const std::string &b) { return a->key < b; });
-    *there = place != model.words.end() && (*place)->key == key;
+    const std::string key = modelkey(word);
+    auto place = std::ranges::lower_bound(model.words, key, {}, &modelword::key);
+    *there = place != model.words.end() && place->key == key;
     return static_cast<size_t>(place - model.words.begin());
 }
 
@@ -209,9 +200,10 @@ void blockadd(blockmodel *model, const std::string &word)
 {
     bool there;
     size_t n = blockplace(*model, word, &there);
-    if (there && model->words[n]->text == word) return;
+    if (there && model->words[n].text == word) return;
     if (there) blockremove(model, word);
-    model->words.insert(model->words.begin() + static_cast<std::ptrdiff_t>(n), interned(word));
+    model->words.insert(model->words.begin() + static_cast<std::ptrdiff_t>(n),
+                        {word, modelkey(word)});
     entriesadd(model, static_cast<uint32_t>(n));
 }
 
@@ -224,6 +216,7 @@ bool blockremove(blockmodel *model, const std::string &word)
     entriesremove(model, static_cast<uint32_t>(n));
     return true;
 }
+
 std::string modelwords(const blockmodel &model)
 {
     std::string bytes;
@@ -242,7 +235,7 @@ std::string modelindex(const blockmodel &model)
         for (size_t number : {woff, n})
             for (int shift = 0; shift < 32; shift += 8)
                 bytes += static_cast<char>(number >> shift);
-        std::string letters = model.words[n]->text.substr(0, 8);
+        std::string letters = model.words[n].text.substr(0, 8);
         letters.resize(8);
         bytes += letters;
     }

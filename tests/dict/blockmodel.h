@@ -13,14 +13,14 @@
 #include <vector>
 
 // A word and its place in the order: the same key for words that differ only in
-// case. One for each text, kept for ever.
+// case.
 struct modelword {
     std::string text;
     std::string key;
 };
 
 struct blockmodel {
-    std::vector<const modelword *> words;
+    std::vector<modelword> words;
     std::vector<uint32_t> entries; // word numbers
 };
 
@@ -28,7 +28,8 @@ struct blockmodel {
 size_t blockplace(const blockmodel &model, const std::string &word, bool *there);
 
 // As dictadd and dictremove. Words must be ones that any store can hold, of
-// apostrophe, hyphen, space, ASCII digits and letters, and the accented e.
+// apostrophe, hyphen, space, exclamation mark, ASCII digits and letters, and the
+// accented e.
 void blockadd(blockmodel *model, const std::string &word);
 bool blockremove(blockmodel *model, const std::string &word);
 

@@ -1,102 +1,95 @@
-// Words going in and out of the store, against a model of it that is a sorted
-// map. The input is a program: a byte that chooses the letters and how wild the
-// words may be, then steps.
+// Words going in and out of the store, against the model of its blocks. The input
+// is a program: a byte that chooses the letters and how wild the words may be, then
+// steps.
 //
 // Tame words are few enough in letters, and in letters without a code, that the
-// format stores each of them; after every step the store must agree with the
-// model, and every invariant of dictionary.h must hold, by dictverify. Wild words
-// are of any shape up to beyond what the format takes: neighbours that it misreads,
-// words that it drops. Those must do no harm, and what comes of them must save and
-// load.
+// format stores each of them; the store must agree with the model to the byte, and
+// every invariant of dictionary.h must hold, by dictverify. Wild words are of any
+// shape up to beyond what the format takes: neighbours that it misreads, words that
+// it drops. Those must do no harm, and what comes of them must save and load.
 
+#include "base/flex.h"
 #include "dict/dictfile.h"
 #include "dict/dictionary.h"
 #include "dict/dictverify.h"
+#include "dict/storecheck.h"
+#include "tests/dict/blockmodel.h"
 #include "tests/fuzz/fuzz.h"
 
 #include <cstring>
-#include <iterator>
-#include <map>
 
 namespace
 {
 
-// In the order of the store, letters of one fold beside each other; as its
-// header tells, told here anew.
-constexpr char LETTERS[] = "aAbBeE\xE9\xC9"
-                           "ggiilnosTtzz";
-constexpr char SIGNS[] = "'- !1aAeEns";
-constexpr char ORDER[] = "'- !1aAbBeE\xE9\xC9gilnosStTz";
-constexpr char UPPER[] = "'- !1AABBEE\xC9\xC9GILNOSSTTZ";
-constexpr char UNCODED[] = " !"; // two bytes each
+using alphabet = std::vector<std::string>;
 
-constexpr size_t MOSTWORDS = 700; // enough for a handful of index entries
-constexpr size_t TAMELENGTH = 30; // two of these share 29 letters at the most
+// Letters with many neighbours that differ in case; signs, some of which a fast
+// search passes over; pieces of real words, whose endings have codes of their own.
+const alphabet LETTERS = {"a", "A", "b", "B", "e", "E", "\xE9", "\xC9", "g", "g",
+                          "i", "i", "l", "n", "o", "s", "T",    "t",    "z", "z"};
+const alphabet SIGNS = {"'", "-", " ", "!", "1", "a", "A", "e", "E", "n", "s"};
+const alphabet PIECES = {"ba",  "ter", "ing", "co", "re",  "sta", "le", "nt",    "o",   "si",
+                         "Mac", "e",   "ous", "th", "ati", "'on", "-",  "ility", "nce", "s"};
 
-using wordmodel = std::map<std::string, std::string>; // fold key to word
+constexpr size_t MOSTWORDS = 1500; // enough for a dozen index entries and more
+constexpr size_t TAMELENGTH = 30;  // two of these share 29 letters at the most
+constexpr int WATCHED = 100;       // steps after each of which all is looked at
 
 struct session {
     Dictionary dict;
-    wordmodel model;
+    blockmodel model;
     std::string last; // the word before, whose front the next may take
-    const char *letters;
+    const alphabet *letters;
     bool wild;
-    bool fast; // no letter that a fast search passes over
 };
-
-std::string foldkey(const std::string &word)
-{
-    std::string key;
-    for (char ch : word) {
-        char upper = UPPER[std::strchr(ORDER, ch) - ORDER];
-        key += static_cast<char>(1 + (std::strchr(UPPER, upper) - UPPER));
-    }
-    return key;
-}
 
 bool tame(const std::string &word)
 {
     size_t bytes = 1;
     for (char ch : word)
-        bytes += std::strchr(UNCODED, ch) ? 2 : 1;
+        bytes += ch == ' ' || ch == '!' ? 2 : 1; // without a code
     return !word.empty() && word.size() <= TAMELENGTH && bytes < WORDSIZE;
+}
+
+std::string block(const flexptr &anchor)
+{
+    int32_t size = 0;
+    if (anchor) flex_size(&anchor, &size);
+    return std::string(static_cast<const char *>(anchor), static_cast<size_t>(size));
 }
 
 void checkstore(const session &run)
 {
     char fault[128];
     FUZZCHECK(!dictverify(&run.dict, fault, sizeof fault));
-    FUZZCHECK(dictcount(&run.dict) == run.model.size());
-    dictcursor cursor;
-    bool more = dictseek(0, &run.dict, &cursor);
-    for (const auto &[key, word] : run.model) {
-        FUZZCHECK(more && word == cursor.word);
-        more = dictnext(&run.dict, &cursor);
-    }
-    FUZZCHECK(!more);
+    FUZZCHECK(!storecheck(&run.dict));
+    FUZZCHECK(dictcount(&run.dict) == run.model.words.size());
+    FUZZCHECK(block(run.dict.words) == modelwords(run.model));
+    FUZZCHECK(block(run.dict.index) == modelindex(run.model));
 }
 
+// The word's neighbourhood, by every road that leads there.
 void checkfind(const session &run, const std::string &word)
 {
-    auto at = run.model.lower_bound(foldkey(word));
-    bool there = at != run.model.end() && at->first == foldkey(word);
-    uint32_t differs = there && at->second != word ? FINDCASEDIFFERS : 0;
+    bool there;
+    size_t n = blockplace(run.model, word, &there);
+    if (!there && n) n--; // at the word below, or at the first
     dictcursor cursor;
     for (uint32_t option : {fastfind, 0u}) {
-        if (option && !run.fast) continue;
+        if (option && run.letters == &SIGNS) continue;
         uint32_t flags = option;
         FUZZCHECK(dictfind(word.c_str(), &run.dict, &cursor, &flags) == there);
-        if (there) FUZZCHECK((flags & FINDCASEDIFFERS) == differs);
-        char text[WORDSIZE];
-        if (there && option) dictfound(text);
-        if (there && option) FUZZCHECK(at->second == text);
+        if (!there) continue;
+        const std::string &text = run.model.words[n].text;
+        char stored[WORDSIZE];
+        if (option) dictfound(stored);
+        if (option) FUZZCHECK(text == stored);
+        FUZZCHECK((flags & FINDCASEDIFFERS) == (text == word ? 0 : FINDCASEDIFFERS));
     }
-    if (run.model.empty()) return;
-    // Not there: at the word below, or at the first.
-    if (!there && at != run.model.begin()) --at;
-    auto rank = static_cast<uint32_t>(std::distance(run.model.begin(), at));
-    FUZZCHECK(at->second == cursor.word);
-    FUZZCHECK(cursor.wordn == rank && at->second == dictword(rank, &run.dict));
+    if (run.model.words.empty()) return;
+    const std::string &text = run.model.words[n].text;
+    FUZZCHECK(text == cursor.word && cursor.wordn == n);
+    FUZZCHECK(text == dictword(static_cast<uint32_t>(n), &run.dict));
 }
 
 // The front of the word before, and letters behind it.
@@ -104,9 +97,8 @@ std::string nextword(session *run, fuzzfeed *feed)
 {
     uint8_t shape = fuzzbyte(feed);
     std::string word = run->last.substr(0, shape % 32u);
-    size_t most = std::strlen(run->letters);
     for (int n = shape / 32u; n >= 0; n--)
-        word += run->letters[fuzzbyte(feed) % most];
+        word += (*run->letters)[fuzzbyte(feed) % run->letters->size()];
     if (!run->wild)
         while (!word.empty() && !tame(word))
             word.pop_back();
@@ -117,55 +109,52 @@ std::string nextword(session *run, fuzzfeed *feed)
 
 void add(session *run, const std::string &word)
 {
-    if (run->model.size() >= MOSTWORDS) return;
-    errorblock *err = dictadd(word.c_str(), &run->dict);
-    FUZZCHECK(!err);
-    run->model[foldkey(word)] = word;
+    if (dictcount(&run->dict) >= MOSTWORDS) return;
+    FUZZCHECK(!dictadd(word.c_str(), &run->dict));
+    if (!run->wild) blockadd(&run->model, word);
 }
 
+// Needs no memory, unless the last word goes.
 void remove(session *run, const std::string &word)
 {
-    int removed = dictremove(word.c_str(), &run->dict);
-    size_t erased = run->model.erase(foldkey(word));
-    if (!run->wild) FUZZCHECK(static_cast<size_t>(removed) == erased);
+    flexfailafter(!run->wild && dictcount(&run->dict) > 1 ? 0 : -1);
+    bool removed = dictremove(word.c_str(), &run->dict);
+    flexfailafter(-1);
+    if (!run->wild) FUZZCHECK(removed == blockremove(&run->model, word));
 }
 
 // Words that differ in their last two letters: fills spans quickly, with long
 // shared fronts or without.
 void addmany(session *run, const std::string &front, uint8_t many)
 {
-    size_t most = std::strlen(run->letters);
+    size_t most = run->letters->size();
     for (size_t n = 0; n < many; n++) {
-        std::string word = front;
-        word += run->letters[n / most % most];
-        word += run->letters[n % most];
+        std::string word = front + (*run->letters)[n / most % most] + (*run->letters)[n % most];
         if (run->wild || tame(word)) add(run, word);
     }
 }
 
-// By number: the first, the last, any. From the model when it holds.
+// By number: the first, the last, any.
 void removeat(session *run, uint32_t n, int many)
 {
     for (; many > 0 && dictcount(&run->dict); many--)
         remove(run, std::string(dictword(n % dictcount(&run->dict), &run->dict)));
 }
 
-void step(session *run, fuzzfeed *feed)
+void step(session *run, fuzzfeed *feed, bool watched)
 {
     uint8_t kind = fuzzbyte(feed);
     std::string word;
+    if (kind % 6 < 4) word = nextword(run, feed);
     switch (kind % 6) {
     case 0:
     case 1:
-        word = nextword(run, feed);
         add(run, word);
         break;
     case 2:
-        word = nextword(run, feed);
         remove(run, word);
         break;
     case 3:
-        word = nextword(run, feed);
         addmany(run, word, fuzzbyte(feed));
         break;
     case 4:
@@ -176,11 +165,20 @@ void step(session *run, fuzzfeed *feed)
             removeat(run, dictcount(&run->dict) - 1, 1);
         break;
     }
+    if (run->wild) return;
     if (word.empty()) word = run->last + "a";
-    if (!run->wild) {
-        checkstore(*run);
-        checkfind(*run, tame(word) ? word : "a");
+    if (watched) checkstore(*run);
+    checkfind(*run, tame(word) ? word : "a");
+}
+
+// From the front, the end and the middle, down to nothing.
+void empty(session *run)
+{
+    for (uint32_t n = 0; uint32_t count = dictcount(&run->dict); n++) {
+        removeat(run, n % 3 == 0 ? 0 : n % 3 == 1 ? count - 1 : count / 3, 1);
+        if (n % 50 == 0) checkstore(*run);
     }
+    checkstore(*run);
 }
 
 // What a wild store is still asked for: to be walked and searched safely.
@@ -198,13 +196,6 @@ void checkwild(const session &run)
         uint32_t flags = option;
         dictfind(run.last.c_str(), &run.dict, &cursor, &flags);
     }
-}
-
-std::string block(const flexptr &anchor)
-{
-    int32_t size;
-    flex_size(&anchor, &size);
-    return std::string(static_cast<const char *>(anchor), static_cast<size_t>(size));
 }
 
 // Every store that editing can make loads as what it was.
@@ -225,13 +216,12 @@ void fuzztarget(fuzzfeed feed)
 {
     session run = {};
     uint8_t manner = fuzzbyte(&feed);
-    run.letters = manner & 1 ? SIGNS : LETTERS;
-    run.fast = !(manner & 1);
+    run.letters = manner & 4 ? &PIECES : manner & 1 ? &SIGNS : &LETTERS;
     run.wild = manner & 2;
     FUZZCHECK(!dictempty(&run.dict));
-    for (int steps = 0; feed.size && steps < 100; steps++)
-        step(&run, &feed);
-    if (run.wild) checkwild(run);
+    for (int steps = 0; feed.size; steps++)
+        step(&run, &feed, steps < WATCHED || steps % 20 == 0);
     checksave(run);
+    run.wild ? checkwild(run) : empty(&run);
     dictfree(&run.dict);
 }
