@@ -105,20 +105,6 @@ TEST_CASE("exclusive-or turns one colour into the other, by colour, index or bot
     CHECK(nearestcolour(0) == 0);
 }
 
-TEST_CASE("sixteen colours become 256, whose index decides its bits")
-{
-    words colours = library();
-    CHECK(words{colours[0], colours[255], colours[4], colours[0x10]} ==
-          words{0, 0xffffff00, 0x00004400, 0x00008800});
-    CHECK(words{colours[0x20], colours[0x40], colours[0x80]} ==
-          words{0x00440000, 0x00880000, 0x88000000});
-    paletteentry entries[256];
-    paletteidentityentries(256, entries);
-    for (int i = 0; i < 256; i++)
-        CHECK(entries[i].red + entries[i].green + entries[i].blue == i);
-    CHECK(entries[200].flags == 2);
-}
-
 TEST_CASE("a palette keeps the system's twenty colours in place, or the first sixteen")
 {
     // Twenty of the library's own: what remains is the other 236, each once.
@@ -136,12 +122,6 @@ TEST_CASE("a palette keeps the system's twenty colours in place, or the first si
     std::sort(all.begin(), all.end());
     std::sort(colours.begin(), colours.end());
     CHECK(all == colours);
-    // What is removed is filled with the last that remains.
-    std::fill_n(modeinfo.systempalette, 256, 0u); // black, all twenty
-    all = entriesof(256, &flags);
-    CHECK(all[10] == library()[255]);
-    CHECK(all[11] == library()[254]); // of the darkest grey
-
     std::fill_n(modeinfo.systempalette, 256, 0xAB00CD00u);
     flags.clear();
     all = entriesof(64, &flags);

@@ -67,21 +67,3 @@ TEST_CASE("font substitutes are sorted, and cut at their commas")
                            {"\xFETms Rmn", "MS Serif"},
                            {"\xFEZero", ""}});
 }
-
-TEST_CASE("font substitutes and short memory")
-{
-    addedvalues values;
-    values.add("", std::string(100, 'x'));
-    int n = 0;
-    for (errorblock *err = makeerror(ERRORMEMORY); err; n++) {
-        fontsubstitute *table;
-        int32_t count = -1;
-        flexfailafter(n);
-        err = fontsubstitutes(&table, &count);
-        flexfailafter(-1);
-        CHECK(!table == (err != nullptr));
-        void *memory = table;
-        if (!err) heap_free(&memory);
-    }
-    CHECK(n > 3);
-}
