@@ -124,12 +124,10 @@ TEST_CASE("the end of data is no error but to an exact read")
     stream file(place.path("f"), "r");
     int32_t byte;
     char data[4];
-    CHECK(!bpeek(&file, &byte));
-    CHECK(byte == 'a');
+    CHECK((!bpeek(&file, &byte) && byte == 'a'));
     CHECK(!bskip(&file, 1));
     CHECK(code(breadall(&file, data, 2)) == ERRORREAD);
-    CHECK(!bgetc(&file, &byte));
-    CHECK(byte == -1);
+    CHECK((!bgetc(&file, &byte) && byte == -1));
     CHECK(code(bskip(&file, -3)) == ERRORREAD);
     CHECK(byteat(&file, 0x7fffffff) == -1);
     CHECK(code(bskip(&file, 1)) == ERRORREAD);
@@ -163,10 +161,8 @@ TEST_CASE("numbers lie lowest byte first, lines end in two bytes")
 
     stream in(place.path("f"), "r");
     uint32_t word = 0xFFFFFFFF;
-    CHECK(!bread32(&in, &word));
-    CHECK(word == 0x80010203);
-    CHECK(!bread16(&in, &word));
-    CHECK(word == 0x2345);
+    CHECK((!bread32(&in, &word) && word == 0x80010203));
+    CHECK((!bread16(&in, &word) && word == 0x2345));
 }
 
 TEST_CASE("lines end in CR, LF or a pair of them, or at the buffer's size less one")
@@ -208,12 +204,10 @@ TEST_CASE("a stream and blocks read from a transfer or a file, and write to it")
     bool done;
     char data[700];
     CHECK(!saveblock(path.c_str(), 0xFFF, "hello", 5));
-    CHECK(!loadblockopen(path.c_str(), &size));
-    CHECK(size == 5);
+    CHECK((!loadblockopen(path.c_str(), &size) && size == 5));
     CHECK(code(loadblockread(path.c_str(), data, 4, &count, &done)) == ERRORMEMORY);
     CHECK(!loadblockread(path.c_str(), data, 5, &count, &done));
-    CHECK(std::string(data, static_cast<size_t>(count)) == "hello");
-    CHECK(done == 1);
+    CHECK((std::string(data, static_cast<size_t>(count)) == "hello" && done));
     CHECK(code(loadblockopen(place.path("none").c_str(), &size)) == ERRORNOTFOUND);
 
     ramreadset(bytes.data(), 700);
@@ -222,12 +216,10 @@ TEST_CASE("a stream and blocks read from a transfer or a file, and write to it")
         CHECK(get(&file, 650) == bytes.substr(0, 650));
         CHECK(byteat(&file, 3) == static_cast<uint8_t>(bytes[3]));
     }
-    CHECK(!loadblockopen("none", &size));
-    CHECK(size == 700); // rewound
+    CHECK((!loadblockopen("none", &size) && size == 700)); // rewound
     for (bool last : {false, true}) {
         CHECK(!loadblockread("none", data + (last ? 500 : 0), 500, &count, &done));
-        CHECK(count == (last ? 200 : 500));
-        CHECK(done == last);
+        CHECK((count == (last ? 200 : 500) && done == last));
     }
     CHECK(std::string(data, 700) == bytes.substr(0, 700));
     CHECK(!loadblockclose(nullptr));
@@ -270,8 +262,7 @@ TEST_CASE("a safe save: whatever step fails, the old file is whole and nothing e
             CHECK(code(err) == 31);
             CHECK(stands());
         }
-    CHECK(place.read("f") == std::string(1000, 'x'));
-    CHECK(!place.has("f.~new"));
+    CHECK((place.read("f") == std::string(1000, 'x') && !place.has("f.~new")));
     platformfault = {};
     place.write("f", "old");
     flexfailafter(0);

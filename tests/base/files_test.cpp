@@ -78,13 +78,10 @@ TEST_CASE("a file's record tells its kind, length and time, which can be set")
     std::string path = place.path("a.txt"), b = place.path("b"), none = place.path("none");
     fileinfo was = infoof("\"" + path + "\""), info = was;
     CHECK(infoof(none).objecttype == OBJECTNONE);
-    CHECK(was.objecttype == OBJECTFILE);
-    CHECK(was.length == 5);
+    CHECK((was.objecttype == OBJECTFILE && was.length == 5 && !isreadonly(was)));
     CHECK((was.loadaddress >> 8) == 0xFFFFFD);
     CHECK(timefromfileinfo(&was, &time) == 1);
-    CHECK(timecompare(&time, &before) == 1);
-    CHECK(timecompare(&after, &time) == 1);
-    CHECK(!isreadonly(was));
+    CHECK((timecompare(&time, &before) == 1 && timecompare(&after, &time) == 1));
     CHECK(infoof(place.folder).objecttype == OBJECTDIRECTORY);
     CHECK(fileexists(place.folder.c_str(), "a.txt") == 1);
 
@@ -92,8 +89,7 @@ TEST_CASE("a file's record tells its kind, length and time, which can be set")
     timetofileinfo(&info, &time);
     CHECK(!filesettime(path.c_str(), &info));
     fileinfo now = infoof(path);
-    CHECK(now.execaddress == time.low);
-    CHECK((now.loadaddress & 0xFF) == time.high);
+    CHECK((now.execaddress == time.low && (now.loadaddress & 0xFF) == time.high));
     CHECK(filetimecompare(&now, &was, 100) == -1);
     info.execaddress = now.execaddress + 50;
     CHECK(filetimecompare(&now, &info, 50) == 0);
@@ -134,12 +130,9 @@ TEST_CASE("modes of opening")
     CHECK(!filewriteat(handle, 1, "EL", 2));
     for (int32_t want : {int{'l'}, int{'o'}, -1}) {
         int32_t byte, position, end;
-        CHECK(!filegetc(handle, &byte));
-        CHECK(byte == want);
-        CHECK(!filetell(handle, &position));
-        CHECK(position == (want == 'l' ? 4 : 5));
-        CHECK(!fileateof(handle, &end));
-        CHECK(end == (want != 'l'));
+        CHECK((!filegetc(handle, &byte) && byte == want));
+        CHECK((!filetell(handle, &position) && position == (want == 'l' ? 4 : 5)));
+        CHECK((!fileateof(handle, &end) && end == (want != 'l')));
     }
     char data[4] = "";
     CHECK(code(filereadat(handle, 3, data, 3)) == ERRORREAD);
@@ -183,8 +176,7 @@ TEST_CASE("objects are renamed, replaced and deleted")
     CHECK(filerename(a.c_str(), b.c_str())); // never over another file
     CHECK(place.read("b") == "old");
     CHECK(!filereplace(a.c_str(), b.c_str()));
-    CHECK(place.read("b") == "new");
-    CHECK(!place.has("a"));
+    CHECK((place.read("b") == "new" && !place.has("a")));
     CHECK(!filerename(b.c_str(), a.c_str()));
     CHECK(!filereplace(a.c_str(), b.c_str())); // nothing there to replace
     CHECK(filereplace(a.c_str(), b.c_str()));

@@ -55,8 +55,7 @@ TEST_CASE("checked copies: what just fits fits, and the rest is an error and a c
     char *copy = nullptr;
     flexfailafter(0);
     CHECK(code(strnew("text", &copy)) == ERRORMEMORY);
-    CHECK(!strnew("text", &copy));
-    CHECK(std::string(copy) == "text");
+    CHECK((!strnew("text", &copy) && std::string(copy) == "text"));
     void *memory = copy;
     heap_free(&memory);
 }
@@ -65,8 +64,7 @@ TEST_CASE("checked formatting")
 {
     char buffer[6];
     int32_t length = -1;
-    CHECK(!xzsnprintf(6, &length, buffer, "%d%s", 12, "abc"));
-    CHECK(length == 5);
+    CHECK((!xzsnprintf(6, &length, buffer, "%d%s", 12, "abc") && length == 5));
     CHECK(code(xzsnprintf(6, &length, buffer, "%d%s", 12, "abcd")) == ERRORMAXSTRING);
     CHECK(std::string(buffer) == "12abc");
 }
