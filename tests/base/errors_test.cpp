@@ -112,7 +112,6 @@ TEST_CASE("an error's box, the quiet error's none, and texts in place of errors"
     settaskname("Quillmere", nullptr);
     errorbox(makeerror(ERRORQUIET), false);
     reporterror(nullptr);
-    reportfatal(nullptr);
     CHECK(headless.boxes == 2);
     CHECK(boxdepth() == 0);
 
@@ -123,6 +122,17 @@ TEST_CASE("an error's box, the quiet error's none, and texts in place of errors"
     CHECK(shown("Quillmere has 5", 8208));
     reportf(2, "%s", std::string(400, 'x').c_str());
     CHECK(shown(std::string(251, 'x'), 8240));
+}
+
+TEST_CASE("a fatal report leaves with 1, after its box")
+{
+    setleave([](int status) { throw status; }); // leave does not come back
+    CHECK_THROWS_AS(reportfatal(makeerror(ERRORMEMORY)), int);
+    CHECK(shown("EME", 8208));
+    CHECK_THROWS_AS(reportf(1, "one"), int);
+    CHECK(shown("one", 8208));
+    CHECK_THROWS_AS(reporttextfatal("two"), int);
+    reportfatal(nullptr);
 }
 
 TEST_CASE("questions")
