@@ -118,15 +118,11 @@ TEST_CASE("the header: an old version and unknown features are refused, the rest
         std::string bytes;
         uint32_t code;
     } rows[] = {
-        {24, "0.99", EDCOLD},
-        {24, "1.10", 0},
-        {96, "\x80", EDCAPS},
-        {24, "0.99" + std::string(68, 0) + "\1", EDCAPS},
-        {32, std::string(64, 'x'), 0},
-        {264, "xxxx", 0},            // nor at a frame but for its size
+        {24, "0.99", EDCOLD},          {24, "1.10", 0},
+        {96, "\x80", EDCAPS},          {24, "0.99" + std::string(68, 0) + "\1", EDCAPS},
+        {32, std::string(64, 'x'), 0}, {264, "xxxx", 0}, // nor at a frame but for its size
         {268, number(0), ERRORREAD}, // sizes beyond the file, before memory is asked for
-        {268, number(19), ERRORREAD},
-        {297, number(0x80000014), ERRORREAD},
+        {268, number(19), ERRORREAD},  {297, number(0x80000014), ERRORREAD},
     };
     std::string good = workedfile();
     CHECK((loadcode(good) == 0 && loadcode(good + "more") == 0));
