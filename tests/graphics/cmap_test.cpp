@@ -41,20 +41,6 @@ TEST_CASE("every font of the corpus, with each of its words changed, and cut")
     }
 }
 
-TEST_CASE("as many segments as there can be, each over all codes")
-{
-    std::string bytes = corpus("unicode").substr(0, 12), codes, deltas;
-    for (int i = 0; i < 500; i++) {
-        codes += "\xFF\xFF";
-        deltas += std::string("\0\1", 2);
-    }
-    const std::string zeros(1000, 0);
-    bytes += std::string("\0\4\x0F\xB0\0\0\3\xE8\0\0\0\0\0\0", 14) + codes + "\0\0" + zeros;
-    bytes += deltas + zeros + "\0\0";
-    fontof(bytes);
-    CHECK(cmapcount(0) == 0);
-}
-
 TEST_CASE("glyphs of letters, and what the trace is told of others")
 {
     headless.keeptrace = true;

@@ -136,6 +136,11 @@ TEST_CASE("a file's sprites go behind those that are there, and are found by nam
     CHECK(found->mode == 27);
     CHECK(spritefind(a.block, "twelve bytes and more"));
     CHECK(!spritefind(a.block, "twelve byte"));
+    const sprite *s = nullptr;
+    spriteresolve(a.block, spritenamed("RINDENT"), &s);
+    CHECK(s == found);
+    spriteresolve(a.block, spriteitself(spritein(one)), &s);
+    CHECK(s == spritein(one));
 }
 
 TEST_CASE("sprites come from the fine form, the plain one, a resource, or nowhere")
