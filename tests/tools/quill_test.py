@@ -3,6 +3,7 @@
 
 usage: quill_test.py ENCODING PROGRAM...   (PROGRAM may be an emulator and an exe)
 """
+import json
 import pathlib
 import re
 import shlex
@@ -11,6 +12,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from xml.etree import ElementTree
 
 ENCODING = sys.argv[1]
 PROGRAM = [str(pathlib.Path(word).resolve()) for word in sys.argv[2:]]
@@ -18,6 +20,11 @@ DONE, FAILED, WRONGUSAGE = 0, 1, 2
 HERE = "--dictionaries ."
 PICTURE = "CAT#.\n.#..E\nabc\u00e9F\n\nleft 3,0 2,2\ntop 1,2\n"
 PLANTS = "otter\nbadger\nheron\npine\nelk\n"
+# Others' way of saying the same: a block and a blank of their own, bars on the far sides.
+IPUZ = """{{"version": "http://ipuz.org/v1", "kind": ["http://ipuz.org/crossword"], "block": "X",
+"empty": "_", "dimensions": {{"width": {}, "height": 2}}, "title": "T",
+"puzzle": [[{{"cell": 1, "style": {{"barred": "RB"}}}}, "_"], ["X", null]],
+"solution": [["ab", {{"value": "\\u03c0"}}], ["X", null]]}}"""
 # Bars round the middle, two pieces, a word across that stands down as well.
 STATS = "cat#\na.a#\nt#t.\nx..y\n\nleft 1,2 3,3 0,0\ntop 0,3 1,1 2,3 3,3\n"
 WORDS = {"Main.txt": "cat\ncot\nCut\ntar\ntip\ntop\ncart\n", "Other.txt": "cit\n"}
@@ -28,7 +35,8 @@ LONGNAME = "./" * 127 + "p.qmgx"  # a character more than a path holds
 FILES = {"a.txt": "nations\nNation\r\n\r\nNew York\tzebra", "b.txt": "nation\nnational",
          "bad.txt": "ab\nabc\n", "p.txt": PICTURE, "t.txt": "CAT\nA#O\nB.P\n",
          "g.txt": "C.T\n##.\n##.\n", "s.txt": "CATT\n####\nTIPS\n####\nTOP.\n", "plants.txt": PLANTS,
-         "score.txt": "HOT DOG;50\r\n\ncat ; 49\nfoo\nx;y;1\nx;y;51\n", "k.txt": STATS,
+         "score.txt": "HOT DOG;50\r\n\ncat ; 49\nfoo\nx;y;1\nx;y;51\n", "k.txt": STATS, "letters.txt": "a,\"\n\u00c9#<\n", "big.csv": "," * 127,
+         "not.ipuz": "{", "kind.ipuz": "{}", "size.ipuz": IPUZ.format(0), "other.ipuz": IPUZ.format(2),
          "long.txt": "elephantine", "short.dic": "Quillmere", "old.dic": "\0" * 304,
          "none/x": "", **{f"crowd/a{n}.dic": "" for n in range(40)}, "old/MainDict.dic": "\0" * 304, **WORDS}
 
@@ -97,6 +105,20 @@ RUNS = [
      "letters\tA 3, C 1, T 3, X 1, Y 1\nwords\t4 across, 2 down\nlengths\t2: 1, 3: 5\n"
      "average\t2.8\nchecked\t5 (38 %)\nunchecked\t7 (54 %)\npieces\t3\nsymmetry\tnone\n"
      "repeated\tCAT\n", ""),
+    # Files of other programs, and what they can't hold.
+    ("grid export k.qmg -o k.puz", FAILED, "", "can't hold the bars. With --lossy"),
+    ("grid export ws.qmg -o ws.puz", FAILED, "", "that it is a word square"),
+    ("grid export k.qmg -o k.doc", FAILED, "", "No known format ends in .doc"),
+    ("grid export k.qmg -o k.doc --as doc", WRONGUSAGE, "", ""),
+    ("grid import k.svg -o x.qmg", FAILED, "", "svg files can be written, but not read."),
+    ("grid import none.puz -o x.qmg", FAILED, "", "not found."),
+    ("grid import big.csv -o x.qmg", FAILED, "", "not 128 by 1."),
+    ("grid import not.ipuz -o x.qmg", FAILED, "", "no .ipuz file"),
+    ("grid import kind.ipuz -o x.qmg", FAILED, "", "neither a crossword nor"),
+    ("grid import size.ipuz -o x.qmg", FAILED, "", "not 0 by 2."),
+    ("grid import other.ipuz -o other.qmg", DONE, "", "left out: all but the first letter of a cell, "
+     "letters that code page 1252 lacks, that some cells aren't there, title, clues and notes"),
+    ("grid draw other.qmg", DONE, "a.\n##\n\nleft 1,0\ntop 0,1\n", ""),
     # Searches.
     ("dict build MainDict.dic", DONE, "", ""),
     (f"dict add MainDict.dic - < {WORDS['Main.txt']}", DONE, "", ""),
@@ -218,6 +240,70 @@ class QuillTest(unittest.TestCase):
                  for leaf in ("f.qmg", "h.qmg")]
         self.assertEqual(drawn[0], drawn[1])
         self.assertTrue(re.fullmatch(r"([a-z]{6}\n){5}", drawn[0]))
+
+    def test_6_exchange(self):
+        """Each format gives back what it can hold, and its files are what others read."""
+        self.quill("grid build letters.qmg letters.txt")
+        for leaf in ("t", "k", "letters"):
+            drawn = self.quill(f"grid draw {leaf}.qmg")[0]
+            for kind in ("ipuz", "txt", "csv", "puz"):
+                with self.subTest(f"{leaf}.{kind}"):
+                    self.quill(f"grid export {leaf}.qmg -o x.{kind} --lossy")
+                    told = self.quill(f"grid import x.{kind} -o y.qmg")[1]
+                    self.assertNotIn("left out", told)
+                    again = self.quill("grid draw y.qmg")[0]
+                    if kind in ("csv", "puz"):  # no bars
+                        drawn = drawn.split("\n\n")[0].rstrip("\n") + "\n"
+                    if kind == "puz":
+                        drawn = drawn.upper()
+                    self.assertEqual(again, drawn)
+        self.quill("grid export k.qmg -o k.ipuz")
+        file = json.loads(self.bytes("k.ipuz"))
+        self.assertEqual(file["puzzle"][3], [{"cell": 5, "style": {"barred": "T"}}, 0,
+                                             {"cell": 0, "style": {"barred": "T"}},
+                                             {"cell": 0, "style": {"barred": "TL"}}])
+        self.assertEqual(file["solution"][3], ["x", 0, 0, "y"])
+        self.assertEqual([clue["number"] for clue in file["clues"]["Down"]], [1, 2])
+        self.quill("grid export ws.qmg -o ws.out --as IPUZ")
+        self.quill("grid import ws.out --as ipuz -o again.qmg")
+        self.assertEqual(self.bytes("again.qmg")[240], 1)
+        self.quill("grid export k.qmg -o k.svg")
+        drawing = [element.tag.split("}")[1] for element in ElementTree.fromstring(self.bytes("k.svg")).iter()]
+        self.assertEqual([drawing.count(tag) for tag in ("rect", "path", "text")],
+                         [1 + 3, 2 * 5 + 7, 9 + 5])
+
+    def test_7_puz(self):
+        """The sums of a .puz file, told a second time; and files that aren't whole."""
+        def sums(data, total=0):
+            for byte in data:
+                total = (total >> 1 | (total & 1) << 15) + byte & 0xFFFF
+            return total
+
+        self.quill("grid export t.qmg -o t.puz")
+        data = self.bytes("t.puz")
+        cells, clues = data[44] * data[45], struct.unpack_from("<H", data, 46)[0]
+        self.assertEqual((data[44:46], clues, data[52:67]), (b"\3\3", 4, b"CATA.OB-P----.-"))
+        parts = [sums(data[44:52]), sums(data[52:52 + cells]), sums(data[52 + cells:52 + 2 * cells]), 0]
+        self.assertEqual(struct.unpack_from("<HHH", data, 14)[0], parts[0])
+        self.assertEqual(struct.unpack_from("<H", data)[0], sums(data[52:52 + 2 * cells], parts[0]))
+        self.assertEqual(data[16:24], bytes(ord("ICHEATED"[i]) ^ (parts[i % 4] >> i // 4 * 8 & 255)
+                                            for i in range(8)))
+        # Another's file: with clues, which count in the sums.
+        told = b"Title\0\0\0" + b"First\0Second\0\0Fourth\0" + b"Note\0"
+        other = bytearray(data[:52 + 2 * cells] + told)
+        total = sums(other[52:52 + 2 * cells], parts[0])
+        for text in (b"Title\0", b"First", b"Second", b"Fourth", b"Note\0"):
+            total = sums(text, total)
+        struct.pack_into("<H", other, 0, total)
+        for change, status, remark in (
+                ({}, DONE, "left out: title, clues and notes"),
+                ({50: 4}, FAILED, "scrambled"), ({53: 65}, FAILED, "damaged"),
+                ({45: 200}, FAILED, "ends before"), ({3: 1}, FAILED, "no .puz")):
+            changed = bytearray(other)
+            for at, byte in change.items():
+                changed[at] ^= byte
+            (self.folder / "o.puz").write_bytes(changed)
+            self.assertIn(remark, self.quill("grid import o.puz -o o.qmg", status)[1])
 
 
 if __name__ == "__main__":

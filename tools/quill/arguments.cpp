@@ -1,6 +1,7 @@
 #include "tools/quill/arguments.h"
 
 #include "grid/grid.h"
+#include "output/exchange.h"
 
 #include <charconv>
 #include <ctime>
@@ -85,6 +86,18 @@ bool outoption(const std::string &value, arguments *args)
     return !value.empty();
 }
 
+bool formatoption(const std::string &value, arguments *args)
+{
+    args->format = value;
+    return exchangefind(value);
+}
+
+bool lossyoption(const std::string &, arguments *args)
+{
+    args->lossy = true;
+    return true;
+}
+
 bool wordsquareoption(const std::string &, arguments *args)
 {
     args->wordsquare = true;
@@ -108,7 +121,9 @@ constexpr optionrow options[] = {
     {"--size", TAKESMAKING, true, sizeoption},
     {"--directions", TAKESMAKING, true, directionsoption},
     {"--seed", TAKESMAKING, true, seedoption},
-    {"-o", TAKESMAKING, true, outoption},
+    {"-o", TAKESOUT, true, outoption},
+    {"--as", TAKESFORMAT, true, formatoption},
+    {"--lossy", TAKESLOSSY, false, lossyoption},
     {"--wordsquare", TAKESWORDSQUARE, false, wordsquareoption},
 };
 
@@ -162,6 +177,6 @@ std::string argumentsread(const std::vector<std::string> &words, uint32_t takes,
         }
     }
     if ((takes & TAKESMAKING) && !args->width) return "--size is missing";
-    if ((takes & TAKESMAKING) && args->out.empty()) return "-o is missing";
+    if ((takes & TAKESOUT) && args->out.empty()) return "-o is missing";
     return "";
 }

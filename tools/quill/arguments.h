@@ -12,9 +12,12 @@ constexpr uint32_t TAKESDICTIONARIES = 1; // --dictionaries DIR, --dict NAME
 constexpr uint32_t TAKESMARK = 2;         // --mark L,T,R,B
 constexpr uint32_t TAKESMAX = 4;          // --max N
 constexpr uint32_t TAKESWORDSQUARE = 8;   // --wordsquare
-constexpr uint32_t TAKESMAKING = 16;      // --size WxH, --directions MASK, --seed N, -o OUT
+constexpr uint32_t TAKESMAKING = 16;      // --size WxH, --directions MASK, --seed N
 constexpr uint32_t TAKESMIN = 32;         // --min N
 constexpr uint32_t TAKESMINSCORE = 64;    // --min-score N
+constexpr uint32_t TAKESOUT = 128;        // -o OUT, which must be given
+constexpr uint32_t TAKESFORMAT = 256;     // --as FORMAT
+constexpr uint32_t TAKESLOSSY = 512;      // --lossy
 
 constexpr int32_t NOSCORE = INT32_MIN;
 
@@ -29,8 +32,9 @@ struct arguments {
     int32_t width, height; // 0 if not given
     int32_t directions;    // 0 if not given
     uint32_t seed;
-    std::string out; // empty if not given
-    bool wordsquare;
+    std::string out;    // empty if not given
+    std::string format; // empty if not given
+    bool wordsquare, lossy;
 };
 
 // Sorts words into args. A making needs its size and its file. Without a seed

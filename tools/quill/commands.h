@@ -19,6 +19,8 @@ errorblock *commanddictcheck(const arguments &args);
 errorblock *commandgridbuild(const arguments &args);
 errorblock *commandgriddraw(const arguments &args);
 errorblock *commandgridwords(const arguments &args);
+errorblock *commandgridimport(const arguments &args);
+errorblock *commandgridexport(const arguments &args);
 errorblock *commandstats(const arguments &args);
 errorblock *commandsolve(const arguments &args);
 errorblock *commandanagram(const arguments &args);

@@ -77,16 +77,22 @@ void countend()
     counting = false;
 }
 
+errorblock *bytesload(const std::string &path, std::string *bytes)
+{
+    void *held = nullptr;
+    int32_t size = 0;
+    errorblock *err = fileloadnew(path.c_str(), &held, &size);
+    if (!err && !held) err = makeerrorf(ERRORNOTFOUND, path.c_str());
+    if (!err) bytes->assign(static_cast<char *>(held), static_cast<size_t>(size));
+    heap_free(&held);
+    return err;
+}
+
 errorblock *textload(const std::string &path, std::string *text)
 {
-    void *bytes = nullptr;
-    int32_t size = 0;
-    errorblock *err = fileloadnew(path.c_str(), &bytes, &size);
-    if (!err && !bytes) err = makeerrorf(ERRORNOTFOUND, path.c_str());
-    if (!err)
-        err = textdecode(std::string(static_cast<char *>(bytes), static_cast<size_t>(size)), text);
-    heap_free(&bytes);
-    return err;
+    std::string bytes;
+    errorblock *err = bytesload(path, &bytes);
+    return err ? err : textdecode(bytes, text);
 }
 
 errorblock *inputload(std::string *text)

@@ -22,6 +22,9 @@ void outbytes(const std::string &bytes); // as they are
 void countshow(const char *what, int32_t n);
 void countend();
 
+// A whole file. Error 28 for a missing one.
+errorblock *bytesload(const std::string &path, std::string *bytes);
+
 // A whole text file, or standard input, converted: UTF-8 or code page 1252, by what
 // it is (base/encoding.h). Error 28 for a missing file.
 errorblock *textload(const std::string &path, std::string *text);

@@ -1,11 +1,15 @@
 #include "tools/quill/commands.h"
 
 #include "base/bfile.h"
+#include "base/errorcodes.h"
 #include "base/errors.h"
+#include "base/paths.h"
+#include "base/saveblock.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
 #include "grid/gridpicture.h"
 #include "output/cluelist.h"
+#include "output/exchange.h"
 #include "output/gridstats.h"
 #include "tools/quill/console.h"
 #include "tools/quill/session.h"
@@ -30,6 +34,17 @@ errorblock *outmemory(bfile *file)
     if (!err) err = breadall(file, bytes.data(), size);
     if (!err) outbytes(bytes);
     return err;
+}
+
+// By --as, or else by the ending of the name.
+errorblock *formatfind(const arguments &args, const std::string &path,
+                       const exchangeformat **format)
+{
+    const char *ending = pathgetext(path.c_str());
+    *format = exchangefind(!args.format.empty() ? args.format : ending ? ending : "");
+    if (*format) return nullptr;
+    return makeerrortext(ECR, "No known format ends in .%s: %s. --as names one.",
+                         ending ? ending : "", path.c_str());
 }
 
 std::string percent(int32_t part, int32_t all)
@@ -77,6 +92,37 @@ errorblock *commandgriddraw(const arguments &args)
     if (!err) picturetextwrite(&text);
     if (!err) outtext(text);
     return err;
+}
+
+errorblock *commandgridimport(const arguments &args)
+{
+    const exchangeformat *format = nullptr;
+    std::string bytes, left;
+    errorblock *err = formatfind(args, args.words[0], &format);
+    if (!err && !format->read)
+        err = makeerrortext(ECR, "%s files can be written, but not read.", format->name);
+    if (!err) err = bytesload(args.words[0], &bytes);
+    if (!err) err = format->read(bytes, &left);
+    if (err) return err;
+    if (args.wordsquare) grid.kind = GRIDWORDSQUARE;
+    if (!left.empty()) remark("left out: %s", left.c_str());
+    remark("%d by %d cells", grid.width, grid.height);
+    return gridwrite(args.out.c_str());
+}
+
+errorblock *commandgridexport(const arguments &args)
+{
+    const exchangeformat *format = nullptr;
+    std::string bytes, left;
+    errorblock *err = formatfind(args, args.out, &format);
+    if (!err) err = opengrid(args);
+    if (err) return err;
+    format->write(&bytes, &left);
+    if (!left.empty() && !args.lossy)
+        return makeerrortext(ECR, "A %s file can't hold %s. With --lossy it is written without.",
+                             format->name, left.c_str());
+    if (!left.empty()) remark("left out: %s", left.c_str());
+    return saveblock(args.out.c_str(), 0, bytes.data(), static_cast<int32_t>(bytes.size()));
 }
 
 errorblock *commandgridwords(const arguments &args)
