@@ -49,3 +49,15 @@ function(quillprogram name)
     target_link_libraries(${name} PRIVATE quillflags)
     target_compile_options(${name} PRIVATE -fno-exceptions -fno-rtti)
 endfunction()
+
+# What the resource files of the program include, which a build doesn't see by itself.
+# It holds for the folder that says so.
+function(quillresources)
+    set(resources ${CMAKE_SOURCE_DIR}/resources)
+    set_source_files_properties(${resources}/quillmere.rc PROPERTIES
+        OBJECT_DEPENDS "${resources}/Messages.txt;${resources}/quillmere.manifest")
+    set_source_files_properties(${resources}/pictures.rc PROPERTIES OBJECT_DEPENDS
+        "${resources}/quillmere.ico;${resources}/hand.cur;${resources}/splith.cur;${resources}/Sprites.spr")
+    set_source_files_properties(${resources}/templates.rc ${resources}/menus.rc PROPERTIES
+        OBJECT_DEPENDS "${resources}/identifiers.h")
+endfunction()
