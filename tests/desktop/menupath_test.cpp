@@ -8,7 +8,7 @@
 namespace
 {
 
-enum { BAR = 1, FILEMENU, WORDS, LISTS, POPUP, LOST, RINGA, RINGB, DEEP = 100 };
+enum { BAR = 1, WORDS, LISTS, POPUP, LOST, RING, DEEP = 100 };
 
 menurow row(int32_t tag, int32_t parent, int32_t position, intptr_t menu)
 {
@@ -20,9 +20,8 @@ menurow row(int32_t tag, int32_t parent, int32_t position, intptr_t menu)
 // Two tables, chained as addmenus does, and in them a chain of menus as long as a
 // path and one more; gone with the test.
 struct tables {
-    std::vector<menurow> first = {row(BAR, 0, 0, 100),       row(FILEMENU, BAR, 0, 101),
-                                  row(WORDS, BAR, 1, 102),   row(LOST, 99, 0, 103),
-                                  row(RINGA, RINGB, 0, 104), row(RINGB, RINGA, 0, 105)};
+    std::vector<menurow> first = {row(BAR, 0, 0, 100), row(WORDS, BAR, 1, 102),
+                                  row(LOST, 99, 0, 103), row(RING, RING, 0, 104)};
     std::vector<menurow> second = {row(LISTS, WORDS, 4, 106), row(POPUP, 0, 0, 0),
                                    row(-1, 0, 0, 0)};
     menulink older = {nullptr, nullptr}, newer = {&older, second.data()};
@@ -59,9 +58,9 @@ std::string pathof(int32_t tag, int32_t item)
 TEST_CASE("menus are found by tag and by handle, and their paths from the root")
 {
     tables made;
-    CHECK((menufind(LISTS) == &made.second[0] && menufind(WORDS) == &made.first[2]));
+    CHECK((menufind(LISTS) == &made.second[0] && menufind(WORDS) == &made.first[1]));
     CHECK((!menufind(50) && !menufind(-1)));
-    CHECK((menufindhandle(102) == &made.first[2] && !menufindhandle(0) && !menufindhandle(7)));
+    CHECK((menufindhandle(102) == &made.first[1] && !menufindhandle(0) && !menufindhandle(7)));
 
     const struct {
         int32_t tag, item;
@@ -69,9 +68,9 @@ TEST_CASE("menus are found by tag and by handle, and their paths from the root")
     } rows[] = {{BAR, -1, "-1 -1 of 1"},
                 {WORDS, 300, "1 300 -1 of 1"},
                 {LISTS, 0, "1 4 0 -1 of 1"},
-                {POPUP, 2, "2 -1 of 5"},
+                {POPUP, 2, "2 -1 of 4"},
                 {LOST, 1, "none"},
-                {RINGA, 1, "none"},
+                {RING, 1, "none"},
                 {DEEP + MENUPATH - 1, 5, "none"}}; // one too many
     for (const auto &row : rows)
         CHECK(pathof(row.tag, row.item) == row.path);
@@ -81,7 +80,7 @@ TEST_CASE("menus are found by tag and by handle, and their paths from the root")
     CHECK(pathof(DEEP + MENUPATH - 2, 5) == longest + "5 -1 of 100");
 
     menuforget(WORDS); // takes all that hangs below it
-    for (auto tag : {BAR, FILEMENU, WORDS, LISTS, RINGA, DEEP})
+    for (auto tag : {BAR, WORDS, LISTS, RING, DEEP})
         CHECK((menufind(tag)->menu == 0) == (tag == WORDS || tag == LISTS));
 }
 

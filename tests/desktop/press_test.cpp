@@ -72,7 +72,6 @@ TEST_CASE("what a control asks for at each thing that happens to it, by its code
         // A drag is the first movement, and with the button down.
         {"D1", "down move move up", " down capture 4 notimer / 64 / / free up notimer /"},
         {"D", "downr move- upr-", " down capture notimer / 16 up / free up notimer /"},
-        {"D", "down lost move", " down capture notimer / up notimer / /"},
         {"D", "down move move", " down capture notimer / 64 up notimer / /", "lost"},
         // Double clicks.
         {"12", "down up twice up",
@@ -89,7 +88,6 @@ TEST_CASE("what a control asks for at each thing that happens to it, by its code
          "up notimer /"},
         // Handlers that delete the control, let it go, or press another.
         {"1A", "down tick up", " down capture 4 / / /", "gone"},
-        {"R12", "twice up", " down capture notimer / free up 4 /", "gone"},
         {"1A", "down", " down capture 4 free up notimer notimer /", "up"},
         {"R1", "down other move- up lost",
          " down capture notimer / up notimer other down other capture other 4 other notimer / / / "

@@ -36,8 +36,6 @@ bool is(const pixelbox &box, const pixelbox &other)
 
 TEST_CASE("a state's rectangle in pixels, in the frame that it has, and back to the very pixel")
 {
-    screen(144);
-    CHECK(is(placeclient(stateof(180, 360, 540, 900)), {144, 48, 432, 480}));
     screen(96);
     CHECK(is(placeclient(stateof(180, 360, 540, 900)), {96, 288, 288, 576}));
     for (int32_t dpi : {72, 96, 120, 144, 192, 288}) { // units may be larger than pixels
@@ -58,8 +56,7 @@ TEST_CASE("a frame larger than its screen, or beside it, is kept to the work are
     constexpr pixelbox work = {10, 20, 810, 620};
     const struct {
         pixelbox frame, kept;
-    } rows[] = {{{30, 40, 130, 140}, {30, 40, 130, 140}},
-                {{-5, -9, 95, 91}, {10, 20, 110, 120}},
+    } rows[] = {{{-5, -9, 95, 91}, {10, 20, 110, 120}},
                 {{800, 600, 900, 700}, {710, 520, 810, 620}},
                 {{-400, 300, 34000, 35000}, work}};
     for (const auto &row : rows)
@@ -83,16 +80,9 @@ TEST_CASE("windows are centred, and a cascade of them drifts apart")
 TEST_CASE("a box of the work area covers each pixel that drawing in it falls on")
 {
     screen(90); // of two units to the pixel
-    const struct {
-        osbox box;
-        int32_t scroll;
-        pixelbox pixels;
-    } rows[] = {{{0, -4, 4, 0}, 0, {0, 0, 2, 2}},
-                {{1, -5, 6, -1}, 0, {0, 0, 3, 3}},
-                {{2, -5, 5, -2}, 0, {1, 1, 3, 3}},
-                {{100, -140, 120, -120}, 100, {0, 10, 10, 20}}};
-    for (const auto &row : rows)
-        CHECK(is(placework(row.box, row.scroll, -row.scroll), row.pixels));
+    CHECK(is(placework({0, -4, 4, 0}, 0, 0), {0, 0, 2, 2}));
+    CHECK(is(placework({2, -5, 5, -2}, 0, 0), {1, 1, 3, 3}));
+    CHECK(is(placework({100, -140, 120, -120}, 100, -100), {0, 10, 10, 20}));
     for (int32_t dpi : {192, 240, 288}) {
         screen(dpi);
         for (int32_t at = 1; at < 300; at++) {

@@ -1,5 +1,4 @@
-// Events of windows, of wheels, of drops and of the system, from the message to
-// the handler.
+// Events of windows, of wheels and of time, from the message to the handler.
 #include "desktop/handlers.h"
 #include "desktop/timed.h"
 #include "desktop/windows.h"
@@ -9,15 +8,15 @@
 
 TEST_CASE("a window tells of what others do to it; its close box asks the first handler")
 {
-    script s(PLAIN, "open1 open2 close1 close2 activate focus1 focus2");
+    script s(PLAIN, "open1 open2 close1 close2 focus1 focus2");
     s.play({
         {"", "", [&] { taskopen(s.w, 250, 160, 320, 210); }}, // by the program
         // A window manager may tell its own share of it once more.
         {"move 260 170; wait 50", "open1 3 0;open2 3 0;*"},
         {"size 330 220; wait 50", "open1 5 0;open2 5 0;*"},
         {"closebox; ?shown", "close1;1;"},
-        {"another; ?front", "activate 0;focus1 0;focus2 0;0;"},
-        {"front; ?front", "activate 1;focus1 1;focus2 1;1;"},
+        {"another; ?front", "focus1 0;focus2 0;0;"},
+        {"front; ?front", "focus1 1;focus2 1;1;"},
         {"rem close1; rem close2; closebox; ?shown", "open1 24 0;open2 24 0;*"},
     });
 }
@@ -50,40 +49,6 @@ TEST_CASE("a wheel goes to the window inside that has a bar, and to each window 
     s.play({{"at 140 20; wheel -120", "", [&] { CHECK(taskstate(pane).yscroll == 0); }},
             {"at 200 130; wheel -120", "", [&] { CHECK(taskstate(pane).yscroll < 0); }},
             {"add wheel1; on 12; wheel -120", "wheel1 -120 0;"}});
-}
-
-TEST_CASE("keys of a keyboard's extra row go to the first handler, with all they say")
-{
-    script s(PLAIN, "command1 command2");
-    s.play({{"let 1; send appcommand 1 0x80070008", "command1 1 7 32768 8;=1;"},
-            {"let 0; send appcommand 1 0x80070008", "command1 1 7 32768 8;"}});
-}
-
-TEST_CASE("each dropped file is asked about where it fell, and loaded")
-{
-    script s(CONTROLS, "drop1 load2");
-    s.play({{"at 200 120; drop C:\\one.txt|C:\\two.txt",
-             "drop1\\one.txt 4093 -1 0;load2 4093 0;drop1\\two.txt 4093 -1 0;load2 4093 0;"},
-            {"on 11; drop C:\\one.txt", "drop1\\one.txt 4093 11 0;load2 4093 0;"},
-            {"drop C:\\windows", "drop1\\windows 8189 11 0;load2 8189 0;"}}); // a folder
-}
-
-TEST_CASE("filters see a message and may stop it: in the poll those that are posted, before all")
-{
-    script s(PLAIN, "filter6 filter1");
-    s.play({{"send app", "filter1;filter6;"},
-            {"add filter2; let 2; send app", "filter1;filter2;filter6;=72;"},
-            {"let 3; add pollfilter3; post app", "filter3;"},
-            {"send app", "filter1;filter2;filter6;"},
-            {"rem pollfilter3; rem filter2; rem filter6; post app", "filter1;"}});
-}
-
-TEST_CASE("the mouse hook sees a press before its window does, and can keep it")
-{
-    script s(PLAIN, "click hook1 hook2");
-    s.play({{"at 100 100; click", "hook1 1;hook2 1;click 4 -1;"},
-            {"let 2; by 30 0; click", "hook1 1;hook2 1;"},
-            {"rem hook2; rem hook1; by 30 0; click", "click 4 -1;"}});
 }
 
 TEST_CASE("timed calls come from a loop of the system's too, in the order of their times")

@@ -1,13 +1,11 @@
 #include "tests/desktop/win32/script.h"
 
 #include "desktop/blocks.h"
-#include "desktop/filters.h"
 #include "desktop/handlers.h"
 #include "desktop/icons.h"
 #include "desktop/keynames.h"
 #include "desktop/mouse.h"
 #include "desktop/stages.h"
-#include "desktop/subclass.h"
 #include "desktop/templates.h"
 #include "desktop/timed.h"
 #include "desktop/wdata.h"
@@ -44,11 +42,6 @@ templatelink link;
 intptr_t letting; // the data of handlers that claim or stop what they hear of
 std::vector<std::string> added;
 
-int number(intptr_t word)
-{
-    return static_cast<int>(word);
-}
-
 std::string list(std::initializer_list<intptr_t> numbers)
 {
     std::string text;
@@ -82,45 +75,6 @@ errorblock *tellpointer(window, intptr_t data, mouserecord *mouse, bool *handled
     return *handled ? setpointer(POINTERCROSS, 0, nullptr) : nullptr;
 }
 
-errorblock *tellhook(window, intptr_t data, window hooked, intptr_t, intptr_t message,
-                     bool *claimed)
-{
-    if (message == WM_LBUTTONDOWN) say("hook", data, {hooked != 0});
-    *claimed = data == letting && (message == WM_LBUTTONDOWN || message == WM_LBUTTONUP);
-    return nullptr;
-}
-
-errorblock *telldrop(const char *name, int32_t type, mouserecord *mouse, intptr_t data,
-                     bool *accept)
-{
-    *accept = 1;
-    return say("drop", data, {type, mouse->icon, mouse->buttons}, strrchr(name, '\\'));
-}
-
-// Filters and handlers of controls hear of WM_APP alone.
-errorblock *tellfilter(const systemmessage *message, intptr_t data, bool *stop, intptr_t *result,
-                       int *kind)
-{
-    if (message->message != WM_APP) return nullptr;
-    *stop = data == letting;
-    if (*stop) {
-        *result = 70 + data;
-        *kind = 1;
-    }
-    return say("filter", data, {});
-}
-
-// The one with the data 9 takes itself away.
-errorblock *tellsub(const systemmessage *message, intptr_t data, bool *stop, intptr_t *result)
-{
-    if (message->message != WM_APP) return nullptr;
-    auto around = reinterpret_cast<window>(GetParent(handleof(message->window)));
-    if (data == 9) remsubclasshandler(around, FIELD, data, tellsub);
-    *stop = data == letting;
-    *result = 100 + data;
-    return say("sub", data, {});
-}
-
 using changer = errorblock *(*)(window w, intptr_t data);
 
 struct handlerrow {
@@ -134,32 +88,6 @@ template<auto ADD, auto REM, auto FUNCTION> handlerrow on(const char *name)
             [](window w, intptr_t data) { return REM(FUNCTION, w, data); }};
 }
 
-// With the arguments in another order.
-template<auto ADD, auto REM, auto FUNCTION> handlerrow ondrop(const char *name)
-{
-    return {name, [](window w, intptr_t data) { return ADD(w, data, FUNCTION); },
-            [](window w, intptr_t data) { return REM(w, data, FUNCTION); }};
-}
-
-template<auto FUNCTION> handlerrow oncontrol(const char *name)
-{
-    return {name,
-            [](window w, intptr_t data) { return addsubclasshandler(w, FIELD, data, FUNCTION); },
-            [](window w, intptr_t data) { return remsubclasshandler(w, FIELD, data, FUNCTION); }};
-}
-
-// From 5 on those of all windows and messages.
-template<auto ADD, auto REM> handlerrow onfilter(const char *name)
-{
-    return {name,
-            [](window w, intptr_t data) {
-                return data < 5 ? ADD(tellfilter, WM_APP, w, data) : ADD(tellfilter, -1, -1, data);
-            },
-            [](window w, intptr_t data) {
-                return data < 5 ? REM(tellfilter, WM_APP, w, data) : REM(tellfilter, -1, -1, data);
-            }};
-}
-
 const handlerrow HANDLERS[] = {
     on<addclickhandler, remclickhandler,
        +[](window, intptr_t data, mouserecord *mouse) {
@@ -167,10 +95,6 @@ const handlerrow HANDLERS[] = {
        }>("click"),
     on<addclickhandler, remclickhandler,
        +[](window, intptr_t, mouserecord *mouse) { return onclick(mouse); }>("calls"),
-    on<addmousehandler, remmousehandler,
-       +[](window, intptr_t data, mouserecord *mouse) {
-           return say("mouse", data, {mouse->icon});
-       }>("mouse"),
     on<addpointerhandler, rempointerhandler, tellpointer>("pointer"),
     on<addkeyhandler, remkeyhandler, tellkey>("key"),
     on<addopenhandler, remopenhandler,
@@ -186,37 +110,13 @@ const handlerrow HANDLERS[] = {
        }>("redraw"),
     on<addfocushandler, remfocushandler,
        +[](window, intptr_t data, bool gained) { return say("focus", data, {gained}); }>("focus"),
-    on<addactivatehandler, remactivatehandler,
-       +[](window, intptr_t data, intptr_t, int32_t how) {
-           return say("activate", data, {how != 0});
-       }>("activate"),
     on<addtextchangehandler, remtextchangehandler,
        +[](window, int32_t icon, intptr_t data) { return say("text", data, {icon}); }>("text"),
-    on<addtextfocushandler, remtextfocushandler,
-       +[](window, int32_t icon, bool gained, intptr_t data) {
-           return say("caret", data, {icon, gained});
-       }>("caret"),
     on<addwheelhandler, remwheelhandler,
        +[](window, intptr_t data, int32_t delta, int32_t, bool horizontal, bool *claimed) {
            *claimed = data == letting;
            return say("wheel", data, {delta, horizontal});
        }>("wheel"),
-    on<addappcommandhandler, remappcommandhandler,
-       +[](window, intptr_t data, window source, int32_t command, int32_t device, int32_t keys,
-           bool *claimed) {
-           *claimed = data == letting;
-           return say("command", data, {source != 0, command, device, keys});
-       }>("command"),
-    on<addhookhandler, remhookhandler, tellhook>("hook"),
-    ondrop<adddrophandler, remdrophandler, telldrop>("drop"),
-    ondrop<adddroploadhandler, remdroploadhandler,
-           +[](const char *, int32_t type, intptr_t data, intptr_t zero) {
-               return say("load", data, {type, zero});
-           }>("load"),
-    onfilter<addfilter, remfilter>("filter"),
-    onfilter<addpollfilter, rempollfilter>("pollfilter"),
-    oncontrol<tellsub>("sub"),
-    oncontrol<subclasskeys>("subkeys"),
 };
 
 // Adds or takes away a handler by its name.
@@ -360,7 +260,7 @@ namespace
 // The words behind a verb: numbers, as far as they are some, and all in one.
 struct arguments {
     UINT message;
-    int n[3];
+    int n[2];
     std::string rest;
 
     std::string behind() const // the first word
@@ -385,12 +285,7 @@ std::vector<std::string> split(const std::string &text, char mark)
 const struct {
     const char *name;
     UINT number;
-} MESSAGES[] = {{"app", WM_APP},
-                {"vscroll", WM_VSCROLL},
-                {"hscroll", WM_HSCROLL},
-                {"appcommand", WM_APPCOMMAND},
-                {"fontchange", WM_FONTCHANGE},
-                {"displaychange", WM_DISPLAYCHANGE}};
+} MESSAGES[] = {{"vscroll", WM_VSCROLL}, {"hscroll", WM_HSCROLL}};
 
 arguments argumentsof(const std::string &rest)
 {
@@ -413,21 +308,9 @@ void pointto(script &s, driveplace place)
     drivemove(place.x, place.y);
 }
 
-void click(drivebutton button)
-{
-    drivepress(button);
-    driverelease(button);
-}
-
 void place(window w, const int *n, UINT flags)
 {
     SetWindowPos(handleof(w), nullptr, n[0], n[1], n[0], n[1], flags | SWP_NOZORDER);
-}
-
-void sends(window w, const arguments &a)
-{
-    LRESULT result = SendMessageA(handleof(w), a.message, a.n[0], a.n[1]);
-    if (result) said("=%d;", number(result));
 }
 
 void keypress(const std::string &name)
@@ -492,13 +375,11 @@ const struct {
     {"release", [](auto &, auto &) { driverelease(); }},
     {"Press", [](auto &, auto &) { drivepress(DRIVERIGHT); }},
     {"Release", [](auto &, auto &) { driverelease(DRIVERIGHT); }},
-    {"click", [](auto &, auto &) { click(DRIVELEFT); }},
-    {"Click", [](auto &, auto &) { click(DRIVERIGHT); }},
+    {"click", [](auto &, auto &) { drivepress(), driverelease(); }},
     {"double", [](auto &s, auto &) { drivedouble(s.place.x, s.place.y); }},
     {"Double", [](auto &s, auto &) { drivedouble(s.place.x, s.place.y, DRIVERIGHT); }},
     {"wheel", [](auto &, auto &a) { drivewheel(a.n[0]); }},
     {"hwheel", [](auto &, auto &a) { drivewheel(a.n[0], true); }},
-    {"drop", [](auto &s, auto &a) { drivedrop(s.w, split(a.rest, '|'), s.place); }},
     {"capture", [](auto &s, auto &a) { SetCapture(taskcontrol(s.w, a.n[0])); }},
     {"uncapture", [](auto &, auto &) { ReleaseCapture(); }},
     // The keyboard.
@@ -517,9 +398,8 @@ const struct {
     {"close", [](auto &s, auto &) { CHECK_FALSE(closewindow(s.w)); }},
     {"flags", [](auto &s, auto &a) { setflags(s.w, a.n[0], a.n[1]); }},
     {"wait", [](auto &, auto &a) { drivewait([] { return false; }, a.n[0]); }},
-    // Messages: numbers, and for "send" what comes back if anything does.
-    {"send", [](auto &s, auto &a) { sends(s.w, a); }},
-    {"post", [](auto &s, auto &a) { PostMessageA(handleof(s.w), a.message, a.n[0], a.n[1]); }},
+    // A message by its name, and numbers.
+    {"send", [](auto &s, auto &a) { SendMessageA(handleof(s.w), a.message, a.n[0], a.n[1]); }},
     // Handlers, and the data of those that claim what they hear from now on.
     {"add", [](auto &s, auto &a) { change(s.w, a.rest, true); }},
     {"rem", [](auto &s, auto &a) { change(s.shown, a.rest, false); }},

