@@ -59,6 +59,11 @@ errorblock *platformmakedir(const char *path);
 errorblock *platformrename(const char *from, const char *to);
 errorblock *platformreplace(const char *from, const char *to); // to may exist
 
+// The file that a save to path has to put in place: what a link there leads to, else
+// path itself. False where no other file can take its place: a device, a pipe, a link
+// that can't be followed. out has PATHSIZE bytes.
+bool platformtarget(const char *path, char *out);
+
 // Directory scan. path ends in a name that may hold the wildcards * and ?,
 // compared without case. Names come sorted ignoring case, the dot entries
 // among them on Windows. done is 1 when nothing is left and then nothing else

@@ -5,6 +5,11 @@
 // was saved before. The name beside has an extension of its own, so that no
 // search for "*.dic" meets one that a crash has left; "x.dic~" would be met by
 // its short name on a Windows disc.
+//
+// A link stays one: the file beside is made beside what it leads to. Where a file
+// beside can't be made or can't take the place, the plain road is taken, and the
+// contents are written over the old ones when they are whole: no rights in the folder,
+// no room for the longer name, a device or a pipe.
 #pragma once
 
 #include "base/bfile.h"
@@ -12,12 +17,13 @@
 struct safesave {
     bfile file;            // write here, between safeopen and safeclose
     char path[PATHSIZE];   // expanded
-    char beside[PATHSIZE]; // the name while it grows; empty where there is no file
+    char target[PATHSIZE]; // the file that path leads to
+    char beside[PATHSIZE]; // the name while it grows; empty on the plain road
 };
 
 // Opens for writing, with a buffer of size bytes. A save into a transfer goes
-// straight there. Errors: those of the open, 30 for a path without room for the
-// other name; nothing is to be closed then.
+// straight there. Errors: 2, 30 for a path that is too long; nothing is to be closed
+// then.
 errorblock *safeopen(const char *path, int32_t size, safesave *save);
 
 // With no error so far and none from a write or the close, puts the file in

@@ -2,6 +2,7 @@
 
 #include "base/posix/systempath.h"
 #include "base/syserr.h"
+#include "base/text.h"
 
 #include <cerrno>
 #include <climits>
@@ -104,16 +105,27 @@ errorblock *platformrename(const char *from, const char *to)
     return done ? nullptr : syserr("MoveFile", "%s %s", from, to);
 }
 
+bool platformtarget(const char *path, char *out)
+{
+    char system[SYSTEMPATHSIZE], linked[PATH_MAX];
+    struct stat status;
+    strcopyn(out, path, PATHSIZE);
+    if (!systempath(path, system)) return false;
+    if (lstat(system, &status)) return errno == ENOENT;
+    if (S_ISREG(status.st_mode)) return true;
+    return S_ISLNK(status.st_mode) && !stat(system, &status) && S_ISREG(status.st_mode) &&
+           realpath(system, linked) && systempathback(linked, out, PATHSIZE);
+}
+
 // A file that can't be written is not replaced either. The new one has the
-// permissions of the one it replaces, and a link goes on leading to it.
+// permissions of the one it replaces.
 errorblock *platformreplace(const char *from, const char *to)
 {
-    char systemfrom[SYSTEMPATHSIZE], systemto[SYSTEMPATHSIZE], linked[PATH_MAX];
+    char systemfrom[SYSTEMPATHSIZE], systemto[SYSTEMPATHSIZE];
     struct stat status;
     bool done = systempath(from, systemfrom) && systempath(to, systemto);
     if (done && !stat(systemto, &status))
         done = !access(systemto, W_OK) && !chmod(systemfrom, status.st_mode & 07777);
-    const char *target = done && realpath(systemto, linked) ? linked : systemto;
-    done = done && !rename(systemfrom, target);
+    done = done && !rename(systemfrom, systemto);
     return done ? nullptr : syserr("MoveFileEx", "%s %s", from, to);
 }

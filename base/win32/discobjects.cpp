@@ -1,6 +1,7 @@
 #include "base/platform.h"
 
 #include "base/syserr.h"
+#include "base/text.h"
 
 #include <windows.h>
 
@@ -78,6 +79,22 @@ errorblock *platformmakedir(const char *path)
 errorblock *platformrename(const char *from, const char *to)
 {
     return MoveFileA(from, to) ? nullptr : syserr("MoveFile", "%s %s", from, to);
+}
+
+// A link is written through, since a move would take its place. To ask for no right at
+// all opens a file that others have open.
+bool platformtarget(const char *path, char *out)
+{
+    constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    DWORD attributes = GetFileAttributesA(path);
+    strcopyn(out, path, PATHSIZE);
+    if (attributes == INVALID_FILE_ATTRIBUTES) return true;
+    if (attributes & FILE_ATTRIBUTE_REPARSE_POINT) return false;
+    HANDLE file = CreateFileA(path, 0, shared, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return true;
+    bool plain = GetFileType(file) == FILE_TYPE_DISK;
+    CloseHandle(file);
+    return plain;
 }
 
 errorblock *platformreplace(const char *from, const char *to)

@@ -4,6 +4,7 @@
 usage: quill_test.py ENCODING PROGRAM...   (PROGRAM may be an emulator and an exe)
 """
 import json
+import os
 import pathlib
 import re
 import shlex
@@ -209,6 +210,16 @@ class QuillTest(unittest.TestCase):
             self.quill(f"grid build '{leaf}' p.txt")
             self.assertEqual(self.bytes(leaf), self.bytes("p.qmg"))
             self.assertEqual(self.quill(f"grid draw '{leaf}'")[0], PICTURE)
+
+    @unittest.skipUnless(hasattr(os, "mkfifo") and ENCODING == "utf-8", "pipes of another kind")
+    def test_3_what_is_no_file_is_written_to(self):
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        reader = os.open(pipe, os.O_RDONLY | os.O_NONBLOCK)
+        self.quill("grid build pipe p.txt")
+        self.assertEqual(os.read(reader, 65536), self.bytes("p.qmg"))
+        os.close(reader)
+        self.assertTrue(pipe.is_fifo())
 
     def test_4_guess_and_spell(self):
         self.assertIn("cat\n", self.quill(f"guess catt {HERE}")[0])
