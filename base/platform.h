@@ -44,7 +44,7 @@ errorblock *platformread(filehandle handle, void *data, int32_t length, int32_t 
 errorblock *platformwrite(filehandle handle, const void *data, int32_t length, int32_t *count);
 errorblock *platformseek(filehandle handle, int32_t position);
 errorblock *platformtell(filehandle handle, int32_t *position);
-errorblock *platformsize(filehandle handle, int32_t *size);
+errorblock *platformsize(filehandle handle, int32_t *size); // an error over 2 GB
 errorblock *platformtruncate(filehandle handle);          // ends the file at the position
 errorblock *platformsync(filehandle handle);              // what was written is on the disc
 FILE *platformstream(const char *path, const char *mode); // 0 if it can't be had

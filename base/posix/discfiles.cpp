@@ -88,6 +88,7 @@ errorblock *platformsize(filehandle handle, int32_t *size)
     struct stat status;
     *size = 0;
     if (fstat(descriptor(handle), &status)) return syserr("GetFileSize");
+    if (status.st_size > INT32_MAX) return syserrcode(EFBIG, "GetFileSize");
     *size = static_cast<int32_t>(status.st_size);
     return nullptr;
 }

@@ -76,9 +76,12 @@ errorblock *platformtell(filehandle handle, int32_t *position)
 
 errorblock *platformsize(filehandle handle, int32_t *size)
 {
-    DWORD length = GetFileSize(systemhandle(handle), nullptr);
-    *size = length == INVALID_FILE_SIZE ? 0 : static_cast<int32_t>(length);
-    return length == INVALID_FILE_SIZE ? syserr("GetFileSize") : nullptr;
+    LARGE_INTEGER length = {};
+    *size = 0;
+    if (!GetFileSizeEx(systemhandle(handle), &length)) return syserr("GetFileSize");
+    if (length.QuadPart > INT32_MAX) return syserrcode(ERROR_FILE_TOO_LARGE, "GetFileSize");
+    *size = static_cast<int32_t>(length.QuadPart);
+    return nullptr;
 }
 
 errorblock *platformtruncate(filehandle handle)

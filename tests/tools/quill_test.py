@@ -66,7 +66,8 @@ RUNS = [
     ("solve none.qmg", FAILED, "", "not found."),
     ("dict check short.dic", FAILED, "", "Error reading data."),
     ("dict words old.dic", FAILED, "", "Dictionary is too old."),
-    ("dict build nofolder/a.dic", FAILED, "", ""),
+    ("dict build nofolder/a.dic", FAILED, "", "quill: nofolder"),
+    ("dict build a.dic huge.txt", FAILED, "", "quill: "),
     # A dictionary from texts to words.
     ("dict build w.dic a.txt b.txt", DONE, "", "5 words, 343 bytes\n"),
     ("dict words w.dic", DONE, "nation\nnational\nnations\nNewyork\nzebra\n", ""),
@@ -91,6 +92,8 @@ RUNS = [
         f"grid draw {LONGNAME}", f"grid build {LONGNAME} p.txt", f"grid build a.qmg {LONGNAME}",
         f"dict words {LONGNAME}.dic", f"anagram a --dictionaries {LONGNAME}")],
     ("grid build ws.qmg p.txt --wordsquare", DONE, "", ""),
+    ("clues ws.qmg", FAILED, "", "ws.qmg is a word square"),
+    ("solve ws.qmg --mark 0,0,2,0", FAILED, "", "ws.qmg is a word square"),
     ("grid build bad.qmg bad.txt", FAILED, "", "Line 2: the row has 3 cells"),
     ("grid draw bad.qmg", FAILED, "", "not found."),
     ("grid build t.qmg t.txt", DONE, "", ""),
@@ -162,6 +165,8 @@ class QuillTest(unittest.TestCase):
         for leaf, text in FILES.items():
             (cls.folder / leaf).parent.mkdir(exist_ok=True)
             (cls.folder / leaf).write_bytes(text.encode(ENCODING))
+        with (cls.folder / "huge.txt").open("wb") as huge:
+            huge.truncate(1 << 32 | 5)  # all of it holes
 
     def bytes(self, leaf):
         return (self.folder / leaf).read_bytes()

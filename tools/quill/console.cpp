@@ -7,6 +7,7 @@
 #include "tools/quill/edge.h"
 
 #include <cstdarg>
+#include <cstdint>
 #include <cstdio>
 
 namespace
@@ -14,22 +15,19 @@ namespace
 
 bool counting;
 
-// By what the bytes are, whatever the console's own encoding is.
-errorblock *textdecode(const std::string &bytes, std::string *text)
+// By what the bytes are, whatever the console's own encoding is. In their own place,
+// since a text may be large and is never longer than its UTF-8.
+errorblock *textdecode(std::string *text)
 {
     textkindfinder finder = {};
-    for (char byte : bytes)
+    for (char byte : *text)
         textkindbyte(&finder, static_cast<uint8_t>(byte));
-    if (!textkindutf8(finder)) {
-        *text = bytes;
-        return nullptr;
-    }
+    if (!textkindutf8(finder)) return nullptr;
     constexpr size_t MARKBYTES = 3;
-    size_t start = finder.marked ? MARKBYTES : 0;
+    size_t start = finder.marked ? MARKBYTES : 0, size = text->size() - start;
     int32_t length = 0;
-    text->assign(bytes.size() + 1, 0); // never longer than its UTF-8
-    errorblock *err = utf8to1252(bytes.data() + start, static_cast<int32_t>(bytes.size() - start),
-                                 text->data(), static_cast<int32_t>(text->size()), &length);
+    errorblock *err = utf8to1252(text->data() + start, static_cast<int32_t>(size), text->data(),
+                                 static_cast<int32_t>(text->size() + 1), &length);
     text->resize(static_cast<size_t>(length));
     return err;
 }
@@ -79,31 +77,35 @@ void countend()
 
 errorblock *bytesload(const std::string &path, std::string *bytes)
 {
-    void *held = nullptr;
+    filehandle handle = 0;
+    fileinfo info;
     int32_t size = 0;
-    errorblock *err = fileloadnew(path.c_str(), &held, &size);
-    if (!err && !held) err = makeerrorf(ERRORNOTFOUND, path.c_str());
-    if (!err) bytes->assign(static_cast<char *>(held), static_cast<size_t>(size));
-    heap_free(&held);
-    return err;
+    errorblock *err = fileinfoget(path.c_str(), &info);
+    if (!err && info.objecttype != OBJECTFILE) err = makeerrorf(ERRORNOTFOUND, path.c_str());
+    if (!err) err = fileopen(path.c_str(), "r", &handle);
+    if (!err) err = filesize(handle, &size);
+    if (!err) bytes->resize(static_cast<size_t>(size));
+    if (!err) err = filereadall(handle, bytes->data(), size);
+    return fileclose(handle, err);
 }
 
 errorblock *textload(const std::string &path, std::string *text)
 {
-    std::string bytes;
-    errorblock *err = bytesload(path, &bytes);
-    return err ? err : textdecode(bytes, text);
+    errorblock *err = bytesload(path, text);
+    return err ? err : textdecode(text);
 }
 
 errorblock *inputload(std::string *text)
 {
-    std::string bytes;
     char buffer[4096];
+    text->clear();
     size_t got;
-    while ((got = std::fread(buffer, 1, sizeof buffer, stdin)) > 0)
-        bytes.append(buffer, got);
+    while ((got = std::fread(buffer, 1, sizeof buffer, stdin)) > 0) {
+        if (text->size() + got > INT32_MAX) return makeerror(ERRORMEMORY);
+        text->append(buffer, got);
+    }
     if (std::ferror(stdin)) return makeerror(ERRORREAD);
-    return textdecode(bytes, text);
+    return textdecode(text);
 }
 
 errorblock *outclose()

@@ -166,7 +166,8 @@ errorblock *commandstats(const arguments &args)
 errorblock *commandclues(const arguments &args)
 {
     bfile file;
-    errorblock *err = opengrid(args);
+    errorblock *err = sessionstart(args);
+    if (!err) err = sessioncrossword(args.words[0]);
     if (!err) err = bopen(nullptr, "w", BFILEBUFFER, &file);
     if (err) return err;
     cluelistwrite(&file);

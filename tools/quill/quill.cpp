@@ -107,9 +107,23 @@ const commandrow *commandfind(const std::vector<std::string> &words, size_t *use
     return nullptr;
 }
 
+// An error of the system's tells the call that failed and its code, and the file last:
+// "words (call) (code) (file)". Who sits at a console wants the file and the words.
+std::string plainwords(const std::string &text)
+{
+    for (size_t at = text.find('('); at != std::string::npos; at = text.find('(', at + 1)) {
+        int behind = 0;
+        if (std::sscanf(text.c_str() + at, "(%*[^)]) (%*[0-9])%n", &behind), !behind) continue;
+        std::string words = text.substr(0, text.find_last_not_of(" \r\n", at - 1) + 1);
+        std::string file = text.substr(at + static_cast<size_t>(behind));
+        return file.size() > 3 ? file.substr(2, file.size() - 3) + ": " + words : words;
+    }
+    return text;
+}
+
 int failed(const errorblock *err)
 {
-    remark("quill: %s", err->text);
+    remark("quill: %s", plainwords(err->text).c_str());
     return FAILED;
 }
 

@@ -46,7 +46,7 @@ void outsolutions()
 errorblock *commandsolve(const arguments &args)
 {
     errorblock *err = sessionstart(args);
-    if (!err) err = sessiongrid(args.words[0]);
+    if (!err) err = sessioncrossword(args.words[0]);
     if (!err) err = sessiondicts(args);
     for (const cellbox &box : args.marks)
         if (!err) err = markcells(box);

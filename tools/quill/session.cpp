@@ -1,10 +1,12 @@
 #include "tools/quill/session.h"
 
+#include "base/errorcodes.h"
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/paths.h"
 #include "dict/dictset.h"
 #include "find/solutions.h"
+#include "grid/grid.h"
 #include "grid/gridfile.h"
 
 namespace
@@ -56,6 +58,17 @@ errorblock *sessiongrid(const std::string &path)
     errorblock *err = fileinfoget(path.c_str(), &info);
     if (!err && info.objecttype != OBJECTFILE) err = makeerrorf(ERRORNOTFOUND, path.c_str());
     if (!err) err = gridopened(path.c_str(), FILETYPEGRID);
+    return err;
+}
+
+errorblock *sessioncrossword(const std::string &path)
+{
+    errorblock *err = sessiongrid(path);
+    if (!err && grid.kind == GRIDWORDSQUARE)
+        err = makeerrortext(ENOTTYPE,
+                            "%s is a word square, which has no slots and no clues; find "
+                            "lists its words.",
+                            leafname(path.c_str()));
     return err;
 }
 

@@ -12,6 +12,9 @@ errorblock *sessionstart(const arguments &args);
 // Opens a grid, with the dictionaries that it names. Error 28 without the file.
 errorblock *sessiongrid(const std::string &path);
 
+// The same for what a word square hasn't: error 256 for one.
+errorblock *sessioncrossword(const std::string &path);
+
 // Puts the dictionaries in use that --dict names; without it the grid's own
 // list stands, and without that the default rule. Errors: one that isn't
 // there, one that doesn't load, 528.
