@@ -45,9 +45,9 @@ errorblock *platformwrite(filehandle handle, const void *data, int32_t length, i
 errorblock *platformseek(filehandle handle, int32_t position);
 errorblock *platformtell(filehandle handle, int32_t *position);
 errorblock *platformsize(filehandle handle, int32_t *size); // an error over 2 GB
-errorblock *platformtruncate(filehandle handle);          // ends the file at the position
-errorblock *platformsync(filehandle handle);              // what was written is on the disc
-FILE *platformstream(const char *path, const char *mode); // 0 if it can't be had
+errorblock *platformtruncate(filehandle handle);            // ends the file at the position
+errorblock *platformsync(filehandle handle);                // what was written is on the disc
+FILE *platformstream(const char *path, const char *mode);   // 0 if it can't be had
 
 // Objects. platforminfoget gives type 0 and no error for a missing one.
 errorblock *platforminfoget(const char *path, platforminfo *info);
