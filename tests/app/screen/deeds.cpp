@@ -7,6 +7,7 @@
 #include "dict/dicteditwindow.h"
 #include "dict/dictfile.h"
 #include "dict/dictset.h"
+#include "dict/wordtables.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/solutionsview.h"
@@ -181,8 +182,10 @@ bool largehere()
     return here;
 }
 
+// Searches through it take the plain road, and so the time to be stopped.
 void large(int32_t inuse, const std::string &name)
 {
+    tablesoff = true;
     std::filesystem::copy_file(datafile("MainDict.dic"), place(name + ".dic"),
                                std::filesystem::copy_options::overwrite_existing);
     prepare([&] {

@@ -11,6 +11,7 @@
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
+#include "dict/wordtables.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/solutionsview.h"
@@ -104,6 +105,7 @@ void modulesreset()
 {
     flexfailafter(-1);
     platformfault = {};
+    tablesoff = false;
     if (!started) {
         started = true;
         begin();
