@@ -182,16 +182,23 @@ bool largehere()
     return here;
 }
 
-// Searches through it take the plain road, and so the time to be stopped.
+// Searches through it take the plain road, and so the time to be stopped; through
+// more of them under other names a longer one.
 void large(int32_t inuse, const std::string &name)
 {
     tablesoff = true;
-    std::filesystem::copy_file(datafile("MainDict.dic"), place(name + ".dic"),
-                               std::filesystem::copy_options::overwrite_existing);
+    for (int32_t n = 0; n < std::max(inuse, 1); n++)
+        std::filesystem::copy_file(datafile("MainDict.dic"),
+                                   place(name + (n ? std::to_string(n) : "") + ".dic"),
+                                   std::filesystem::copy_options::overwrite_existing);
     prepare([&] {
         errorblock *err = dictstart();
         if (!err) dictsetclear();
-        return err || !inuse ? err : dictuse(static_cast<uint32_t>(dictnamefind(name.c_str())));
+        for (int32_t n = 0; n < inuse && !err; n++) {
+            const std::string each = name + (n ? std::to_string(n) : "");
+            err = dictuse(static_cast<uint32_t>(dictnamefind(each.c_str())));
+        }
+        return err;
     });
 }
 

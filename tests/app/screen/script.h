@@ -105,8 +105,8 @@ constexpr int32_t under(int32_t bar, int32_t entry)
 
 // Where a script begins: a Crossword by its picture, a Wordsquare of so many cells each
 // way, both with WORDS in use; dictionaries of its own, "mine: ant bee; other: else",
-// in use or not (on is 1 or 0), and the shipped large one as that name, which a script
-// must first ask for by largehere.
+// in use or not (on is 1 or 0), and the shipped large one as that name, in use so many
+// times, which a script must first ask for by largehere.
 inline const std::string WORDS = "words: act art bat cat cot ease incomprehensibly oat rat stare "
                                  "tar tea teas toe tsar";
 doing crossword, square, dictionaries, large;

@@ -283,7 +283,7 @@ TEST_CASE("a long Solve of a Wordsquare is stopped with what it has")
 {
     if (!largehere()) return;
     play({
-        {square, 127}, {large, 1, "MainDict"}, {setting, 2, "minimum"}, {searched, BARNEW},
+        {square, 127}, {large, 8, "MainDict"}, {setting, 2, "minimum"}, {searched, BARNEW},
         {searched, BARSQUARESOLVE},
     });
     int all = std::stoi(count(0, ""));
