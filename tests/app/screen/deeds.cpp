@@ -440,14 +440,6 @@ void nextstart(int32_t, const std::string &)
     });
 }
 
-int64_t worked()
-{
-    FILETIME made, ended, kernel, user;
-    GetProcessTimes(GetCurrentProcess(), &made, &ended, &kernel, &user);
-    auto units = [](FILETIME t) { return int64_t{t.dwHighDateTime} << 32 | t.dwLowDateTime; };
-    return (units(kernel) + units(user)) / 10000;
-}
-
 bool recorded(bool now)
 {
     constexpr const char *KEY = "Software\\Orchardlight\\Dictionaries";

@@ -173,5 +173,4 @@ seeing undrawn;          // pixels that a redraw changes
 seeing repainted;        // painted over, it is drawn again
 seeing scrolled;         // the grid, by cells: "1,2"
 seeing layout;           // right: bar, list, gap and grid
-int64_t worked();        // by this program so far, in milliseconds: others may be busy too
 bool recorded(bool now); // the folder of dictionaries in the system's records; false if it can't
