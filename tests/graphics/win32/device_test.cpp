@@ -39,26 +39,6 @@ canvas::extent shown(canvas *c)
 
 } // namespace
 
-TEST_CASE("the screen's facts are the screen's, however often they are asked")
-{
-    HDC dc = GetDC(nullptr);
-    for (auto [told, index] : {std::pair{modeinfo.xdpi, LOGPIXELSX},
-                               {modeinfo.bitspixel, BITSPIXEL},
-                               {modeinfo.rastercaps, RASTERCAPS},
-                               {modeinfo.widthpx, HORZRES},
-                               {modeinfo.heightpx, VERTRES}})
-        CHECK(told == GetDeviceCaps(dc, index));
-    ReleaseDC(nullptr, dc);
-    CHECK(scrollbarheight == devtoosy(GetSystemMetrics(SM_CYHSCROLL)));
-    CHECK(scrollbarwidth == devtoosx(GetSystemMetrics(SM_CXVSCROLL)));
-    int before = deviceobjects();
-    for (int i = 0; i < 20; i++)
-        modeinfoinit();
-    CHECK(deviceobjects() == before);
-    modeinfoend();
-    CHECK_FALSE(palette);
-}
-
 TEST_CASE("measuring has a surface of its own, or borrows that of a redraw")
 {
     int before = deviceobjects();
@@ -87,22 +67,6 @@ TEST_CASE("measuring has a surface of its own, or borrows that of a redraw")
     surfaceclose();
     CHECK_FALSE(currentsurface);
     CHECK(deviceobjects() == before);
-}
-
-TEST_CASE("one pen and one brush a surface, and the context gets its own back")
-{
-    canvas c(4, 4);
-    HGDIOBJ pen = GetCurrentObject(surfacecontext(), OBJ_PEN);
-    HGDIOBJ brush = GetCurrentObject(surfacecontext(), OBJ_BRUSH);
-    setcolour(0);
-    int one = deviceobjects();
-    for (uint32_t i = 0; i < 200; i++)
-        setcolour(i << 12);
-    CHECK(deviceobjects() == one);
-    surfacerelease(c.drawing);
-    CHECK(GetCurrentObject(surfacecontext(), OBJ_PEN) == pen);
-    CHECK(GetCurrentObject(surfacecontext(), OBJ_BRUSH) == brush);
-    CHECK(deviceobjects() == one - 2);
 }
 
 TEST_CASE("colours by word, value and number, and the modes that stay or not")

@@ -97,17 +97,3 @@ TEST_CASE("a palette device: its two palettes, selected, read again, joined by i
     }
     CHECK(deviceobjects() == before);
 }
-
-TEST_CASE("a device of 8 bits without a palette has the colours of its solid pens")
-{
-    modeinfo.bpp = 8;
-    modeinfo.palettedevice = 0;
-    modeinfo.numcolours = 20;
-    std::fill_n(modeinfo.systempalette, PALETTECOLOURS, 0x12345678u);
-    HDC dc = GetDC(nullptr);
-    palettesetup(reinterpret_cast<intptr_t>(dc));
-    ReleaseDC(nullptr, dc);
-    for (uint32_t colour : {0u, 0xffffff00u, 0x0000ff00u, 0xff000000u})
-        CHECK(modeinfo.systempalette[nearestcolour(colour)] == colour);
-    CHECK(modeinfo.nearest[7] == static_cast<uint32_t>(nearestcolour(0)));
-}
