@@ -6,12 +6,15 @@
 #include "desktop/win32/iconhandle.h"
 #include "graphics/win32/windowhandle.h"
 
-// Its answer is the old focus, which may be nothing: what counts is the new.
+// The call's answer is the old focus, which may be nothing, and messages in between
+// may have led the focus on. It failed if the focus never moved: then none of them was
+// sent, and the reason is the call's own.
 static errorblock *focusto(HWND control)
 {
+    HWND before = GetFocus();
     SetLastError(0);
-    if (!SetFocus(control) && GetFocus() != control) return syserr("SetFocus");
-    return nullptr;
+    if (SetFocus(control) || GetFocus() != before) return nullptr;
+    return before == control ? nullptr : syserr("SetFocus");
 }
 
 errorblock *focuswindow(window w)
