@@ -3,6 +3,7 @@
 #include "app/filetypes.h"
 #include "app/longwork.h"
 #include "app/mainwindow.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "desktop/filedialogs.h"
 #include "desktop/handlertable.h"
@@ -23,23 +24,43 @@ void formattype(intptr_t filetype, int32_t, int32_t *type, char *, int32_t)
     *type = static_cast<int32_t>(filetype);
 }
 
-// Asks where to save, with the formats that have a text in one of the lists.
-errorblock *saveask(const char *name, const char *filekind::*list, int32_t filetype,
-                    savehandler handler)
+// Row of the list of formats that the box for a grid shows, and that of the grid or
+// picture saved last.
+struct {
+    int32_t chosen, saved;
+} gridformat;
+
+// Asks where to save, with the formats that have a text in one of the lists. The path
+// is what the box begins with.
+errorblock *saveask(char *path, const char *filekind::*list, int32_t filetype, savehandler handler,
+                    int32_t *chosen)
 {
     savefilter rows[FILEKINDS];
-    int32_t count = 0, chosen = 0;
+    int32_t count = 0;
     for (const filekind &kind : filekinds)
         if (kind.*list) rows[count++] = {kind.*list, formattype, kind.row.type};
-    savefilterset(count, rows, &chosen);
-    char path[PATHSIZE];
-    strcopyn(path, name, sizeof path);
-    return savefileowner(path, sizeof path, filetype, handler, mainwindow);
+    savefilterset(count, rows, chosen);
+    if (*chosen > 0 && *chosen < count) {
+        char extension[PATHSIZE];
+        filetypetext(static_cast<int32_t>(rows[*chosen].context), extension, sizeof extension);
+        pathsetext(path, extension);
+    }
+    return savefileowner(path, PATHSIZE, filetype, handler, mainwindow);
+}
+
+// A file of that name in the document's folder; the name alone where there is none, or
+// no room.
+void besidedocument(char *path, const char *leaf)
+{
+    dirname(grid.filename, path, PATHSIZE);
+    if (!path[0] || fs_strcat(path, PATHSIZE, leaf)) strcopyn(path, leaf, PATHSIZE);
 }
 
 errorblock *gridsavedas(const char *path, int32_t type)
 {
-    return type == FILETYPEGRID ? gridsaveto(path) : picturesave(type, path);
+    errorblock *err = type == FILETYPEGRID ? gridsaveto(path) : picturesave(type, path);
+    if (!err) gridformat.saved = gridformat.chosen;
+    return err;
 }
 
 errorblock *cluessavedas(const char *path, int32_t type)
@@ -93,12 +114,19 @@ constexpr handlertable drophandlers = {
 
 errorblock *filesaveas()
 {
-    return saveask("Grid", &filekind::savegrid, FILETYPEGRID, gridsavedas);
+    bool named = grid.filename[0];
+    char path[PATHSIZE];
+    strcopyn(path, named ? grid.filename : "Grid", sizeof path);
+    gridformat.chosen = named ? gridformat.saved : 0;
+    return saveask(path, &filekind::savegrid, FILETYPEGRID, gridsavedas, &gridformat.chosen);
 }
 
 errorblock *filesaveclues()
 {
-    return saveask("Clues", &filekind::saveclues, FILETYPETEXT, cluessavedas);
+    char path[PATHSIZE];
+    int32_t chosen = 0;
+    besidedocument(path, "Clues");
+    return saveask(path, &filekind::saveclues, FILETYPETEXT, cluessavedas, &chosen);
 }
 
 errorblock *fileopen()

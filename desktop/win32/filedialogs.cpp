@@ -17,7 +17,7 @@
 static constexpr int NAMEFIELD = 1152, NAMECOMBO = 1148;
 
 // The other type of file may want another name. One that is too long to be read
-// is kept as it stands.
+// is kept as it stands, and so is a folder that was typed before the name.
 static void typechanged(HWND box, const OPENFILENAMEA *choice)
 {
     char name[PATHSIZE];
@@ -26,9 +26,8 @@ static void typechanged(HWND box, const OPENFILENAMEA *choice)
     savefilterchange(static_cast<int32_t>(choice->nFilterIndex), read ? name : nullptr,
                      sizeof name);
     if (!read) return;
-    auto leaf = reinterpret_cast<LPARAM>(leafname(name));
-    SendMessageA(box, CDM_SETCONTROLTEXT, NAMEFIELD, leaf);
-    SendMessageA(box, CDM_SETCONTROLTEXT, NAMECOMBO, leaf);
+    SendMessageA(box, CDM_SETCONTROLTEXT, NAMEFIELD, reinterpret_cast<LPARAM>(name));
+    SendMessageA(box, CDM_SETCONTROLTEXT, NAMECOMBO, reinterpret_cast<LPARAM>(name));
 }
 
 // The hook's window is a child of the box.

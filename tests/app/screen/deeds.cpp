@@ -403,6 +403,15 @@ void choose(int32_t row, const std::string &leaf)
     driveboxanswer(asked, leaf.empty() ? IDCANCEL : IDOK);
 }
 
+void retype(int32_t row, const std::string &name)
+{
+    window asked = driveboxwait();
+    if (!asked) return stumble("no box comes up");
+    Sleep(100); // its own first messages
+    driveboxfile(asked, name, 0);
+    driveboxfile(asked, "", row);
+}
+
 void pickcolour(int32_t control, const std::string &rgb)
 {
     constexpr int RED = 706;

@@ -178,6 +178,16 @@ TEST_CASE("a type of picture makes a picture, and leaves the document its name")
         {menu, COMMANDSAVEAS}, {choose, 4, "placeable.wmf"}, {value, "file", ""},
         {menu, COMMANDSAVEAS}, {choose, 2, ""}, {menu, COMMANDSAVECLUES}, {choose, 0, "clues"},
     });
+    // The next box begins with the document, its folder, and the kind saved last.
+    play({
+        {menu, COMMANDSAVEAS}, {offered, "Grid 1"}, {choose, 0, "own"}, {menu, COMMANDSAVEAS},
+        {offered, "own.qmg 1"}, {choose, 2, ""}, {menu, COMMANDSAVEAS}, {offered, "own.qmg 1"},
+        {retype, 2, "some\\folder\\x.qmg"}, {offered, "some\\folder\\x.qmg 2"},
+        {choose, 0, "own.emf"}, {menu, COMMANDSAVEAS}, {offered, "own.emf 2"}, {choose, 1, "own"},
+        {menu, COMMANDSAVEAS}, {offered, "own.qmg 1"}, {choose, 3, "own"},
+        {menu, COMMANDSAVECLUES}, {offered, "Clues 1"}, {choose, 0, ""},
+        {menu, COMMANDNEWGRID}, {menu, COMMANDSAVEAS}, {offered, "Grid 1"}, {choose, 0, ""},
+    });
     // Cursor and mark are in no picture.
     play({{another, "ab#/..."}, {menu, COMMANDSAVEAS}, {choose, 3, "unmarked"}});
     CHECK(file(0, "plain.wmf") == file(0, "unmarked.wmf"));

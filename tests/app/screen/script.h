@@ -134,6 +134,7 @@ doing resize;           // the main window: "500,400"; "max", "min", "back"
 doing wheel;            // so many notches over the list
 doing answer;           // a button, in a box of the system
 doing choose;           // in a box for files: a row of types, from 1, 0 for none; a leaf; OK
+doing retype;           // types a name there, and then chooses a row
 doing pickcolour;       // a control and "200 100 50": the box it opens, OK
 doing pickfont;         // a control and points
 doing fresh, nextstart; // all as at a first start; reads what a start reads
@@ -155,6 +156,7 @@ seeing text, ticked, there;           // of a control
 seeing fits;                          // a control has room for that text
 seeing focus;                         // a control has it; -1: a list of words
 seeing box, boxthere;                 // of the system: its text, or none
+seeing offered;                       // of a box for files: "name row", in the run's own folder
 seeing shown, infront, enabled;       // a title; the front one's; the main window
 seeing entries;                       // of a menu of the bar, or of one under it
 seeing word, wordrow, caretrow;       // a list of words: its row; selected, outlined row, or -1

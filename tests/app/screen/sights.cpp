@@ -24,6 +24,8 @@
 #include "tests/app/screen/inside.h"
 #include "tests/support/runner.h"
 
+#include <commdlg.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -337,6 +339,19 @@ std::string box(int32_t, const std::string &)
 std::string boxthere(int32_t, const std::string &)
 {
     return yes(drivefind("", "#32770"));
+}
+
+std::string offered(int32_t, const std::string &)
+{
+    constexpr int types = 0x470, name = 0x480, names = 0x47C;
+    char folder[MAX_PATH] = "";
+    window w = drivefind("", "#32770"), list = drivecontrol(w, types);
+    if (!list) return "none";
+    std::string typed = drivetext(w, drivecontrol(w, names) ? names : name);
+    SendMessageA(handle(w), CDM_GETFOLDERPATH, sizeof folder, reinterpret_cast<LPARAM>(folder));
+    if (std::filesystem::path(place("x")).parent_path() != folder)
+        typed += std::string(" in ") + folder;
+    return typed + " " + number(SendMessageA(handle(list), CB_GETCURSEL, 0, 0) + 1);
 }
 
 std::string shown(int32_t, const std::string &named)
