@@ -1,13 +1,12 @@
 #!/usr/bin/env python3
-"""Pictures of grids, as readers see them that share no code with their writer:
-one lists the records, the other is an office suite that paints them.
+"""Pictures of grids, as a reader sees them that shares no code with their writer:
+it lists the records.
 
 usage: gridpictures_test.py QUILL GRIDPICTURES...   (a native quill; the emulator
                                                      and the exe "gridpictures")
 """
 import pathlib
 import re
-import shutil
 import subprocess
 import sys
 import tempfile
@@ -22,11 +21,8 @@ PROGRAM = [str(pathlib.Path(word).resolve()) for word in sys.argv[2:]]
 KINDS = ("plain.wmf", "placeable.wmf", "enhanced.emf")
 BLACK, WHITE = "#000000", "#ffffff"
 
-# Grids, and their cells with a number.
 BLOCKS = "CAT#.\n.###.\na.DOG\n"
-BLOCKNUMBERS = [(0, 0), (4, 0), (0, 2)]
 BARS = "ABCD\nEFGH\nIJKL\n\nleft 1,0 3,2\ntop 0,1 2,2\n"
-BARNUMBERS = [(1, 0), (2, 0), (3, 0), (0, 1), (0, 2)]
 SQUARE = "catx\nxxox\nxxxg\ndogs\n"
 
 
@@ -71,40 +67,6 @@ class Made:
 
     def drawn(self, leaf, *kinds):
         return [shape for shape in self.files[leaf].drawing if shape[0] in kinds]
-
-    def painted(self):
-        """Each kind as an office suite paints it."""
-        subprocess.run(["soffice", f"-env:UserInstallation=file://{self.folder}/profile",
-                        "--headless", "--convert-to", "pdf", *KINDS], cwd=self.folder, check=True,
-                       capture_output=True, timeout=120)
-        pages = {}
-        for leaf in KINDS:
-            name = leaf.split(".")[0]
-            subprocess.run(["pdftoppm", "-gray", "-r", "300", "-singlefile", name + ".pdf", name],
-                           cwd=self.folder, check=True)
-            pages[leaf] = Page((self.folder / (name + ".pgm")).read_bytes(), self.grid)
-        return pages
-
-
-class Page:
-    """A painted page, cut to the picture on it."""
-
-    def __init__(self, pgm, grid):
-        fields = pgm.split(None, 4)[:4]
-        width, height = int(fields[1]), int(fields[2])
-        pixels = pgm[-width * height:]
-        rows = [pixels[y * width:(y + 1) * width] for y in range(height)]
-        rows = [row for row in rows if min(row) < 128]
-        across = [x for x in range(width) if min(row[x] for row in rows) < 128]
-        self.rows = [row[across[0]:across[-1] + 1] for row in rows]
-        self.size = ((len(self.rows[0]) - 1) / grid.width, (len(self.rows) - 1) / grid.height)
-
-    def share(self, x0, y0, x1, y1):
-        """How much of a box, in squares, is dark."""
-        w, h = self.size
-        pixels = b"".join(row[round(x0 * w):round(x1 * w)]
-                          for row in self.rows[round(y0 * h):round(y1 * h)])
-        return sum(pixel < 128 for pixel in pixels) / len(pixels)
 
 
 class PictureTest(unittest.TestCase):
@@ -158,33 +120,9 @@ class PictureTest(unittest.TestCase):
         self.assertEqual(len(heights), 1)
         self.assertTrue(s // 2 < heights.pop() < s)
 
-    def test_blocks(self):
-        made = Made(self.folder, BLOCKS)
-        grid = made.grid
-        self.checkcrossword(made, BLOCKNUMBERS)
-        for leaf, page in made.painted().items():
-            for y in range(grid.height):
-                for x in range(grid.width):
-                    with self.subTest(leaf, x=x, y=y):
-                        self.checkpainted(page, grid, x, y)
-
-    def checkpainted(self, page, grid, x, y):
-        if grid.block(x, y):
-            self.assertEqual(page.share(x + .1, y + .1, x + .9, y + .9), 1)
-            return
-        letter = page.share(x + .25, y + .38, x + .9, y + .9)  # clear of a number
-        self.assertEqual(0 < letter < .8, grid.rows[y][x] != ".")
-        number = page.share(x + .06, y + .06, x + .25, y + .38)
-        self.assertEqual(number > 0, (x, y) in BLOCKNUMBERS)
-
-    def test_bars_and_capitals(self):
-        made = Made(self.folder, BARS, "upper")
-        self.checkcrossword(made, BARNUMBERS)
-        for leaf, page in made.painted().items():
-            unit = 1 / made.square  # the bar of a kind is as thick as that of another
-            for x, y in made.grid.bars["left"]:
-                with self.subTest(leaf, x=x, y=y):
-                    self.assertEqual(page.share(x - .8 * unit, y + .4, x + .8 * unit, y + .6), 1)
+    def test_blocks_bars_and_capitals(self):
+        self.checkcrossword(Made(self.folder, BLOCKS), [(0, 0), (4, 0), (0, 2)])
+        self.checkcrossword(Made(self.folder, BARS), [(1, 0), (2, 0), (3, 0), (0, 1), (0, 2)])
         made = Made(self.folder, BLOCKS.replace("C", "c"), "upper")
         letters = {shape[3] for shape in self.shapes(made, "text")}
         self.assertTrue({"C", "A"} <= letters)
@@ -223,22 +161,7 @@ class PictureTest(unittest.TestCase):
             self.assertEqual(header["frame"], (0, 0, *frame))
             if scale is None:
                 self.assertEqual(self.checkgrid(made), ([], 0))
-                self.checkedges(made)
-
-    def checkedges(self, made):
-        """The grid reaches to the edges of what is painted, and nothing lies outside."""
-        cells = made.grid.width
-        for leaf, page in made.painted().items():
-            with self.subTest(leaf, cells=cells):
-                self.assertAlmostEqual(page.size[0] / page.size[1], 1, delta=.03)
-                last = cells - 1
-                self.assertEqual(page.share(last + .1, .1, last + .2, .9), 0)
-                self.assertEqual(page.share(last + .3, .3, last + .7, .8) > 0, cells == 1)
-                for line in page.rows[0], page.rows[-1], [row[-1] for row in page.rows]:
-                    self.assertGreater(sum(pixel < 128 for pixel in line), .9 * len(line))
 
 
 if __name__ == "__main__":
-    if not shutil.which("soffice") or not shutil.which("pdftoppm"):
-        sys.exit("gridpictures_test: soffice and pdftoppm are wanted")
     unittest.main(argv=sys.argv[:1])

@@ -8,14 +8,13 @@ import base64
 import html.parser
 import pathlib
 import re
-import struct
 import subprocess
 import sys
 import tempfile
 import unittest
-import zlib
 
 ROOT, MADE = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
+IMAGES = {path.name: path.read_bytes() for path in (ROOT / "docs" / "images").glob("*.png")}
 FOLDERS = ["app", "base", "desktop", "dict", "find", "graphics", "grid", "output"]
 
 # Errors that are made and that nobody sees: what was cancelled needs no message, and
@@ -82,21 +81,6 @@ def squeezed(text):
     return " ".join(text.split())
 
 
-def checkpicture(data, name):
-    """That it is a whole PNG of more than a few pixels."""
-    assert data[:8] == b"\x89PNG\r\n\x1a\n", f"{name} is no PNG"
-    width, height = struct.unpack(">II", data[16:24])
-    assert width > 30 and height > 15, f"{name} has {width} by {height} pixels"
-    at, body = 8, b""
-    while at < len(data):
-        length, kind = struct.unpack(">I4s", data[at:at + 8])
-        if kind == b"IDAT":
-            body += data[at + 8:at + 8 + length]
-        at += length + 12
-    assert kind == b"IEND" and at == len(data), f"{name} is cut short"
-    assert zlib.decompress(body), f"{name} is empty"
-
-
 class HelpFile(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -146,10 +130,10 @@ class HelpFile(unittest.TestCase):
                 self.target(link if not link.startswith("#") else name + link)
             for picture in page.pictures:
                 self.assertTrue(picture["alt"], f"{name}: {picture['src']} says nothing")
-                checkpicture((self.place / picture["src"]).read_bytes(), picture["src"])
                 pictures.add(picture["src"])
         self.assertGreater(len(pictures), 10)
-        self.assertEqual(pictures, {path.name for path in self.place.glob("*.png")})
+        for name in pictures:
+            self.assertEqual((self.place / name).read_bytes(), IMAGES[name], name)
 
     def test_one_page_has_everything(self):
         page = Reader((MADE / "Quillmere.html").read_text(encoding="utf-8"))
@@ -160,7 +144,7 @@ class HelpFile(unittest.TestCase):
         for picture in page.pictures:
             kind, _, data = picture["src"].partition(",")
             self.assertEqual(kind, "data:image/png;base64")
-            checkpicture(base64.b64decode(data, validate=True), picture["alt"])
+            self.assertIn(base64.b64decode(data, validate=True), IMAGES.values(), picture["alt"])
         for name in (MADE / "pages").glob("*.html"):
             self.assertTrue(made(name.stem).text in page.text, name.name)
 

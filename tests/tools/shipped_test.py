@@ -23,33 +23,6 @@ def quill(*args):
     return run.stdout.splitlines()
 
 
-class Picture:
-    """A sample's picture, read without the program's help."""
-
-    def __init__(self, name):
-        rows, _, bars = (SAMPLES / f"{name}.txt").read_text(encoding="ascii").partition("\n\n")
-        self.rows = rows.splitlines()
-        self.width, self.height = len(self.rows[0]), len(self.rows)
-        self.bars = {"left": set(), "top": set()}
-        for line in bars.splitlines():
-            edge, *cells = line.split()
-            self.bars[edge] |= {tuple(map(int, cell.split(","))) for cell in cells}
-
-    def walls(self):
-        """Blocks and bars, each bar by the two cells that it parts."""
-        blocks = {(x, y) for y, row in enumerate(self.rows) for x, ch in enumerate(row) if ch == "#"}
-        left = {frozenset({(x - 1, y), (x, y)}) for x, y in self.bars["left"]}
-        top = {frozenset({(x, y - 1), (x, y)}) for x, y in self.bars["top"]}
-        return blocks, left | top
-
-    def lights(self):
-        across = ["".join(("|" if (x, y) in self.bars["left"] else "") + ch
-                          for x, ch in enumerate(row)) for y, row in enumerate(self.rows)]
-        down = ["".join(("|" if (x, y) in self.bars["top"] else "") + self.rows[y][x]
-                        for y in range(self.height)) for x in range(self.width)]
-        return [light for line in across + down for light in re.split(r"[#|]", line) if len(light) > 1]
-
-
 class ListTest(unittest.TestCase):
     SIZES = {"MainDict-UK": 280000, "MainDict-US": 274000, "MainDict": 283000,
              "Puzzle-UK": 79000, "Puzzle-US": 77000}
@@ -81,19 +54,13 @@ class ListTest(unittest.TestCase):
 class SampleTest(unittest.TestCase):
     NAMES = "crossword13", "barred12", "misspelt15"
 
-    def test_half_a_turn_changes_no_wall(self):
-        for name in self.NAMES:
-            picture = Picture(name)
-            blocks, bars = picture.walls()
-            turn = lambda cell: (picture.width - 1 - cell[0], picture.height - 1 - cell[1])
-            self.assertEqual({turn(cell) for cell in blocks}, blocks, name)
-            self.assertEqual({frozenset(map(turn, bar)) for bar in bars}, bars, name)
-
-    def test_words_are_words_but_the_misspelt_two(self):
+    def test_grids_are_symmetric_and_their_words_known_but_the_misspelt_two(self):
         family = set(words("Puzzle-UK"))
         known = family | {word.lower() for word in words("MainDict")}
         for name in self.NAMES:
-            filled = [light.lower() for light in Picture(name).lights() if "." not in light]
+            grid = DATA / f"{name}.qmg"
+            self.assertIn("symmetry\thalf turn", quill("stats", grid), name)
+            filled = [word.lower() for word in quill("grid", "words", grid) if " " not in word]
             self.assertGreater(len(filled), 15, name)
             wrong = ["grammer", "resistence"] if name == "misspelt15" else []
             self.assertEqual(sorted(set(filled) - family), wrong)
