@@ -12,14 +12,17 @@ namespace
 
 struct cellrect {
     int32_t left, top, right, bottom; // left -1 for none
+    bool operator==(const cellrect &) const = default;
 };
 
 constexpr cellrect NOCELLS = {-1, -1, -1, -1};
 
-// Of the drag under way.
+// Of the drag under way, or the last.
 struct {
-    int32_t x, y; // where it began
-    bool first;   // there was no mark
+    int32_t x, y;       // where it began
+    bool first;         // there was no mark
+    int32_t endx, endy; // where the pointer is
+    cellrect made;      // the mark that it left
 } drag;
 
 bool within(const cellrect &rect, int32_t x, int32_t y)
@@ -85,7 +88,7 @@ void cursorormark(const cellrect &rect, cellrect *changed)
 bool griddragstart(int32_t x, int32_t y)
 {
     if (grid.kind != GRIDCROSSWORD || !gridinside(x, y)) return false;
-    drag = {x, y, grid.markleft == -1};
+    drag = {x, y, grid.markleft == -1, x, y, NOCELLS};
     markset(NOCELLS);
     if (!drag.first) griddragstep(x, y);
     return true;
@@ -95,6 +98,8 @@ void griddragstep(int32_t x, int32_t y)
 {
     x = std::clamp(x, 0, grid.width - 1);
     y = std::clamp(y, 0, grid.height - 1);
+    drag.endx = x;
+    drag.endy = y;
     cellrect after = {std::min(x, drag.x), std::min(y, drag.y), std::max(x, drag.x),
                       std::max(y, drag.y)};
     cellrect changed = flip(markbounds(), after);
@@ -110,4 +115,23 @@ void griddragend()
     drag.first = false;
     markrescan();
     marklengthshow();
+    drag.made = markbounds();
+}
+
+// The mark is made anew by a drag between the same corners, but for the one that moves.
+// A mark that was changed since it was made begins at its first cell.
+void gridmarkstep(int32_t dx, int32_t dy)
+{
+    if (grid.kind != GRIDCROSSWORD) return;
+    cellrect now = markbounds(), cursor = {grid.cursorx, grid.cursory, grid.cursorx, grid.cursory};
+    bool marked = now.left != -1;
+    if (!marked) now = cursor;
+    if (!marked || now != drag.made) drag = {now.left, now.top, true, now.right, now.bottom, now};
+    int32_t x = drag.x, y = drag.y, endx = drag.endx + dx, endy = drag.endy + dy;
+    gridleftpress(x, y, false);
+    if (!gridinside(x, y) || (grid.flags[x][y] & CELLKIND) == CELLBLOCK) return;
+    griddragstart(x, y);
+    griddragstep(endx, endy);
+    griddragend();
+    gridcellshow(drag.endx, drag.endy);
 }

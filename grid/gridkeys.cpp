@@ -3,6 +3,7 @@
 #include "desktop/handlertable.h"
 #include "desktop/keys.h"
 #include "grid/gridfile.h"
+#include "grid/gridpress.h"
 #include "grid/gridreflect.h"
 #include "grid/gridtype.h"
 #include "grid/gridview.h"
@@ -26,6 +27,17 @@ constexpr keyrow keys[] = {
     {KEYSHIFT | KEYRIGHT, calls<gridviewscroll, 1, 0>, false},
     {KEYSHIFT | KEYUP, calls<gridviewscroll, 0, -1>, false},
     {KEYSHIFT | KEYDOWN, calls<gridviewscroll, 0, 1>, false},
+    {KEYCTRL | KEYLEFT, calls<gridstep, -1, 0>, true},
+    {KEYCTRL | KEYRIGHT, calls<gridstep, 1, 0>, true},
+    {KEYCTRL | KEYUP, calls<gridstep, 0, -1>, true},
+    {KEYCTRL | KEYDOWN, calls<gridstep, 0, 1>, true},
+    {KEYCTRL | KEYSHIFT | KEYLEFT, calls<gridmarkstep, -1, 0>, true},
+    {KEYCTRL | KEYSHIFT | KEYRIGHT, calls<gridmarkstep, 1, 0>, true},
+    {KEYCTRL | KEYSHIFT | KEYUP, calls<gridmarkstep, 0, -1>, true},
+    {KEYCTRL | KEYSHIFT | KEYDOWN, calls<gridmarkstep, 0, 1>, true},
+    {KEYINSERT, calls<gridcursoredit, false, false>, true},
+    {KEYSHIFT | KEYINSERT, calls<gridcursoredit, true, false>, true},
+    {KEYCTRL | KEYINSERT, calls<gridcursoredit, false, true>, true},
     {KEYF1 + 4, calls<gridreflect, REFLECTVERTICAL>, true},
     {KEYF1 + 5, calls<gridreflect, REFLECTHORIZONTAL>, true},
     {KEYF1 + 6, calls<gridreflect, REFLECTRISING>, true},

@@ -84,6 +84,19 @@ void squares(const area &a, bool background)
         }
 }
 
+// On a block, which keeps its colour, the cursor is a frame inside it.
+void blockcursor()
+{
+    int32_t x = grid.cursorx, y = grid.cursory;
+    if (!gridinside(x, y) || kind(x, y) != CELLBLOCK) return;
+    setcolour(cursorcolour);
+    square(x, y);
+    int32_t across = std::max(grid.cellwidth / 8, 1), down = std::max(grid.cellheight / 8, 1);
+    setcolour(grid.fillcolour);
+    fillbox(x * grid.cellwidth + across, -(y + 1) * grid.cellheight + down,
+            grid.cellwidth - 2 * across, grid.cellheight - 2 * down);
+}
+
 // A letter stands as it is stored; what isn't there draws nothing.
 void letter(int32_t x, int32_t y, int32_t down)
 {
@@ -174,6 +187,7 @@ errorblock *gridredrawcells(const redrawrecord &r, bool background)
         fillbox(a.left, -a.bottom, a.right - a.left, a.bottom - a.top);
     }
     squares(a, background);
+    blockcursor();
     errorblock *err = letters(a);
     lines(a);
     return err;

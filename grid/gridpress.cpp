@@ -61,6 +61,21 @@ void gridrightpress(int32_t x, int32_t y, bool shift, bool ctrl)
     gridchange();
 }
 
+void gridcursoredit(bool shift, bool ctrl)
+{
+    gridrightpress(grid.cursorx, grid.cursory, shift, ctrl);
+}
+
+void gridstep(int32_t dx, int32_t dy)
+{
+    if (gridinside(grid.cursorx, grid.cursory)) return cursorstep(dx, dy);
+    int32_t x = std::max(std::min(grid.markleft, grid.markright), 0);
+    int32_t y = std::max(std::min(grid.marktop, grid.markbottom), 0);
+    if (hasmark()) markdrop();
+    cursorto(x, y);
+    gridcellshow(x, y);
+}
+
 void gridrightedit(int32_t x, int32_t y, bool shift, bool ctrl)
 {
     uint8_t *flags = &grid.flags[x][y];

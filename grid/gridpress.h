@@ -1,4 +1,4 @@
-// grid/gridpress.h - what the mouse does to cells.
+// grid/gridpress.h - what the mouse does to cells, and keys in its place.
 //
 // A left press moves the cursor, a left drag marks a rectangle, a right press
 // makes blocks and bars, or marks single cells while a rectangle is marked. In a
@@ -25,3 +25,11 @@ void gridrightedit(int32_t x, int32_t y, bool shift, bool ctrl);
 bool griddragstart(int32_t x, int32_t y);
 void griddragstep(int32_t x, int32_t y);
 void griddragend();
+
+// The same by keys, at the cursor. A step goes to the cell beside it, onto a block
+// too, and a mark goes away as at a left press; without a cursor it goes to the mark's
+// or the grid's first cell. A step of the mark moves the corner opposite to the one
+// where the mark began, and back in that cell there is the cursor again.
+void gridstep(int32_t dx, int32_t dy);
+void gridmarkstep(int32_t dx, int32_t dy);
+void gridcursoredit(bool shift, bool ctrl); // gridrightpress there

@@ -39,6 +39,13 @@ void place(int32_t x, int32_t y)
     gridcellshow(x, y);
 }
 
+void cursorput(int32_t x, int32_t y)
+{
+    cursordrawoff();
+    place(x, y);
+    cursordraw();
+}
+
 void stepforward()
 {
     int32_t x = grid.cursorx, y = grid.cursory;
@@ -90,10 +97,13 @@ void cursormove(int32_t dx, int32_t dy)
         x += dx;
         y += dy;
     }
-    if (!gridinside(x, y)) return;
-    cursordrawoff();
-    place(x, y);
-    cursordraw();
+    if (gridinside(x, y)) cursorput(x, y);
+}
+
+void cursorstep(int32_t dx, int32_t dy)
+{
+    int32_t x = grid.cursorx + dx, y = grid.cursory + dy;
+    if (hascursor() && gridinside(x, y)) cursorput(x, y);
 }
 
 void gridtype(uint8_t ch)

@@ -17,6 +17,9 @@ void cursorto(int32_t x, int32_t y);
 // such a cell the cursor stays.
 void cursormove(int32_t dx, int32_t dy);
 
+// To the cell beside it, whatever that is; one of the steps is 0.
+void cursorstep(int32_t dx, int32_t dy);
+
 // A letter, a space or "*", in the grid's case, and a step forward: not across a
 // bar. Other characters do nothing.
 void gridtype(uint8_t ch);

@@ -156,6 +156,16 @@ answer dialogcode(HWND, UINT, WPARAM, LPARAM)
     return {true, DLGC_DEFPUSHBUTTON};
 }
 
+// Space presses what has the focus, as Return does by the navigation.
+answer key(HWND control, UINT, WPARAM wparam, LPARAM lparam)
+{
+    bool held = HIWORD(lparam) & KF_REPEAT;
+    if (wparam != VK_SPACE || held) return SYSTEM;
+    WPARAM command = MAKEWPARAM(GetDlgCtrlID(control), BN_CLICKED);
+    SendMessageA(GetParent(control), WM_COMMAND, command, reinterpret_cast<LPARAM>(control));
+    return DONE;
+}
+
 answer nothing(HWND, UINT, WPARAM, LPARAM)
 {
     return DONE;
@@ -192,7 +202,7 @@ constexpr messagerow rows[] = {
     {WM_GETDLGCODE, dialogcode}, {WM_SETCURSOR, setcursor}, {WM_LBUTTONDOWN, mouse},
     {WM_LBUTTONDBLCLK, mouse},   {WM_LBUTTONUP, mouse},     {WM_RBUTTONDOWN, mouse},
     {WM_RBUTTONDBLCLK, mouse},   {WM_RBUTTONUP, mouse},     {WM_MOUSEMOVE, mouse},
-    {WM_CAPTURECHANGED, mouse},  {WM_TIMER, mouse},
+    {WM_CAPTURECHANGED, mouse},  {WM_TIMER, mouse},         {WM_KEYDOWN, key},
 };
 
 } // namespace

@@ -1,9 +1,13 @@
 #include "desktop/win32/menumessages.h"
 
 #include "base/boxes.h"
+#include "base/chars.h"
+#include "base/platform.h"
 #include "desktop/menupath.h"
 
 #include <windows.h>
+
+#include <cstring>
 
 static menurow *setcurrent(window w, intptr_t menu)
 {
@@ -39,6 +43,34 @@ bool menustarting(window w, intptr_t wparam, intptr_t)
 bool menuselecting(window w, intptr_t, intptr_t lparam)
 {
     return setcurrent(w, lparam);
+}
+
+// What can't be chosen now, or has an underlined letter, begins with none.
+static bool begins(HMENU menu, UINT at, char letter)
+{
+    char text[PATHSIZE];
+    if (GetMenuState(menu, at, MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED)) return false;
+    if (!GetMenuStringA(menu, at, text, sizeof text, MF_BYPOSITION)) return false;
+    auto lower = [](char ch) { return charlower(static_cast<uint8_t>(ch)); };
+    return !strchr(text, '&') && lower(text[0]) == lower(letter);
+}
+
+intptr_t menuletter(intptr_t wparam, intptr_t lparam)
+{
+    HMENU menu = reinterpret_cast<HMENU>(lparam);
+    int found = 0, first = -1, next = -1;
+    bool behind = false; // the chosen entry
+    for (int at = 0, count = GetMenuItemCount(menu); at < count; at++) {
+        auto entry = static_cast<UINT>(at);
+        if (begins(menu, entry, static_cast<char>(wparam))) {
+            found++;
+            if (first < 0) first = at;
+            if (next < 0 && behind) next = at;
+        }
+        if (GetMenuState(menu, entry, MF_BYPOSITION) & MF_HILITE) behind = true;
+    }
+    if (!found) return 0;
+    return MAKELONG(next < 0 ? first : next, found == 1 ? MNC_EXECUTE : MNC_SELECT);
 }
 
 // The keys of a dialog give commands of this form too: its window never had the

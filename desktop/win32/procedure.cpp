@@ -62,6 +62,12 @@ reply menu(const taskmessage &m)
     return REPLYDEFAULT;
 }
 
+reply menuchar(const taskmessage &m)
+{
+    intptr_t answer = menuletter(static_cast<intptr_t>(m.wparam), m.lparam);
+    return answer ? replyvalue(answer) : REPLYDEFAULT;
+}
+
 reply hotkey(const taskmessage &m)
 {
     hotkeydeliver(m.self, static_cast<int32_t>(m.wparam));
@@ -154,6 +160,7 @@ constexpr messagerow rows[] = {
     {WM_HSCROLL, WM_VSCROLL, windowscrolled},
     {WM_INITMENU, WM_INITMENUPOPUP, menu},
     {WM_MENUSELECT, WM_MENUSELECT, menu},
+    {WM_MENUCHAR, WM_MENUCHAR, menuchar},
     {WM_MOUSEMOVE, WM_RBUTTONDBLCLK, mousemessage},
     {WM_MOUSEWHEEL, WM_MOUSEWHEEL, wheelmessage},
     {WM_MOUSEHWHEEL, WM_MOUSEHWHEEL, wheelmessage},

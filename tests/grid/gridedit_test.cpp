@@ -33,6 +33,9 @@ const std::map<std::string, void (*)(numbers n)> acts = {
          griddragstep(n[2], n[3]);
          griddragend();
      }},
+    {"go", [](numbers n) { gridstep(n[0], n[1]); }},
+    {"mark", [](numbers n) { gridmarkstep(n[0], n[1]); }},
+    {"insert", [](numbers n) { gridcursoredit(n[0], n[1]); }}, // shift, ctrl
     {"reflect", [](numbers n) { gridreflect(n[0]); }},
     {"size", [](numbers n) { gridsize(n[0], n[1]); }},
     {"kind", [](numbers n) { gridsetkind(n[0]); }},
@@ -170,6 +173,29 @@ TEST_CASE("a drag marks a rectangle, and back again")
         {"..../..../....", "drag 3 0 2 0; drag 2 0 2 2 1", "...m/..m./..m./ length 2"},
         {".../...", "drag 0 0 1 0; drag 2 1 2 1 1", "mm./..m/ length 3"}, // a single cell too
         {".../...", "drag 0 0 1 0; drag 0 1 1 1", ".../mm./ length 2 drops 1"},
+    });
+}
+
+TEST_CASE("keys go onto blocks, make blocks and bars there, and mark as a drag does")
+{
+    edited({
+        // The first step brings the cursor; none leaves the grid.
+        {".#./...", "go 1 0; go 0 -1; go 1 0", ".#./.../ @1,0"},
+        {".#./...", "go 1 0; insert; go 1 0; insert 0 1; go 1 0; insert 1; go 0 1; insert 0 1",
+         "#../...//left 2,0/top 2,1/ @2,1 changes 4"},
+        // Without a cursor and in a Wordsquare nothing but that.
+        {"...", "insert; mark 1 0; square; go 1 0; mark 1 0; insert; go 1 0", ".../ @1,0 beeps 2"},
+        // From the cell where the mark began, and back to it; not from a block.
+        {".#../....", "to 0 0; mark 1 0; mark 1 0; mark 0 1; mark 0 1",
+         "m#m./mmm./ length 3 drops 3"},
+        {".#../....", "to 3 1; mark -1 0; mark 0 -1; mark 1 0; mark 0 1",
+         ".#../..../ @3,1 drops 3"},
+        {"#..", "to 0 0; mark 1 0", "#../ @0,0 beeps 1"},
+        // Of a mark of the mouse as well, and of one that was changed from its first cell.
+        {"..../....", "drag 3 1 2 1; mark -1 0", "..../.mmm/ length 3 drops 1"},
+        {"..../....", "drag 3 1 2 1; right 2 0; mark -1 0",
+         "..m./..m./ length 2 changes 1 drops 2"},
+        {".#../....", "drag 3 1 2 1; insert; go 0 1", ".#../..../ @2,1 beeps 1 drops 1"},
     });
 }
 

@@ -166,6 +166,16 @@ TEST_CASE("typing fills a word, arrows move, and the view follows")
         {key, VK_BACK}, {key, VK_DELETE}, {document, "tOx.../.#####/......"}, {cursor, "2,0"},
         {key, VK_DOWN}, {cursor, "2,2"}, {undrawn, "0"},
     });
+    // With Ctrl onto blocks, where the cursor is a frame; Insert opens them. With Shift
+    // too the arrows mark.
+    play({
+        {key, CTRL | VK_UP}, {cursor, "2,1"}, {colour, cell(2, 1), "000000"}, {undrawn, "0"},
+        {key, VK_INSERT}, {document, "tOx.../.#.###/......"}, {colour, cell(2, 1), "00bbff"},
+        {key, SHIFT | VK_INSERT}, {document, "tOx.../.#.###/......//left 2,1"},
+        {key, SHIFT | VK_INSERT}, {key, VK_INSERT}, {document, "tOx.../.#####/......"},
+        {key, CTRL | VK_DOWN}, {key, CTRL | SHIFT | VK_RIGHT}, {mark, "2,2 3,2"}, {undrawn, "0"},
+        {key, CTRL | SHIFT | VK_LEFT}, {mark, "none"}, {cursor, "2,2"},
+    });
     grid.width = 60;
     gridextent();
     play({{key, VK_RIGHT, "45"}, {cursor, "47,2"}, {undrawn, "0"}});

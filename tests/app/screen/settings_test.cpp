@@ -123,6 +123,13 @@ TEST_CASE("Choices: a limit out of range is brought into it; only Save writes th
         {press, CHOICESMAXARROWS, "low"}, {press, CHOICESMAXARROWS, "low"},
         {text, CHOICESMAX, "20"},
         {press, DIALOGCANCEL},
+        // Tab goes to the buttons of colours and fonts too, Space and Return press them.
+        {menu, COMMANDCHOICES}, {focus, CHOICESMAX, "yes"}, {key, SHIFT | VK_TAB},
+        {focus, CHOICESSOLPICKER, "yes"}, {key, VK_SPACE}, {boxthere, "yes"}, {answer, IDCANCEL},
+        {focus, CHOICESSOLPICKER, "yes"}, {key, SHIFT | VK_TAB}, {key, SHIFT | VK_TAB},
+        {focus, CHOICESSELECTEDPICKER, "yes"}, {key, VK_RETURN}, {boxthere, "yes"},
+        {answer, IDCANCEL}, {focus, CHOICESSELECTEDPICKER, "yes"}, {key, VK_ESCAPE},
+        {shown, "Choices", "no"},
     });
 }
 

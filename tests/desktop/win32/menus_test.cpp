@@ -81,6 +81,7 @@ struct menuwindow {
         CHECK_FALSE(createmenu(POPUP, select, prepare));
         CHECK_FALSE(appendmenu(POPUP, "&Cut", 0, 40));
         CHECK_FALSE(appendmenu(POPUP, "&Paste", 0, 41));
+        CHECK_FALSE(appendmenu(POPUP, "Queue", 0, 42));
         CHECK_FALSE(attachmenu(w, BAR));
         ShowWindow(h, SW_SHOW);
         SetForegroundWindow(h);
@@ -136,9 +137,12 @@ TEST_CASE("choices by mouse and keys, of a menu that hangs twice, and of a popup
 
     driveplace at = drivemiddle(m.w);
     drivemove(at.x, at.y);
-    CHECK(m.heard([&] { m.click(POPUP, 1); }, true) == "prepare 5 -1;select 41 -1;");
+    CHECK(m.heard([&] { shown(1), m.click(POPUP, 1); }, true) == "prepare 5 -1;select 41 -1;");
+    // A letter that no entry underlines chooses the one that begins with it.
+    CHECK(m.heard([&] { shown(1), drivekey('Q'); }, true) == "prepare 5 -1;select 42 -1;");
     shaded = 40; // greyed: the menu stays
-    CHECK(m.heard([&] { m.click(POPUP, 0), drivekey(VK_ESCAPE); }, true) == "prepare 5 -1;");
+    CHECK(m.heard([&] { shown(1), m.click(POPUP, 0), drivekey(VK_ESCAPE); }, true) ==
+          "prepare 5 -1;");
     CHECK(shown(0));
 }
 
