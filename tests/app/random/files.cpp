@@ -1,8 +1,9 @@
 // Files that a user might have.
 #include "base/errors.h"
-#include "base/text.h"
 #include "dict/dictfile.h"
 #include "dict/dictset.h"
+#include "grid/grid.h"
+#include "grid/gridfile.h"
 #include "tests/app/random/random.h"
 
 #include <filesystem>
@@ -40,11 +41,10 @@ void damaged(const std::string &leaf, const std::string &good)
     for (int i = 0; i < 8; i++) {
         std::string text = good;
         auto size = static_cast<int>(text.size());
-        if (i % 4 == 0) text.resize(static_cast<size_t>(roll(firstdice, size)));
+        if (i % 4 == 0) text.resize(static_cast<size_t>(roll(size)));
         if (i % 4 == 3) text += good;
-        for (int n = i % 4 == 0 ? 0 : rollbetween(firstdice, 1, 9); n; n--)
-            text[static_cast<size_t>(roll(firstdice, size))] =
-                static_cast<char>(roll(firstdice, 256));
+        for (int n = i % 4 == 0 ? 0 : rollbetween(1, 9); n; n--)
+            text[static_cast<size_t>(roll(size))] = static_cast<char>(roll(256));
         droppables.push_back(filewrite("damaged" + std::to_string(i) + leaf, text));
     }
 }
@@ -53,31 +53,28 @@ void gridsfill()
 {
     for (const char *leaf : {"barred12.qmg", "crossword13.qmg", "misspelt15.qmg"}) {
         std::string good = bytes(fs::path(datafolder) / leaf);
-        for (int i = 0; i < 4; i++) // often enough among the damaged ones
-            droppables.push_back(filewrite(leaf, good));
+        droppables.insert(droppables.end(), 4, filewrite(leaf, good)); // among many damaged ones
         damaged(leaf, good);
     }
 }
 
-// An empty Wordsquare: a header of the grid file's format, and blank cells.
+// An empty Wordsquare, which the new document is for that while.
 void squarefill()
 {
-    constexpr size_t header = 264, names = 12, kindat = 240, widthat = 256, heightat = 260;
-    constexpr char side = 12;
-    std::string square(header + names, '\0');
-    square.replace(24, 4, "1.02");
-    square[kindat] = 1;
-    square[widthat] = square[heightat] = side;
-    square += std::string(side * side, ' ') + std::string(side * side, '\0');
-    for (int i = 0; i < 3; i++)
-        droppables.push_back(filewrite("square.qmg", square));
+    griddocument before = grid;
+    grid.kind = GRIDWORDSQUARE;
+    grid.width = grid.height = 12;
+    errorblock *err = gridwrite(scratchfile("square.qmg").c_str());
+    if (err) fault("A Wordsquare for the test: %s", err->text);
+    grid = before;
+    droppables.insert(droppables.end(), 3, scratchfile("square.qmg"));
 }
 
 std::string wordof(int length)
 {
     std::string word;
     while (length--)
-        word += static_cast<char>('a' + roll(firstdice, 26));
+        word += static_cast<char>('a' + roll(26));
     return word;
 }
 
@@ -85,23 +82,19 @@ void textsfill()
 {
     std::string few, many, tight, odd;
     for (int i = 0; i < 60; i++) // more than a small Wordsquare holds
-        tight += wordof(rollbetween(firstdice, 5, 8)) + "\n";
+        tight += wordof(rollbetween(5, 8)) + "\n";
     for (int i = 0; i < 12; i++)
-        few += wordof(rollbetween(firstdice, 2, 6)) + "\r\n";
+        few += wordof(rollbetween(2, 6)) + "\r\n";
     for (int i = 0; i < 2000; i++)
-        many += wordof(rollbetween(firstdice, 1, 34)) + (i % 7 ? "\n" : ", ");
+        many += wordof(rollbetween(1, 34)) + (i % 7 ? "\n" : ", ");
     for (int i = 0; i < 3000; i++)
-        odd += static_cast<char>(roll(firstdice, 256));
-    for (int i = 0; i < 5; i++)
-        droppables.push_back(filewrite("few.txt", few));
-    droppables.push_back(filewrite("many.txt", many));
-    droppables.push_back(filewrite("tight.txt", tight));
-    droppables.push_back(filewrite("odd.txt", odd));
-    droppables.push_back(filewrite("empty.txt", ""));
-    droppables.push_back(filewrite("empty.qmg", ""));
-    droppables.push_back(filewrite("picture.bmp", odd));
-    droppables.push_back(filewrite("noextension", few));
-    droppables.push_back(scratchfile("nothing.qmg")); // isn't there
+        odd += static_cast<char>(roll(256));
+    const std::pair<const char *, std::string> texts[] = {
+        {"few.txt", few},     {"few.txt", few},    {"few.txt", few},     {"many.txt", many},
+        {"odd.txt", odd},     {"empty.txt", ""},   {"tight.txt", tight}, {"empty.qmg", ""},
+        {"picture.bmp", odd}, {"noextension", few}};
+    for (const auto &[leaf, text] : texts)
+        droppables.push_back(filewrite(leaf, text));
 }
 
 void dictionarywrite(const char *name, int words)
@@ -109,7 +102,7 @@ void dictionarywrite(const char *name, int words)
     Dictionary dict;
     errorblock *err = dictempty(&dict);
     for (int i = 0; i < words && !err; i++)
-        err = dictadd(wordof(rollbetween(firstdice, 2, 9)).c_str(), &dict);
+        err = dictadd(wordof(rollbetween(2, 9)).c_str(), &dict);
     if (!err) err = dictsave(dictdirectory, name, &dict);
     dictfree(&dict);
     if (err) fault("A dictionary for the test: %s", err->text);
@@ -151,41 +144,32 @@ std::string scratchfile(const std::string &leaf)
 
 void scratchfill()
 {
-    strcopyn(dictdirectory, scratchfile("dictionaries").c_str(), sizeof dictdirectory);
+    dictionariesdrop(scratchfile("dictionaries"));
     dictionariesfill();
     droppables.clear();
     gridsfill();
     squarefill();
     textsfill();
-    droppables.push_back(scratch);
-    droppables.push_back(std::string(dictdirectory) + "\\small.dic");
-    droppables.push_back(std::string(dictdirectory) + "\\cut.dic");
+    for (const char *leaf : {"nothing.qmg", "", "dictionaries\\small.dic", "dictionaries\\cut.dic"})
+        droppables.push_back(scratchfile(leaf)); // the first isn't there
 }
 
-std::string droppable(dice &from)
+std::string droppable()
 {
-    return pick(from, droppables);
+    return pick(droppables);
 }
 
-std::string typedname(dice &from)
+std::string typedname()
 {
-    switch (roll(from, 12)) {
-    case 0:
-        return scratchfile("a<b>|c");
-    case 1:
-        return scratchfile("no\\such\\folder\\x");
-    case 2:
-        return scratch;
-    case 3:
-        return scratchfile(std::string(static_cast<size_t>(rollbetween(from, 60, LONGEST)), 'n'));
-    case 4:
-        return scratchfile("b\xE9t\xE9");
-    case 5:
-        return scratchfile("dots.in.name");
-    case 6:
-    case 7:
-        return droppable(from);
-    default:
-        return scratchfile("saved" + std::to_string(roll(from, 5)));
-    }
+    const std::string odd[] = {
+        scratch,
+        droppable(),
+        droppable(),
+        scratchfile("a<b>|c"),
+        scratchfile("no\\such\\folder\\x"),
+        scratchfile("b\xE9t\xE9"),
+        scratchfile("dots.in.name"),
+        scratchfile(std::string(static_cast<size_t>(rollbetween(60, LONGEST)), 'n')),
+    };
+    return chance(65) ? pick(odd) : scratchfile("saved" + std::to_string(roll(5)));
 }

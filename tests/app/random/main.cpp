@@ -1,23 +1,16 @@
-#include "app/mainwindow.h"
-#include "app/startup.h"
 #include "base/errors.h"
-#include "base/text.h"
-#include "base/trace.h"
-#include "desktop/task.h"
-#include "dict/dictset.h"
+#include "desktop/poll.h"
+#include "grid/gridwindow.h"
 #include "tests/app/random/random.h"
 
 #include <windows.h>
 
-#include <clocale>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-
-// Lines go nowhere: this process's own console is where the results are.
-void tracewrite(const char *, int) {}
-void tracewritew(const wchar_t *, int) {}
+#include <thread>
 
 namespace
 {
@@ -25,28 +18,28 @@ namespace
 constexpr DWORD RESTEVERY = 30000;  // milliseconds
 constexpr uint64_t CHECKEVERY = 20; // steps
 
-void programbegin()
+void round(DWORD length)
 {
-    std::setlocale(LC_ALL, ".1252");
-    taskinstance = reinterpret_cast<intptr_t>(GetModuleHandleA(nullptr));
-    errorblock *err = starttask("Quillmere", "Quillmere", "!Quillmere", nullptr, 0, nullptr);
-    if (!err) err = loadappresources(nullptr);
-    if (!err) err = initdata();
-    if (!err) err = openmainwindow();
-    if (err) fault("The program doesn't start: %s", err->text);
-    drivepump();
+    for (DWORD start = GetTickCount(); GetTickCount() - start < length;) {
+        if (playon()) continue;
+        steprandom();
+        if (steps % CHECKEVERY == 0 && !boxup())
+            inprogram([] {
+                if (!searchunderway()) invariants();
+            });
+    }
+    rest();
 }
 
-void round(DWORD start, DWORD length)
+void userwork(DWORD length, uint32_t seed)
 {
-    while (GetTickCount() - start < length) {
-        stepbegun();
-        steprandom();
-        stepended();
-        if (steps % CHECKEVERY == 0) invariants();
-    }
-    invariants();
     rest();
+    for (DWORD start = GetTickCount(); GetTickCount() - start < length;)
+        round(std::min(length - (GetTickCount() - start), RESTEVERY));
+    std::printf("Random input: no fault in %llu steps of seed %u\n",
+                static_cast<unsigned long long>(steps), seed);
+    std::fflush(stdout);
+    TerminateProcess(GetCurrentProcess(), 0); // the program's windows are not closed at its end
 }
 
 // --seed=N --minutes=N --data=FOLDER --tell; the scratch folder is the one that this
@@ -74,26 +67,17 @@ int main(int count, char **words)
     char path[MAX_PATH];
     GetModuleFileNameA(nullptr, path, sizeof path);
     scratch = std::filesystem::path(path).parent_path().string() + "\\files";
-    std::filesystem::create_directories(scratch);
+    std::filesystem::create_directories(scratchfile("dictionaries"));
     std::filesystem::current_path(scratch);
-    firstdice.source.seed(seed);
-    otherdice.source.seed(seed + 1000003);
+    dice.seed(seed);
 
     faultswatch();
-    scratchfill();
-    programbegin();
-    handstart();
-    stepbegun();
-    restbegin();
-    stepended();
-    auto length = static_cast<DWORD>(minutes * 60000);
-    for (DWORD start = GetTickCount(); GetTickCount() - start < length;) {
-        DWORD left = length - (GetTickCount() - start);
-        round(GetTickCount(), left < RESTEVERY ? left : RESTEVERY);
-    }
-    handend();
-    std::printf("Random input: no fault in %llu steps of seed %u\n",
-                static_cast<unsigned long long>(steps), seed);
-    std::fflush(stdout);
-    TerminateProcess(GetCurrentProcess(), 0); // the program's windows are not closed at its end
+    dictionariesdrop(scratchfile("dictionaries"));
+    if (errorblock *err = programbegin()) fault("The program doesn't start: %s", err->text);
+    drivepump();
+    userhands(true);
+    programwatch();
+    std::thread(userwork, static_cast<DWORD>(minutes * 60000), seed).detach();
+    for (;;)
+        pollonce();
 }

@@ -10,19 +10,17 @@
 #include <cstdlib>
 #include <mutex>
 
-dice firstdice, otherdice;
+std::mt19937 dice;
 bool telling;
 
 namespace
 {
 
 constexpr size_t RINGLINES = 400;
-constexpr DWORD64 FRAMES = 40;
 
 std::mutex ringlock;
 std::string ring[RINGLINES];
 size_t lines;
-HANDLE programthread;
 bool faulty;
 
 void ringprint()
@@ -31,49 +29,13 @@ void ringprint()
         std::printf("%s\n", ring[i % RINGLINES].c_str());
 }
 
-// What on the stack could be a place in this program, the innermost first, as its linker
-// saw it, for a list of lines.
-void stackprint(const CONTEXT &context)
-{
-    constexpr DWORD64 LINKED = 0x140000000, WORDS = 1000;
-    auto base = reinterpret_cast<DWORD64>(GetModuleHandleA(nullptr));
-    auto *header = reinterpret_cast<const IMAGE_DOS_HEADER *>(base);
-    auto *image = reinterpret_cast<const IMAGE_NT_HEADERS *>(base + header->e_lfanew);
-    DWORD64 end = base + image->OptionalHeader.BaseOfCode + image->OptionalHeader.SizeOfCode;
-    auto *stack = reinterpret_cast<const DWORD64 *>(context.Rsp);
-    for (DWORD64 i = 0, printed = 0; i <= WORDS && printed < FRAMES; i++) {
-        DWORD64 place = i ? stack[i - 1] : context.Rip;
-        if (place <= base + image->OptionalHeader.BaseOfCode || place >= end) continue;
-        std::printf("  at 0x%llx\n", place - base + LINKED);
-        printed++;
-    }
-}
-
-// Of the thread that the program runs on, whichever thread asks.
-void programstack()
-{
-    CONTEXT context = {};
-    context.ContextFlags = CONTEXT_FULL;
-    if (GetThreadId(programthread) == GetCurrentThreadId()) {
-        RtlCaptureContext(&context);
-        stackprint(context);
-        return;
-    }
-    SuspendThread(programthread);
-    if (GetThreadContext(programthread, &context)) stackprint(context);
-}
-
-[[noreturn]] void stop(const char *reason, const CONTEXT *context)
+[[noreturn]] void stop(const char *reason)
 {
     note("FAULT");
     ringlock.lock(); // for good
     if (faulty) Sleep(INFINITE);
     faulty = true;
     ringprint();
-    if (context)
-        stackprint(*context);
-    else
-        programstack();
     std::printf("Random input: FAULT: %s\n", reason);
     std::fflush(stdout);
     TerminateProcess(GetCurrentProcess(), 1);
@@ -86,14 +48,15 @@ LONG CALLBACK crashed(EXCEPTION_POINTERS *crash)
     bool deadly = code == EXCEPTION_ACCESS_VIOLATION || code == EXCEPTION_STACK_OVERFLOW ||
                   code == EXCEPTION_ILLEGAL_INSTRUCTION || code == EXCEPTION_INT_DIVIDE_BY_ZERO;
     if (!deadly) return EXCEPTION_CONTINUE_SEARCH;
-    char reason[80];
-    std::snprintf(reason, sizeof reason, "a crash of code %08lx", code);
-    stop(reason, crash->ContextRecord);
+    // As the linker saw the place.
+    fault("a crash of code %08lx at 0x%llx", code,
+          0x140000000 + crash->ContextRecord->Rip -
+              reinterpret_cast<DWORD64>(GetModuleHandleA(nullptr)));
 }
 
 void aborted(int)
 {
-    stop("an assertion failed", nullptr);
+    stop("an assertion failed");
 }
 
 void left(int status)
@@ -103,19 +66,19 @@ void left(int status)
 
 } // namespace
 
-int roll(dice &from, int below)
+int roll(int below)
 {
-    return static_cast<int>(from.source() % static_cast<uint32_t>(below));
+    return static_cast<int>(dice() % static_cast<uint32_t>(below));
 }
 
-int rollbetween(dice &from, int low, int high)
+int rollbetween(int low, int high)
 {
-    return low + roll(from, high - low + 1);
+    return low + roll(high - low + 1);
 }
 
-bool chance(dice &from, int percent)
+bool chance(int percent)
 {
-    return roll(from, 100) < percent;
+    return roll(100) < percent;
 }
 
 static std::string formatted(const char *format, va_list arguments)
@@ -142,13 +105,11 @@ void fault(const char *format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    stop(formatted(format, arguments).c_str(), nullptr);
+    stop(formatted(format, arguments).c_str());
 }
 
 void faultswatch()
 {
-    DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &programthread, 0,
-                    FALSE, DUPLICATE_SAME_ACCESS);
     AddVectoredExceptionHandler(1, crashed);
     std::signal(SIGABRT, aborted);
     setleave(left);

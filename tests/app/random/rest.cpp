@@ -1,9 +1,7 @@
 // The state between rounds, in which everything that was opened is closed: what
 // the program holds then is what it held at first.
-#include "app/choices.h"
 #include "app/mainwindow.h"
 #include "base/boxes.h"
-#include "base/errors.h"
 #include "base/flex.h"
 #include "desktop/blocks.h"
 #include "desktop/handlers.h"
@@ -12,19 +10,13 @@
 #include "desktop/timed.h"
 #include "desktop/wdata.h"
 #include "dict/dictset.h"
-#include "dict/dictwindow.h"
-#include "find/findwindow.h"
-#include "find/solutions.h"
-#include "grid/appearance.h"
-#include "grid/grid.h"
-#include "grid/gridwindow.h"
+#include "resources/identifiers.h"
 #include "tests/app/random/random.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 
 namespace
 {
@@ -32,7 +24,7 @@ namespace
 // What is made once and kept (contexts, fonts, libraries of the system) has been
 // made after some rounds: from then on there may be a little more, and not more for
 // ever.
-constexpr uint32_t WARMROUNDS = 2;
+constexpr uint32_t WARMROUNDS = 3;
 constexpr uint32_t GDISLACK = 60, USERSLACK = 25, HANDLESLACK = 60;
 
 struct holdings {
@@ -40,8 +32,6 @@ struct holdings {
     drivecounts system;
 };
 
-windowstaterecord firststate;
-choicesrecord firstchoices;
 holdings first;
 drivecounts warm; // the highest of the first rounds
 uint32_t rounds;
@@ -60,64 +50,28 @@ holdings holdingsnow()
             timedcount(), pollnesting(), boxdepth(),   drivecountnow()};
 }
 
-// As its button does it: Wine brings the dialogs back for no other call.
-void restore()
-{
-    HWND main = reinterpret_cast<HWND>(mainwindow);
-    if (!IsIconic(main) && !IsZoomed(main)) return;
-    SendMessageA(main, WM_SYSCOMMAND, SC_RESTORE, 0);
-    drivepump(50);
-}
-
-// A question that closing asks is answered by the other hand.
+// A question that closing asks is answered as any.
 void windowsclose()
 {
     for (int tries = 0; tries < 40; tries++) {
-        restore();
+        while (playon()) {
+        }
+        // As its button does it: Wine brings the dialogs back for no other call.
+        HWND main = handle(mainwindow);
+        if (IsIconic(main) || IsZoomed(main)) PostMessageA(main, WM_SYSCOMMAND, SC_RESTORE, 0);
+        Sleep(50);
         std::vector<window> tops = topwindows();
         if (tops.size() == 1 && tops[0] == mainwindow) return;
         for (window top : tops)
-            if (top != mainwindow && IsWindow(reinterpret_cast<HWND>(top)))
-                SendMessageA(reinterpret_cast<HWND>(top), WM_CLOSE, 0, 0);
-        drivepump(50);
+            if (drivecontrol(top, QUESTIONTEXT))
+                click(pick(controls(top)));
+            else if (top != mainwindow)
+                PostMessageA(handle(top), WM_CLOSE, 0, 0);
+        drivepause(0);
     }
     for (window top : topwindows())
         note("still open: \"%s\"", drivetext(top).c_str());
     fault("windows that don't close");
-}
-
-void dictionariesdrop()
-{
-    for (dictrec &record : dicts) {
-        dictfree(&record.dict);
-        record = {};
-    }
-    ndicts = 0;
-    dictset = {};
-    scratchfill();
-    dictstart();
-}
-
-void documentreset()
-{
-    solreset();
-    solutionsreset();
-    appearancereset();
-    gridreset();
-    gridunchanged();
-    choicesset(firstchoices);
-    metricsupdate();
-    gridkindapply(GRIDCROSSWORD);
-    gridextent();
-    gridredraw();
-    settitlefromgrid();
-}
-
-void clipboardempty()
-{
-    if (!OpenClipboard(nullptr)) return;
-    EmptyClipboard();
-    CloseClipboard();
 }
 
 void bounded(const char *what, uint32_t now, uint32_t before, uint32_t slack)
@@ -142,40 +96,35 @@ void everythingdrop()
 {
     driverelease(DRIVELEFT);
     driverelease(DRIVERIGHT);
-    stoprequest();
     windowsclose();
-    clipboardempty();
-    documentreset();
-    dictionariesdrop();
-    openwindow(&firststate);
-    setactive(mainwindow);
-    drivepump(150); // searches that were about to begin
-    stoprequest();
-    drivepump(50);
-    documentreset();
+    inprogram([] {
+        if (OpenClipboard(nullptr)) {
+            EmptyClipboard();
+            CloseClipboard();
+        }
+        documentreset();
+        scratchfill();
+        dictstart();
+        mainwindowreset();
+    });
+    Sleep(150); // searches that were about to begin
+    while (playon()) {
+    }
+    inprogram(documentreset);
 }
 
 } // namespace
 
-void restbegin()
-{
-    choicesget(&firstchoices);
-    errorblock *err = windowstate(mainwindow, &firststate);
-    if (err) fault("The main window's place: %s", err->text);
-    everythingdrop();
-    first = holdingsnow();
-}
-
 void rest()
 {
-    stepbegun();
     note("rest");
     everythingdrop();
-    stepended();
-    holdings now = holdingsnow();
-    std::printf("%8llu steps, %u boxes, %u ends, %u stops; blocks %d, handlers %d, windows %d; "
+    holdings now;
+    inprogram([&] { now = holdingsnow(); });
+    if (!steps) first = now; // after the start
+    std::printf("%8llu steps, %u boxes, %u ends; blocks %d, handlers %d, windows %d; "
                 "GDI %u, user %u, handles %u\n",
-                static_cast<unsigned long long>(steps), boxesseen, quits, searchesstopped,
+                static_cast<unsigned long long>(steps), boxesseen, quits,
                 static_cast<int>(now.flexblocks), static_cast<int>(now.handlers),
                 static_cast<int>(now.windows), now.system.gdiobjects, now.system.userobjects,
                 now.system.handles);

@@ -24,8 +24,6 @@ uint64_t steps;
 namespace
 {
 
-const DWORD programthread = GetCurrentThreadId();
-
 BOOL CALLBACK topadd(HWND h, LPARAM list)
 {
     if (IsWindowVisible(h) && IsWindowEnabled(h) && classis(h, "Task"))
@@ -40,20 +38,20 @@ BOOL CALLBACK childadd(HWND h, LPARAM list)
     return TRUE;
 }
 
-int held(dice &from)
+int held()
 {
     static const int keys[] = {DRIVESHIFT, DRIVECTRL, DRIVESHIFT | DRIVECTRL, DRIVEALT};
-    return chance(from, 25) ? pick(from, keys) : 0;
+    return chance(25) ? pick(keys) : 0;
 }
 
-drivebutton button(dice &from)
+drivebutton button()
 {
-    return chance(from, 70) ? DRIVELEFT : DRIVERIGHT;
+    return chance(70) ? DRIVELEFT : DRIVERIGHT;
 }
 
 void move()
 {
-    driveplace at = spot(firstdice);
+    driveplace at = spot();
     note("move to %d,%d", at.x, at.y);
     drivemove(at.x, at.y);
 }
@@ -61,10 +59,10 @@ void move()
 // Once, or twice; the keys are held only for the one.
 void press()
 {
-    driveplace at = spot(firstdice);
-    drivebutton which = button(firstdice);
-    int keys = held(firstdice);
-    bool twice = chance(firstdice, 30);
+    driveplace at = spot();
+    drivebutton which = button();
+    int keys = held();
+    bool twice = chance(30);
     note("press %d at %d,%d with %d%s", which, at.x, at.y, keys, twice ? " twice" : "");
     if (twice)
         drivedouble(at.x, at.y, which);
@@ -74,36 +72,23 @@ void press()
 
 void drag()
 {
-    std::vector<driveplace> places = {spot(firstdice)};
-    for (int n = rollbetween(firstdice, 1, 4); n; n--) {
-        driveplace close = {places[0].x + rollbetween(firstdice, -150, 150),
-                            places[0].y + rollbetween(firstdice, -150, 150)};
-        places.push_back(chance(firstdice, 80) ? close : spot(firstdice));
+    std::vector<driveplace> places = {spot()};
+    for (int n = rollbetween(1, 4); n; n--) {
+        driveplace close = {places[0].x + rollbetween(-150, 150),
+                            places[0].y + rollbetween(-150, 150)};
+        places.push_back(chance(80) ? close : spot());
     }
-    drivebutton which = button(firstdice);
-    int keys = held(firstdice);
+    drivebutton which = button();
+    int keys = held();
     note("drag %d from %d,%d to %d,%d with %d", which, places[0].x, places[0].y, places.back().x,
          places.back().y, keys);
     drivedrag(places, which, keys);
 }
 
-// A press that is let go only after other things.
-void halfpress()
-{
-    driveplace at = spot(firstdice);
-    note("press at %d,%d, a key, release", at.x, at.y);
-    drivemove(at.x, at.y);
-    drivepress();
-    drivekey(chance(firstdice, 50) ? VK_ESCAPE : VK_RETURN);
-    at = spot(firstdice);
-    drivemove(at.x, at.y);
-    driverelease();
-}
-
 void wheel()
 {
-    int delta = rollbetween(firstdice, -400, 400);
-    bool across = chance(firstdice, 20);
+    int delta = rollbetween(-400, 400);
+    bool across = chance(20);
     note("wheel by %d", delta);
     drivewheel(delta, across);
 }
@@ -112,56 +97,28 @@ void letters()
 {
     static const char all[] = "abcdefghijklmnopqrstuvwxyzABCXYZ059 -'.,?*{<&%";
     std::string text;
-    for (int n = rollbetween(firstdice, 1, chance(firstdice, 5) ? 50 : 8); n; n--)
-        text += all[roll(firstdice, sizeof all - 1)];
+    for (int n = rollbetween(1, chance(5) ? 50 : 8); n; n--)
+        text += all[roll(sizeof all - 1)];
     note("type \"%s\"", text.c_str());
-    drivetype(text);
+    for (size_t i = 0; i < text.size() && !boxup(); i++)
+        drivetype(text.substr(i, 1));
 }
 
-// As another keyboard types it.
-void sign()
-{
-    int code = rollbetween(firstdice, 128, 255);
-    HWND focus = GetFocus();
-    note("type the character %d", code);
-    if (focus) PostMessageA(focus, WM_CHAR, static_cast<WPARAM>(code), 1);
-    drivepump();
-}
-
+// Keys that do something, and letters, mostly with what makes commands and menus of them.
 void key()
 {
-    static const int keys[] = {VK_LEFT,   VK_UP,     VK_RIGHT,  VK_DOWN,   VK_HOME,  VK_END,
-                               VK_PRIOR,  VK_NEXT,   VK_INSERT, VK_DELETE, VK_BACK,  VK_TAB,
-                               VK_RETURN, VK_ESCAPE, VK_SPACE,  VK_F1,     VK_F2,    VK_F3,
-                               VK_F4,     VK_F5,     VK_F6,     VK_F7,     VK_F8,    VK_F9,
-                               VK_F10,    VK_F11,    VK_F12,    VK_APPS,   VK_PAUSE, VK_NUMPAD5};
-    int code = pick(firstdice, keys), with = held(firstdice);
-    int times = chance(firstdice, 20) ? rollbetween(firstdice, 2, 10) : 1;
+    static const int keys[] = {VK_LEFT,  VK_UP,     VK_RIGHT,  VK_DOWN, VK_HOME, VK_END,
+                               VK_PRIOR, VK_NEXT,   VK_DELETE, VK_BACK, VK_TAB,  VK_RETURN,
+                               VK_SPACE, VK_ESCAPE, VK_F1,     VK_F4,   VK_F5,   VK_F6,
+                               VK_F7,    VK_F8,     VK_F10,    VK_APPS, VK_MENU, VK_NUMPAD5};
+    static const int mostly[] = {DRIVECTRL, DRIVECTRL, DRIVEALT, DRIVECTRL | DRIVESHIFT};
+    bool letter = chance(35);
+    int code = letter ? 'A' + roll(26) : pick(keys);
+    int with = letter ? pick(mostly) : held();
+    int times = chance(20) ? rollbetween(2, 10) : 1;
     note("key %d with %d, %d times", code, with, times);
-    while (times--)
+    while (times-- && !boxup())
         drivekey(code, with);
-}
-
-// Letters with Ctrl, and those of the menu bar and of the system's menu with Alt.
-void shortcut()
-{
-    static const int menus[] = {'F', 'W', 'G', 'H', VK_SPACE, VK_MENU};
-    bool alt = chance(firstdice, 40);
-    int code = alt ? pick(firstdice, menus) : 'A' + roll(firstdice, 26);
-    int with = alt ? DRIVEALT : chance(firstdice, 80) ? DRIVECTRL : DRIVECTRL | DRIVESHIFT;
-    note("key %d with %d", code, with);
-    drivekey(code, with);
-}
-
-void menupress()
-{
-    HWND main = handle(mainwindow);
-    RECT item;
-    int number = roll(firstdice, 4);
-    if (!IsWindowEnabled(main) || IsIconic(main)) return;
-    if (!GetMenuItemRect(main, GetMenu(main), static_cast<UINT>(number), &item)) return;
-    note("press the menu %d", number);
-    driveclick((item.left + item.right) / 2, (item.top + item.bottom) / 2);
 }
 
 bool reachable()
@@ -172,12 +129,12 @@ bool reachable()
 void commandgive(int32_t id)
 {
     if (!reachable()) return;
-    commandsprepare();
+    inprogram([] { commandsprepare(); });
     UINT state = GetMenuState(GetMenu(handle(mainwindow)), static_cast<UINT>(id), MF_BYCOMMAND);
     if (state == static_cast<UINT>(-1) || state & (MF_GRAYED | MF_DISABLED)) return;
     note("command %d", static_cast<int>(id));
     PostMessageA(handle(mainwindow), WM_COMMAND, static_cast<WPARAM>(id), 0);
-    drivepump();
+    drivepause(0);
 }
 
 // Any of the bar's; the dictionaries have a step of their own.
@@ -186,16 +143,11 @@ void command()
     HMENU in = GetMenu(handle(mainwindow));
     UINT id = static_cast<UINT>(-1); // of what opens a menu
     while (in && id == static_cast<UINT>(-1)) {
-        int at = roll(firstdice, std::max(GetMenuItemCount(in), 1));
+        int at = roll(std::max(GetMenuItemCount(in), 1));
         id = GetMenuItemID(in, at);
         in = GetSubMenu(in, at);
     }
     if (id < DICTMENUFIRST || id >= DICTMENUFIRST + MAXDICTS) commandgive(static_cast<int32_t>(id));
-}
-
-void kindcommand()
-{
-    commandgive(chance(firstdice, 50) ? COMMANDCROSSWORD : COMMANDWORDSQUARE);
 }
 
 void dictionary()
@@ -203,13 +155,13 @@ void dictionary()
     static const int32_t positions[] = {MENUATLOAD, MENUATLOAD, MENUATLOAD,
                                         MENUATEDIT, MENUATEDIT, MENUATDELETE};
     if (!reachable() || !ndicts) return;
-    int32_t position = pick(firstdice, positions);
-    int32_t number = roll(firstdice, static_cast<int>(ndicts));
-    if (position == MENUATDELETE && chance(firstdice, 70)) return;
+    int32_t position = pick(positions);
+    int32_t number = roll(static_cast<int>(ndicts));
+    if (position == MENUATDELETE && chance(70)) return;
     note("dictionary %d (%s) under %d", static_cast<int>(number), dicts[number].name,
          static_cast<int>(position));
-    reporterror(commanddictionary(position, DICTMENUFIRST + number));
-    drivepump();
+    later([=] { reporterror(commanddictionary(position, DICTMENUFIRST + number)); });
+    drivepause(0);
 }
 
 // Onto what takes files, or a parent of it that does.
@@ -229,27 +181,20 @@ void drop()
     static const window *const targets[] = {&mainwindow,       &gridwindow,      &solutionswindow,
                                             &editor.view.pane, &check.view.pane, &buttonwindow};
     std::vector<std::string> files;
-    for (int n = chance(firstdice, 80) ? 1 : rollbetween(firstdice, 2, 5); n; n--)
-        files.push_back(droppable(firstdice));
-    dropon(*pick(firstdice, targets), files);
-}
-
-// A document that searches have something to do with.
-void sample()
-{
-    static const char *const leaves[] = {"crossword13.qmg", "barred12.qmg", "misspelt15.qmg",
-                                         "square.qmg", "few.txt"};
-    dropon(gridwindow, {scratchfile(pick(firstdice, leaves))});
+    for (int n = chance(80) ? 1 : rollbetween(2, 5); n; n--)
+        files.push_back(droppable());
+    dropon(*pick(targets), files);
 }
 
 // Dictionaries are used by name: the shipped ones are those that hold much.
 void dictionaryuse()
 {
     static const char *const names[] = {"MainDict", "Puzzle-UK", "middle", "small"};
-    int32_t number = dictnamefind(pick(firstdice, names));
+    int32_t number = dictnamefind(pick(names));
     if (number < 0 || dictinset(static_cast<uint32_t>(number))) return;
     note("use %s", dicts[number].name);
-    reporterror(commanddictionary(MENUATLOAD, DICTMENUFIRST + number));
+    later([=] { reporterror(commanddictionary(MENUATLOAD, DICTMENUFIRST + number)); });
+    drivepause(0);
 }
 
 void barpress(int icon, const char *text)
@@ -257,10 +202,8 @@ void barpress(int icon, const char *text)
     HWND button = handle(drivecontrol(buttonwindow, icon));
     if (!button) return;
     note("press %s, %d in the list", text, static_cast<int>(solutions.count));
-    driveplace at = drivemiddle(word(button));
-    driveclick(at.x, at.y);
-    drivepump(200); // it begins a little later
-    note("  %d in the list", static_cast<int>(solutions.count));
+    click(button);
+    Sleep(200); // it begins a little later
 }
 
 // Of what the view shows of the grid.
@@ -272,28 +215,27 @@ void mark()
     width = std::min(width, ostodevx(grid.width * grid.cellwidth));
     height = std::min(height, ostodevy(grid.height * grid.cellheight));
     if (width < 2 || height < 2) return;
-    driveplace from = driveclient(gridwindow, roll(firstdice, width), roll(firstdice, height));
-    driveplace to = driveclient(gridwindow, roll(firstdice, width), roll(firstdice, height));
-    int shape = roll(firstdice, 5);
+    driveplace from = driveclient(gridwindow, roll(width), roll(height));
+    driveplace to = driveclient(gridwindow, roll(width), roll(height));
+    int shape = roll(5);
     if (shape < 2) to.x = from.x;
     if (shape >= 2 && shape < 4) to.y = from.y;
     note("mark from %d,%d to %d,%d", from.x, from.y, to.x, to.y);
-    drivedrag({from, to}, DRIVELEFT, chance(firstdice, 20) ? DRIVECTRL : 0);
+    drivedrag({from, to}, DRIVELEFT, chance(20) ? DRIVECTRL : 0);
 }
 
 // Any control of any window, or one of the bar's, whose search begins a little later.
 void control()
 {
-    bool bar = reachable() && buttonwindow && chance(firstdice, 50);
+    bool bar = reachable() && buttonwindow && chance(50);
     std::vector<window> tops = topwindows();
     if (tops.empty() && !bar) return;
-    std::vector<HWND> all = controls(bar ? buttonwindow : pick(firstdice, tops));
+    std::vector<HWND> all = controls(bar ? buttonwindow : pick(tops));
     if (all.empty()) return;
-    HWND chosen = pick(firstdice, all);
-    driveplace at = drivemiddle(word(chosen));
+    HWND chosen = pick(all);
     note("press control %d", GetDlgCtrlID(chosen));
-    driveclick(at.x, at.y, chance(firstdice, 90) ? DRIVELEFT : DRIVERIGHT);
-    drivepump(chance(firstdice, 50) ? 150 : 10);
+    click(chosen, chance(90) ? DRIVELEFT : DRIVERIGHT);
+    Sleep(chance(50) ? 150 : 0);
 }
 
 void field()
@@ -307,22 +249,23 @@ void field()
         for (HWND h : controls(top))
             if (classis(h, "Edit")) fields.push_back(h);
     if (fields.empty()) return;
-    HWND chosen = pick(firstdice, fields);
-    const char *text = pick(firstdice, texts);
+    HWND chosen = pick(fields);
+    const char *text = pick(texts);
     note("field %d: \"%s\"", GetDlgCtrlID(chosen), text);
     drivefill(word(GetParent(chosen)), GetDlgCtrlID(chosen), text);
-    if (chance(firstdice, 40)) drivekey(VK_RETURN);
+    if (chance(40)) drivekey(VK_RETURN);
 }
 
 void size()
 {
     if (IsIconic(handle(mainwindow))) return;
-    int x = rollbetween(firstdice, -100, 700), y = rollbetween(firstdice, -50, 500);
-    int width = rollbetween(firstdice, chance(firstdice, 20) ? 1 : 300, 1000);
-    int height = rollbetween(firstdice, chance(firstdice, 20) ? 1 : 250, 740);
+    int x = rollbetween(-100, 700), y = rollbetween(-50, 500);
+    int width = rollbetween(chance(20) ? 1 : 300, 1000);
+    int height = rollbetween(chance(20) ? 1 : 250, 740);
     note("main window to %d,%d, %d by %d", x, y, width, height);
-    SetWindowPos(handle(mainwindow), nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-    drivepump();
+    SetWindowPos(handle(mainwindow), nullptr, x, y, width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
+    drivepause(0);
 }
 
 // Its system menu does something with a window, or the user fetches it to the front.
@@ -332,33 +275,16 @@ void windowmenu()
                                       SC_SIZE,     SC_CLOSE,    SC_CLOSE,   0,          0};
     std::vector<window> tops = topwindows();
     if (tops.empty()) return;
-    WPARAM command = pick(firstdice, commands);
+    WPARAM command = pick(commands);
     bool any = command == SC_CLOSE || !command;
-    window chosen = any ? pick(firstdice, tops) : mainwindow;
+    window chosen = any ? pick(tops) : mainwindow;
     if (!any && !reachable()) return;
     note("\"%s\": system command %x", drivetext(chosen).c_str(), static_cast<unsigned>(command));
     if (command)
         PostMessageA(handle(chosen), WM_SYSCOMMAND, command, 0);
     else
         SetForegroundWindow(handle(chosen));
-    drivepump();
-}
-
-// Another program puts a text there.
-void clipboard()
-{
-    note("a text for the clipboard");
-    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 64);
-    std::strcpy(static_cast<char *>(GlobalLock(block)), "pasted words\r\nof two lines");
-    GlobalUnlock(block);
-    bool taken = OpenClipboard(nullptr);
-    if (taken) {
-        EmptyClipboard();
-        taken = SetClipboardData(CF_TEXT, block);
-        CloseClipboard();
-    }
-    if (!taken) GlobalFree(block);
-    drivepump();
+    drivepause(0);
 }
 
 // The user changes his colours and fonts.
@@ -366,21 +292,21 @@ void settings()
 {
     static const UINT messages[] = {WM_SYSCOLORCHANGE, WM_SETTINGCHANGE, WM_DISPLAYCHANGE,
                                     WM_FONTCHANGE};
-    UINT message = pick(firstdice, messages);
+    UINT message = pick(messages);
     note("the system's message %x", message);
     LPARAM word = message == WM_DISPLAYCHANGE ? MAKELPARAM(1024, 768) : 0;
     for (window top : topwindows())
-        SendMessageA(handle(top), message, message == WM_DISPLAYCHANGE ? 24 : 0, word);
-    drivepump();
+        SendNotifyMessageA(handle(top), message, message == WM_DISPLAYCHANGE ? 24 : 0, word);
+    drivepause(0);
 }
 
 // Files come and go behind the program's back.
 void dictionaryfile()
 {
     if (!ndicts) return;
-    std::string path = std::string(dictdirectory) + "\\" +
-                       dicts[roll(firstdice, static_cast<int>(ndicts))].name + ".dic";
-    int what = roll(firstdice, 3);
+    std::string path =
+        std::string(dictdirectory) + "\\" + dicts[roll(static_cast<int>(ndicts))].name + ".dic";
+    int what = roll(3);
     note("%s: %s", what == 0 ? "delete" : what == 1 ? "lock" : "unlock", path.c_str());
     if (what == 0)
         DeleteFileA(path.c_str());
@@ -391,10 +317,9 @@ void dictionaryfile()
 
 void wait()
 {
-    int time = rollbetween(firstdice, 20, 400);
+    int time = rollbetween(20, 400);
     note("wait %d", time);
-    DWORD start = GetTickCount();
-    drivewait([&] { return GetTickCount() - start >= static_cast<DWORD>(time); }, time);
+    Sleep(static_cast<DWORD>(time));
 }
 
 void crosswordsearch()
@@ -402,11 +327,11 @@ void crosswordsearch()
     if (!reachable() || IsIconic(handle(mainwindow))) return;
     commandgive(COMMANDCROSSWORD);
     dictionaryuse();
-    if (chance(firstdice, 30)) dropon(gridwindow, {scratchfile("crossword13.qmg")});
-    if (chance(firstdice, 70)) commandgive(COMMANDNEWWORDS);
-    for (int n = rollbetween(firstdice, 1, 3); n; n--)
+    if (chance(30)) dropon(gridwindow, {scratchfile("crossword13.qmg")});
+    if (chance(70)) commandgive(COMMANDNEWWORDS);
+    for (int n = rollbetween(1, 3); n; n--)
         mark();
-    barpress(chance(firstdice, 75) ? BARSOLVE : BARANAGRAM, "a Crossword's search");
+    barpress(chance(75) ? BARSOLVE : BARANAGRAM, "a Crossword's search");
 }
 
 void squaresearch()
@@ -416,9 +341,9 @@ void squaresearch()
     dictionaryuse();
     dropon(gridwindow, {scratchfile("square.qmg")});
     static const char *const lists[] = {"few.txt", "few.txt", "many.txt", "tight.txt", "tight.txt"};
-    dropon(gridwindow, {scratchfile(pick(firstdice, lists))});
-    for (int n = rollbetween(firstdice, 1, 2); n; n--)
-        barpress(pick(firstdice, buttons), "a Wordsquare's search");
+    dropon(gridwindow, {scratchfile(pick(lists))});
+    for (int n = rollbetween(1, 2); n; n--)
+        barpress(pick(buttons), "a Wordsquare's search");
 }
 
 struct steprow {
@@ -427,11 +352,12 @@ struct steprow {
 };
 
 const steprow table[] = {
-    {6, move},         {14, press},      {6, drag},           {1, halfpress}, {4, wheel},
-    {8, letters},      {2, sign},        {12, key},           {7, shortcut},  {4, menupress},
-    {8, command},      {2, kindcommand}, {6, dictionary},     {5, drop},      {3, sample},
-    {5, mark},         {16, control},    {5, field},          {3, size},      {6, windowmenu},
-    {1, clipboard},    {1, settings},    {1, dictionaryfile}, {5, wait},      {6, crosswordsearch},
+    {6, move},           {14, press},     {6, drag},
+    {4, wheel},          {8, letters},    {22, key},
+    {10, command},       {6, dictionary}, {8, drop},
+    {5, mark},           {16, control},   {5, field},
+    {3, size},           {6, windowmenu}, {1, settings},
+    {1, dictionaryfile}, {5, wait},       {6, crosswordsearch},
     {5, squaresearch},
 };
 
@@ -440,7 +366,7 @@ const steprow &chosen()
     int all = 0;
     for (const steprow &row : table)
         all += row.weight;
-    int at = roll(firstdice, all);
+    int at = roll(all);
     for (const steprow &row : table)
         if ((at -= row.weight) < 0) return row;
     return table[0];
@@ -450,7 +376,7 @@ const steprow &chosen()
 void comeback()
 {
     HWND main = handle(mainwindow);
-    if (IsIconic(main) && chance(firstdice, 30)) SendMessageA(main, WM_SYSCOMMAND, SC_RESTORE, 0);
+    if (IsIconic(main) && chance(30)) PostMessageA(main, WM_SYSCOMMAND, SC_RESTORE, 0);
     DWORD process = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &process);
     if (process != GetCurrentProcessId())
@@ -476,21 +402,28 @@ std::vector<HWND> controls(window top)
 std::vector<window> topwindows()
 {
     std::vector<window> found;
-    EnumThreadWindows(programthread, topadd, reinterpret_cast<LPARAM>(&found));
+    EnumThreadWindows(GetWindowThreadProcessId(handle(mainwindow), nullptr), topadd,
+                      reinterpret_cast<LPARAM>(&found));
     return found;
 }
 
-driveplace spot(dice &from)
+driveplace spot()
 {
     std::vector<window> tops = topwindows();
-    if (tops.empty() || chance(from, 4)) return {roll(from, 1024), roll(from, 768)};
-    window top = chance(from, 70) ? tops[0] : pick(from, tops);
+    if (tops.empty() || chance(4)) return {roll(1024), roll(768)};
+    window top = chance(70) ? tops[0] : pick(tops);
     std::vector<HWND> all = controls(top);
-    HWND in = chance(from, 60) && !all.empty() ? pick(from, all) : handle(top);
+    HWND in = chance(60) && !all.empty() ? pick(all) : handle(top);
     RECT box;
     GetWindowRect(in, &box);
-    return {rollbetween(from, static_cast<int>(box.left), static_cast<int>(box.right)),
-            rollbetween(from, static_cast<int>(box.top), static_cast<int>(box.bottom))};
+    return {rollbetween(static_cast<int>(box.left), static_cast<int>(box.right)),
+            rollbetween(static_cast<int>(box.top), static_cast<int>(box.bottom))};
+}
+
+void click(HWND control, drivebutton which)
+{
+    driveplace at = drivemiddle(word(control));
+    driveclick(at.x, at.y, which);
 }
 
 void steprandom()

@@ -37,15 +37,10 @@ namespace
 
 HANDLE held = INVALID_HANDLE_VALUE;
 
-std::string toolate(errorblock *err)
-{
-    return err ? "an error" : "";
-}
-
 // Preparation that must not fail.
 void prepare(const std::function<errorblock *()> &work)
 {
-    if (!ask([&] { return toolate(work()); }).empty()) stumble("it can't be prepared");
+    if (!ask([&] { return work() ? "an error" : ""; }).empty()) stumble("it can't be prepared");
 }
 
 int heldkeys(int32_t flags)
@@ -63,13 +58,12 @@ drivebutton button(int32_t flags)
 driveplace cellplace(int32_t x, int32_t y)
 {
     driveplace at = {};
-    ask([&] {
+    inprogram([&] {
         windowstaterecord state = {};
-        if (windowstate(gridwindow, &state)) return "";
+        if (windowstate(gridwindow, &state)) return;
         at = driveclient(gridwindow,
                          ostodevx(x * grid.cellwidth + grid.cellwidth / 2 - state.xscroll),
                          ostodevy(y * grid.cellheight + grid.cellheight / 2 + state.yscroll));
-        return "";
     });
     return at;
 }
@@ -87,11 +81,10 @@ std::vector<driveplace> cellplaces(const std::string &cells)
 driveplace rowplace(window pane, int32_t row, int32_t height)
 {
     driveplace at = {};
-    ask([&] {
+    inprogram([&] {
         windowstaterecord state = {};
         if (!windowstate(pane, &state))
             at = driveclient(pane, 12, ostodevy(row * height + height / 2 + state.yscroll));
-        return "";
     });
     return at;
 }
@@ -137,16 +130,15 @@ void crossword(int32_t, const std::string &picture)
 void square(int32_t cells, const std::string &)
 {
     dictionaries(1, WORDS);
-    prepare([&] {
+    inprogram([&] {
         gridsetkind(GRIDWORDSQUARE);
         gridsize(cells, cells);
         gridunchanged();
         settitlefromgrid();
-        return static_cast<errorblock *>(nullptr);
     });
 }
 
-void dictionaries(int32_t inuse, const std::string &list)
+void dictionaries(int32_t used, const std::string &list)
 {
     static int made;
     std::string folder = scratchfolder() + "\\set" + std::to_string(made++);
@@ -168,7 +160,7 @@ void dictionaries(int32_t inuse, const std::string &list)
         }
         if (!err) err = dictstart();
         if (!err) dictsetclear();
-        for (uint32_t i = 0; inuse && i < ndicts && !err; i++)
+        for (uint32_t i = 0; used && i < ndicts && !err; i++)
             err = dictuse(i);
         return err;
     });
@@ -184,17 +176,17 @@ bool largehere()
 
 // Searches through it take the plain road, and so the time to be stopped; through
 // more of them under other names a longer one.
-void large(int32_t inuse, const std::string &name)
+void large(int32_t used, const std::string &name)
 {
     tablesoff = true;
-    for (int32_t n = 0; n < std::max(inuse, 1); n++)
+    for (int32_t n = 0; n < std::max(used, 1); n++)
         std::filesystem::copy_file(datafile("MainDict.dic"),
                                    place(name + (n ? std::to_string(n) : "") + ".dic"),
                                    std::filesystem::copy_options::overwrite_existing);
     prepare([&] {
         errorblock *err = dictstart();
         if (!err) dictsetclear();
-        for (int32_t n = 0; n < inuse && !err; n++) {
+        for (int32_t n = 0; n < used && !err; n++) {
             const std::string each = name + (n ? std::to_string(n) : "");
             err = dictuse(static_cast<uint32_t>(dictnamefind(each.c_str())));
         }
@@ -204,14 +196,13 @@ void large(int32_t inuse, const std::string &name)
 
 void setting(int32_t number, const std::string &name)
 {
-    prepare([&] {
+    inprogram([&] {
         if (name == "minimum") grid.minwordlength = number;
         if (name == "directions") grid.filldirections = number;
         if (name == "kind") grid.kind = number;
         if (name == "limit") solutions.maxsolutions = number;
         if (name == "cursor") grid.cursorx = number / 1000, grid.cursory = number % 1000;
         gridredraw();
-        return static_cast<errorblock *>(nullptr);
     });
 }
 
@@ -305,10 +296,7 @@ void menu(int32_t id, const std::string &name)
 {
     int32_t entry = 0;
     if (!name.empty()) {
-        ask([&] {
-            entry = dictnamefind(name.c_str()) + 1;
-            return "";
-        });
+        inprogram([&] { entry = dictnamefind(name.c_str()) + 1; });
         if (!entry) return stumble("there is no dictionary " + name);
     }
     front(0, "");
@@ -351,10 +339,7 @@ void searchend(int32_t, const std::string &)
 void front(int32_t, const std::string &named)
 {
     window w = named.empty() ? mainwindow : drivefind(named);
-    ask([&] {
-        setactive(w);
-        return "";
-    });
+    inprogram([&] { setactive(w); });
     drivefront(w);
 }
 
@@ -435,10 +420,7 @@ void pickfont(int32_t control, const std::string &points)
 
 void fresh(int32_t, const std::string &)
 {
-    prepare([] {
-        documentreset();
-        return static_cast<errorblock *>(nullptr);
-    });
+    inprogram(documentreset);
 }
 
 void nextstart(int32_t, const std::string &)
@@ -505,8 +487,5 @@ void readonly(int32_t on, const std::string &leaf)
 
 void nomemory(int32_t after, const std::string &)
 {
-    ask([&] {
-        flexfailafter(after);
-        return "";
-    });
+    inprogram([&] { flexfailafter(after); });
 }

@@ -74,8 +74,6 @@ TEST_CASE("a square has a frame, a bar is two pixels inside it, colours tell its
     selectedcolour = 0x00FF0000;  // green
     gridredraw();
     drivepicture p = look();
-    cursorcolour = CURSORCOLOURDEFAULT;
-    selectedcolour = SELECTEDCOLOURDEFAULT;
 
     const uint32_t red = 0xFF0000, blue = 0x0000FF, green = 0x00FF00, white = 0xFFFFFF;
     for (int32_t x = 0; x <= 4; x++)

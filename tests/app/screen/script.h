@@ -147,30 +147,31 @@ doing readonly;    // 1 or 0
 doing nomemory;    // allocations fail after so many, -1 for no more
 
 // The eyes.
-seeing title, document, cursor, mark; // of the mark the corners, "0,0 3,0", or none
-seeing marked;                        // how many cells
-seeing listed, count, selected;       // the solutions, and how many
-seeing standing;                      // the solution that is shown as the grid's, or -1
-seeing lying;                         // how many of them lie where they say
-seeing text, ticked, there;           // of a control
-seeing fits;                          // a control has room for that text
-seeing focus;                         // a control has it; -1: a list of words
-seeing box, boxthere;                 // of the system: its text, or none
-seeing offered;                       // of a box for files: "name row", in the run's own folder
-seeing shown, infront, enabled;       // a title; the front one's; the main window
-seeing entries;                       // of a menu of the bar, or of one under it
-seeing word, wordrow, caretrow;       // a list of words: its row; selected, outlined row, or -1
-seeing wordtall;                      // letters of ONWORDS or ONLIST: large, small
-seeing wordseen, wordink, outlined;   // the row is in view; behind it black, white; has dots
-seeing words, kept;                   // of a dictionary, in memory and in its file
-seeing inuse, known;                  // dictionaries, as the grid names them; all
-seeing changed;                       // words not saved
-seeing file;                          // so many bytes of it, 0 for all; none
-seeing quill;                         // its lines; "@leaf" is a path
-seeing value;                         // of the model: see sights.cpp
-seeing colour, sample;                // of the middle of a cell, a control: "ffffff"
+extern const sight title, cursor, mark; // of the mark the corners, "0,0 3,0", or none
+seeing document, marked;                // marked is how many cells
+seeing listed;                          // the solutions
+extern const sight count, selected;     // how many of them
+seeing standing;                        // the solution that is shown as the grid's, or -1
+seeing lying;                           // how many of them lie where they say
+seeing text, ticked;                    // of a control
+extern const sight there;               // a control in the bar
+seeing focus;                           // a control has it; -1: a list of words
+seeing box;                             // of the system: its text, or none
+seeing offered;                         // of a box for files: "name row", in the run's own folder
+extern const sight boxthere;            // one that says nothing, such as that for files
+extern const sight shown, infront, enabled; // a title; the front one's; the main window
+seeing entries;                             // of a menu of the bar, or of one under it
+seeing word;                                // a list of words: its row
+extern const sight wordrow, caretrow;       // the selected, the outlined one, or -1
+seeing wordseen, wordink, outlined;         // the row is in view; behind it black, white; has dots
+seeing words, kept;                         // of a dictionary, in memory and in its file
+extern const sight inuse, known;            // dictionaries, as the grid names them; all
+extern const sight changed;                 // words not saved
+seeing file;                                // so many bytes of it, 0 for all; none
+seeing quill;                               // its lines; "@leaf" is a path
+seeing value;                               // of the model: see sights.cpp
+seeing colour, sample;                      // of the middle of a cell, a control: "ffffff"
 seeing inks;             // dots of a colour in the grid, or a control: none, some, many
-seeing framed;           // that is the main window's size, within one
 seeing undrawn;          // pixels that a redraw changes
 seeing repainted;        // painted over, it is drawn again
 seeing scrolled;         // the grid, by cells: "1,2"

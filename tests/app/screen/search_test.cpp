@@ -1,6 +1,4 @@
-// The searches: what they list, stopped in the middle, and what quill finds in the file
-// that the program has saved.
-#include "dict/dictset.h"
+// The searches: what they list, and that they are stopped in the middle.
 #include "find/solutions.h"
 #include "find/solutionsview.h"
 #include "graphics/modeinfo.h"
@@ -10,8 +8,6 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <sstream>
-#include <vector>
 
 namespace
 {
@@ -46,34 +42,7 @@ std::string said; // by a box
 
 void remember(int32_t, const std::string &)
 {
-    said = box(0, "");
-}
-
-std::string sorted(const std::string &all, char between)
-{
-    std::vector<std::string> items;
-    std::istringstream in(all);
-    for (std::string one; std::getline(in >> std::ws, one, between);)
-        items.push_back(one);
-    std::sort(items.begin(), items.end());
-    std::string joined;
-    for (const std::string &one : items)
-        joined += one + "\n";
-    return joined;
-}
-
-// The rows of a Wordsquare's list as quill prints them: words and places.
-std::string placed()
-{
-    std::string lines;
-    for (int32_t i = 0; i < solutions.count; i++) {
-        const wsentry *entry = solword(i);
-        lines += entry->text;
-        for (int32_t n : {entry->x, entry->y, int32_t{entry->dx}, int32_t{entry->dy}})
-            lines += '\t' + std::to_string(n);
-        lines += '|';
-    }
-    return sorted(lines, '|');
+    said = driveboxtext(driveboxwait());
 }
 
 } // namespace
@@ -178,7 +147,7 @@ TEST_CASE("a long Solve counts, repaints and stops, and the bar comes back as it
             {press, BARSOLVE}, {there, BARSTOP, "yes"}, {value, "counting", "yes"},
             {repainted, ONGRID, "yes"},
             {escape ? step{key, VK_ESCAPE} : step{press, BARSTOP}}, {there, BARSTOP, "no"},
-            {searchend}, {value, "slots", "2"}, {value, "crossing", "yes"},
+            {searchend}, {value, "slots", "2"}, {value, "listing", "yes"},
             {text, BARLETTERS, "keep me"}, {focus, BARSOLVE, "yes"},
             {pick, 0}, {undrawn, "0"},
             {fill, BARLETTERS, ""},
@@ -258,8 +227,8 @@ TEST_CASE("a Make that finds no end is stopped with what it has")
             {count, "11"},
             {press, BARMAKE}, {there, BARSTOP, "yes"}, {value, "progress", "yes"},
             {repainted, ONLIST, "yes"},
-            {escape ? step{key, VK_ESCAPE} : step{press, BARSTOP}}, {boxthere, "yes"},
-            {remember}, {answer, IDOK}, {searchend}, {value, "filled", "yes"}, {undrawn, "0"},
+            {escape ? step{key, VK_ESCAPE} : step{press, BARSTOP}}, {remember}, {answer, IDOK},
+            {searchend}, {value, "filled", "yes"}, {undrawn, "0"},
         });
         int fitted = std::stoi(lying(0, ""));
         CHECK(fitted > 0);
@@ -290,43 +259,7 @@ TEST_CASE("a long Solve of a Wordsquare is stopped with what it has")
     play({
         {press, BARSQUARESOLVE}, {there, BARSTOP, "yes"},
         {press, BARSTOP}, {there, BARSTOP, "no"},
-        {searchend}, {value, "sorted", "yes"}, {undrawn, "0"},
+        {searchend}, {undrawn, "0"},
     });
     CHECK(std::stoi(count(0, "")) < all);
-}
-
-TEST_CASE("quill finds the same in the saved file as the program in its window")
-{
-    if (!largehere()) return;
-    const std::string with = " --dictionaries @ --dict MainDict";
-    play({
-        {crossword, "c.t.a/..###/.e###/....."}, {large, 1, "MainDict"}, {drag, "0,0 4,0"},
-        {menu, COMMANDSAVEAS}, {choose, 0, "searched"}, {searched, BARSOLVE},
-    });
-    CHECK(sorted(listed(0, ""), ',') ==
-          sorted(quill(0, "solve @searched.qmg --mark 0,0,4,0" + with), '|'));
-    CHECK(count(0, "") != "0");
-    for (std::string letters : {"stare", "t*r*s"}) {
-        play({
-            {click, "0,1"}, {drag, "0,3 4,3"}, {fill, BARLETTERS, letters}, {searched, BARANAGRAM},
-        });
-        CHECK(sorted(listed(0, ""), ',') == sorted(quill(0, "anagram " + letters + with), '|'));
-        CHECK(std::stoi(count(0, "")) > 1);
-    }
-    play({
-        {fill, BARLETTERS, ""}, {square, 12}, {setting, 3, "minimum"}, {searched, BARNEW},
-        {value, "filled", "yes"}, {count, "0"},
-        {searched, BARSQUARESOLVE}, {undrawn, "0"},
-        {menu, COMMANDSAVEAS}, {choose, 0, "square"},
-    });
-    auto found = [](const char *least) {
-        return sorted(
-            quill(0, std::string("find @square.qmg --dictionaries @ --dict words --min ") + least),
-            '|');
-    };
-    CHECK(std::stoi(count(0, "")) > 4);
-    CHECK(lying(0, "") == count(0, ""));
-    CHECK(placed() == found("3"));
-    play({{setting, 5, "minimum"}, {searched, BARSQUARESOLVE}});
-    CHECK(placed() == found("5"));
 }

@@ -1,9 +1,6 @@
 // The dialogs of settings, and the ways into help.
-#include "app/choices.h"
 #include "desktop/helpsystem.h"
-#include "find/findwindow.h"
-#include "grid/appearance.h"
-#include "tests/app/screen/script.h"
+#include "tests/app/screen/inside.h"
 #include "tests/support/runner.h"
 
 #include <doctest/doctest.h>
@@ -20,22 +17,8 @@ std::string asked(int32_t, const std::string &)
 
 void forget(int32_t, const std::string &)
 {
-    ask([] { return helped = ""; });
+    inprogram([] { helped.clear(); });
 }
-
-// A test's changes of the choices don't outlast it.
-struct choiceskept {
-    choicesrecord before = {};
-    choiceskept()
-    {
-        choicesget(&before);
-    }
-    ~choiceskept()
-    {
-        choicesset(before);
-        metricsupdate();
-    }
-};
 
 std::string manual()
 {
@@ -135,7 +118,6 @@ TEST_CASE("Choices: a limit out of range is brought into it; only Save writes th
 
 TEST_CASE("Choices: all that is set is seen at once, and after Save it is in the file")
 {
-    choiceskept before;
     play({
         {dictionaries, "mine: ant bee cow"}, {another, "...../...../....."},
         {setting, cell(1, 1), "cursor"}, {menu, COMMANDCHOICES}, {infront, "Choices"},
@@ -144,22 +126,19 @@ TEST_CASE("Choices: all that is set is seen at once, and after Save it is in the
         {sample, CHOICESSELECTEDSAMPLE, "eeeebb"},
         {press, DIALOGCANCEL}, {infront, "Quillmere"}, {value, "cursor", "00bbff"},
         {colour, cell(1, 1), "00bbff"},
-        {menu, COMMANDEDITDICT, "mine"}, {aside, "Edit (mine)"}, {wordtall, ONWORDS, "small"},
+        {menu, COMMANDEDITDICT, "mine"}, {aside, "Edit (mine)"}, {value, "tall words", "no"},
         {menu, COMMANDCHOICES}, {infront, "Choices"},
         {pickcolour, CHOICESCURSORSAMPLE, "200 100 50"},
         {pickcolour, CHOICESSELECTEDPICKER, "10 220 30"}, {pickfont, CHOICESDICTPICKER, "20"},
         {pickfont, CHOICESSOLSAMPLE, "20"}, {fill, CHOICESMAX, "321"}, {press, CHOICESSAVE},
-        {enabled, "yes"}, {colour, cell(1, 1), "c86432"}, {wordtall, ONWORDS, "large"},
+        {enabled, "yes"}, {colour, cell(1, 1), "c86432"}, {value, "tall words", "yes"},
         {value, "dict font", "20"}, {value, "list font", "20"},
         {front}, {drag, "2,2 3,2"}, {colour, cell(3, 2), "0adc1e"},
-    });
-    choicesset(before.before);
-    play({
-        {value, "dict font", "8"},
+        {fresh}, {value, "dict font", "8"},
         {nextstart}, {value, "cursor", "c86432"}, {value, "selected", "0adc1e"},
         {value, "dict font", "20"}, {value, "list font", "20"}, {value, "limit", "321"},
         {menu, COMMANDWORDSQUARE}, {fill, BARWORD, "heron"}, {key, VK_RETURN}, {listed, "heron"},
-        {undrawn, "0"}, {wordtall, ONLIST, "large"},
+        {undrawn, "0"}, {value, "tall list", "yes"},
     });
 }
 

@@ -1,5 +1,6 @@
 // What a user of a script sees.
 #include "app/buttons.h"
+#include "app/layout.h"
 #include "app/mainwindow.h"
 #include "base/chars.h"
 #include "base/platform.h"
@@ -33,6 +34,7 @@
 #include <fstream>
 #include <iterator>
 #include <sstream>
+#include <type_traits>
 
 namespace
 {
@@ -47,6 +49,16 @@ std::string hex(uint32_t rgb)
 std::string number(int64_t n)
 {
     return std::to_string(n);
+}
+
+template<typename answer> std::string told(const answer &a)
+{
+    if constexpr (std::is_same_v<answer, bool>)
+        return yes(a);
+    else if constexpr (std::is_arithmetic_v<answer>)
+        return number(a);
+    else
+        return a;
 }
 
 void add(std::string *all, const std::string &item, const char *between = ", ")
@@ -112,28 +124,6 @@ bool squarefilled()
     return true;
 }
 
-// Words cross in their first letters; the words of a square are in their order. What is
-// wrong.
-std::string listright(const std::string &how)
-{
-    for (int32_t i = how == "sorted"; i < solutions.count; i++) {
-        if (how == "sorted" && std::string(solword(i - 1)->text) > solword(i)->text) return "order";
-        if (how == "sorted") continue;
-        int across = wordtext(solref(i, 0))[0], down = wordtext(solref(i, 1))[0];
-        if (charlower(static_cast<uint8_t>(across)) != charlower(static_cast<uint8_t>(down)))
-            return "a crossing";
-    }
-    return solutions.count ? "" : "none";
-}
-
-bool inmenus()
-{
-    GUITHREADINFO info = {};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(handle(mainwindow), nullptr), &info);
-    return info.flags & GUI_INMENUMODE;
-}
-
 struct topsearch {
     int32_t control;
     window found;
@@ -161,9 +151,8 @@ BOOL CALLBACK ownsbelow(HWND h, LPARAM word)
 // two looks at it are the same.
 drivepicture settledlook(UINT how)
 {
-    ask([&] {
+    inprogram([&] {
         RedrawWindow(handle(mainwindow), nullptr, nullptr, how | RDW_UPDATENOW | RDW_ALLCHILDREN);
-        return "";
     });
     drivepicture last, now = drivelook(mainwindow);
     drivewait([&] {
@@ -173,6 +162,22 @@ drivepicture settledlook(UINT how)
         return !drivediffer(last, now);
     });
     return now;
+}
+
+std::string pair(int32_t x, int32_t y)
+{
+    return number(x) + "," + number(y);
+}
+
+// A sight that one question tells, of nothing, a number or a name.
+template<auto look> std::string seen(int32_t of, const std::string &named)
+{
+    if constexpr (std::is_invocable_v<decltype(look)>)
+        return told(look());
+    else if constexpr (std::is_invocable_v<decltype(look), int32_t>)
+        return told(look(of));
+    else
+        return told(look(named));
 }
 
 } // namespace
@@ -208,10 +213,36 @@ std::string place(const std::string &leaf)
     return (leaf.ends_with(".dic") ? std::string(dictdirectory) : scratchfolder()) + "\\" + leaf;
 }
 
-std::string title(int32_t, const std::string &)
-{
-    return drivetext(mainwindow);
-}
+const sight title = seen<[] { return drivetext(mainwindow); }>;
+const sight cursor = seen<[] { return pair(grid.cursorx, grid.cursory); }>;
+const sight mark = seen<[] {
+    return grid.markleft == -1
+               ? "none"
+               : pair(grid.markleft, grid.marktop) + " " + pair(grid.markright, grid.markbottom);
+}>;
+const sight count = seen<[] { return solutions.count; }>;
+const sight selected = seen<[] { return solselected(); }>;
+const sight there = seen<[](int32_t control) { return drivecontrol(buttonwindow, control) != 0; }>;
+const sight boxthere = seen<[] { return drivefind("", "#32770") != 0; }>;
+const sight shown = seen<[](const std::string &named) { return drivefind(named) != 0; }>;
+const sight infront =
+    seen<[] { return drivetext(reinterpret_cast<window>(GetForegroundWindow())); }>;
+const sight enabled = seen<[] { return IsWindowEnabled(handle(mainwindow)) != 0; }>;
+const sight wordrow = seen<[] { return wordlist()->rowsel; }>;
+const sight caretrow = seen<[] { return wordlist()->rowcaret; }>;
+const sight changed = seen<[] { return dictanychanges() != 0; }>;
+const sight inuse = seen<[] {
+    std::string all;
+    for (uint32_t i = 0; i < dictset.count; i++)
+        add(&all, dicts[dictset.numbers[i]].name, " ");
+    return all;
+}>;
+const sight known = seen<[] {
+    std::string all;
+    for (uint32_t i = 0; i < ndicts; i++)
+        add(&all, dicts[i].name, " ");
+    return all;
+}>;
 
 std::string document(int32_t, const std::string &)
 {
@@ -220,18 +251,6 @@ std::string document(int32_t, const std::string &)
         picturetextwrite(&lines);
         return joined(lines, '/');
     });
-}
-
-std::string cursor(int32_t, const std::string &)
-{
-    return number(grid.cursorx) + "," + number(grid.cursory);
-}
-
-std::string mark(int32_t, const std::string &)
-{
-    if (grid.markleft == -1) return "none";
-    return number(grid.markleft) + "," + number(grid.marktop) + " " + number(grid.markright) + "," +
-           number(grid.markbottom);
 }
 
 std::string marked(int32_t, const std::string &)
@@ -257,16 +276,6 @@ std::string listed(int32_t, const std::string &)
         }
         return all;
     });
-}
-
-std::string count(int32_t, const std::string &)
-{
-    return number(solutions.count);
-}
-
-std::string selected(int32_t, const std::string &)
-{
-    return ask([] { return number(solselected()); });
 }
 
 std::string lying(int32_t, const std::string &)
@@ -302,24 +311,6 @@ std::string ticked(int32_t control, const std::string &)
     });
 }
 
-std::string there(int32_t control, const std::string &)
-{
-    return yes(drivecontrol(buttonwindow, control));
-}
-
-std::string fits(int32_t control, const std::string &content)
-{
-    HWND h = handle(drivecontrol(ownerof(control), control));
-    RECT room = {};
-    SIZE needed = {};
-    HDC dc = GetDC(h);
-    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(h, WM_GETFONT, 0, 0)));
-    GetTextExtentPoint32A(dc, content.c_str(), static_cast<int>(content.size()), &needed);
-    ReleaseDC(h, dc);
-    GetClientRect(h, &room);
-    return yes(room.right && needed.cx <= room.right);
-}
-
 std::string focus(int32_t control, const std::string &)
 {
     return ask([&] {
@@ -336,11 +327,6 @@ std::string box(int32_t, const std::string &)
     return w ? drivetext(w, 0xFFFF).empty() ? drivetext(w) : drivetext(w, 0xFFFF) : "none";
 }
 
-std::string boxthere(int32_t, const std::string &)
-{
-    return yes(drivefind("", "#32770"));
-}
-
 std::string offered(int32_t, const std::string &)
 {
     constexpr int types = 0x470, name = 0x480, names = 0x47C;
@@ -354,51 +340,27 @@ std::string offered(int32_t, const std::string &)
     return typed + " " + number(SendMessageA(handle(list), CB_GETCURSEL, 0, 0) + 1);
 }
 
-std::string shown(int32_t, const std::string &named)
-{
-    return yes(drivefind(named));
-}
-
-std::string infront(int32_t, const std::string &)
-{
-    return drivetext(reinterpret_cast<window>(GetForegroundWindow()));
-}
-
-std::string enabled(int32_t, const std::string &)
-{
-    return yes(IsWindowEnabled(handle(mainwindow)));
-}
-
 // They are as the program makes them when the menu opens: "!" stands before those that
 // are grey, "+" before ticked ones.
 std::string entries(int32_t of, const std::string &)
 {
-    int bar = of % UNDER, entry = of / UNDER - 1;
-    HMENU shownmenu = GetSubMenu(GetMenu(handle(mainwindow)), bar);
-    drivemove(2, 2); // an entry under the pointer would be chosen
-    drivekey(VK_MENU);
-    for (int i = 0; i < bar; i++)
-        drivekey(VK_RIGHT);
-    drivekey(VK_DOWN);
-    for (int i = 0; i < entry; i++)
-        if (GetMenuState(shownmenu, static_cast<UINT>(i), MF_BYPOSITION) != MF_SEPARATOR)
-            drivekey(VK_DOWN);
-    if (entry >= 0) {
-        drivekey(VK_RIGHT);
-        shownmenu = GetSubMenu(shownmenu, entry);
-    }
+    auto opened = [](HMENU menus, int entry) {
+        HMENU below = GetSubMenu(menus, entry);
+        SendMessageA(handle(mainwindow), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(below), entry);
+        return below;
+    };
+    HMENU menus = opened(GetMenu(handle(mainwindow)), of % UNDER);
+    if (of >= UNDER) menus = opened(menus, of / UNDER - 1);
     std::string all;
-    for (int i = 0; i < GetMenuItemCount(shownmenu); i++) {
+    for (int i = 0; i < GetMenuItemCount(menus); i++) {
         char name[256] = "";
-        GetMenuStringA(shownmenu, static_cast<UINT>(i), name, sizeof name, MF_BYPOSITION);
+        GetMenuStringA(menus, static_cast<UINT>(i), name, sizeof name, MF_BYPOSITION);
         std::string plain = std::string(name).substr(0, std::string(name).find('\t'));
         std::erase(plain, '&');
-        UINT state = GetMenuState(shownmenu, static_cast<UINT>(i), MF_BYPOSITION);
+        UINT state = GetMenuState(menus, static_cast<UINT>(i), MF_BYPOSITION);
         const char *sign = state & MF_GRAYED ? "!" : state & MF_CHECKED ? "+" : "";
         if (!plain.empty()) add(&all, sign + plain);
     }
-    for (int tries = 0; inmenus() && tries < 8; tries++)
-        drivekey(VK_ESCAPE);
     return all;
 }
 
@@ -406,26 +368,6 @@ std::string word(int32_t row, const std::string &)
 {
     return ask(
         [&] { return std::string(dictword(static_cast<uint32_t>(row), wordlist()->wordrows)); });
-}
-
-std::string wordrow(int32_t, const std::string &)
-{
-    return number(wordlist()->rowsel);
-}
-
-std::string caretrow(int32_t, const std::string &)
-{
-    return number(wordlist()->rowcaret);
-}
-
-// They reach below the rows of a first start.
-std::string wordtall(int32_t where, const std::string &)
-{
-    constexpr int FIRST = 20; // pixels
-    drivepicture p = drivelook(where == ONLIST ? solutionswindow : wordlist()->pane);
-    auto lowest = std::find(p.pixels.rbegin(), p.pixels.rend(), 0U);
-    int rows = where == ONLIST ? 1 : 3;
-    return (p.pixels.rend() - lowest) / p.width > rows * FIRST ? "large" : "small";
 }
 
 std::string wordseen(int32_t row, const std::string &)
@@ -486,31 +428,6 @@ std::string kept(int32_t, const std::string &named)
         dictfree(&dict);
         return all;
     });
-}
-
-std::string inuse(int32_t, const std::string &)
-{
-    return ask([] {
-        std::string all;
-        for (uint32_t i = 0; i < dictset.count; i++)
-            add(&all, dicts[dictset.numbers[i]].name, " ");
-        return all;
-    });
-}
-
-std::string known(int32_t, const std::string &)
-{
-    return ask([] {
-        std::string all;
-        for (uint32_t i = 0; i < ndicts; i++)
-            add(&all, dicts[i].name, " ");
-        return all;
-    });
-}
-
-std::string changed(int32_t, const std::string &)
-{
-    return yes(dictanychanges());
 }
 
 std::string file(int32_t bytes, const std::string &leaf)
@@ -580,14 +497,21 @@ std::string value(int32_t, const std::string &name)
                                                 : "none";
     if (name == "whole") // the grid, without bars to scroll it
         return yes(!(GetWindowLongA(handle(gridwindow), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL)));
+    constexpr int FIRSTROW = 20; // pixels, of a first start at most
+    if (name == "tall list") return yes(ostodevy(solutions.rowheight) > FIRSTROW);
+    if (name == "tall words") return yes(ostodevy(wordmetrics.rowheight) > FIRSTROW);
     if (name == "roomy") return yes(grid.cellwidth > 90); // than any scale makes a small font's
     if (name == "stopping") return number(search.stopflag);
     if (name == "progress") return yes(progressright(1));
     if (name == "counting") return yes(progressright(100));
+    if (name == "listing") return yes(solutions.count > 0);
     if (name == "filled") return yes(squarefilled());
-    if (name == "crossing" || name == "sorted")
-        return yes(ask([&] { return listright(name); }).empty());
-    if (name == "size") return number(grid.width) + "," + number(grid.height);
+    if (name == "size") return pair(grid.width, grid.height);
+    if (name == "frame") { // of the main window, to some pixels
+        RECT r;
+        GetWindowRect(handle(mainwindow), &r);
+        return pair((r.right - r.left + 2) / 5 * 5, (r.bottom - r.top + 2) / 5 * 5);
+    }
     return name == "file" ? std::filesystem::path(grid.filename).filename().string() : "unknown";
 }
 
@@ -618,15 +542,6 @@ std::string inks(int32_t where, const std::string &rgb)
     auto wanted = static_cast<uint32_t>(std::stoul(rgb, nullptr, 16));
     auto dots = std::count(p.pixels.begin(), p.pixels.end(), wanted);
     return dots > 200 ? "many" : dots ? "some" : "none";
-}
-
-std::string framed(int32_t, const std::string &pixels)
-{
-    int width = 0, height = 0;
-    sscanf(pixels.c_str(), "%d,%d", &width, &height);
-    RECT r;
-    GetWindowRect(handle(mainwindow), &r);
-    return yes(std::abs(r.right - r.left - width) <= 1 && std::abs(r.bottom - r.top - height) <= 1);
 }
 
 // A redraw heals what it finds: the first answer holds.
@@ -664,7 +579,7 @@ std::string scrolled(int32_t, const std::string &)
     });
 }
 
-// The bar on top, below it the list and the grid with the gap of 4 between.
+// The panes are where the split has them.
 std::string layout(int32_t, const std::string &)
 {
     auto placed = [](window w) {
@@ -673,14 +588,15 @@ std::string layout(int32_t, const std::string &)
         MapWindowPoints(nullptr, handle(mainwindow), reinterpret_cast<POINT *>(&r), 2);
         return r;
     };
+    auto same = [](const RECT &r, const pixelbox &box) {
+        return r.left == box.left && r.top == box.top && r.right == box.right &&
+               r.bottom == box.bottom;
+    };
     int width, height;
     drivesize(mainwindow, &width, &height);
-    RECT bar = placed(buttonwindow), list = placed(solutionswindow), cells = placed(gridwindow);
-    if (bar.left || bar.top || bar.right != width) return "the bar is wrong";
-    if (list.left || list.top != bar.bottom || list.bottom != height) return "the list is wrong";
-    if (cells.left != list.right + 4 || cells.top != bar.bottom)
-        return "the grid's corner is wrong";
-    if (cells.right != width || cells.bottom != height) return "the grid's end is wrong";
-    bool split = list.right == static_cast<int>(int64_t{width} * grid.splitfraction / 65536) - 2;
-    return split ? "right" : "the split is wrong";
+    RECT bar = placed(buttonwindow);
+    panelayout panes = layoutpanes({0, 0, width, height}, bar.bottom, grid.splitfraction);
+    if (!same(bar, panes.bar)) return "the bar is wrong";
+    if (!same(placed(solutionswindow), panes.list)) return "the list is wrong";
+    return same(placed(gridwindow), panes.grid) ? "right" : "the grid is wrong";
 }

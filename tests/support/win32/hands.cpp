@@ -89,14 +89,10 @@ void placepointer(int x, int y)
     sendmouse(0);
 }
 
-DWORD downflag(drivebutton button)
+DWORD flag(drivebutton button, bool down)
 {
-    return button == DRIVELEFT ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN;
-}
-
-DWORD upflag(drivebutton button)
-{
-    return button == DRIVELEFT ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP;
+    if (button == DRIVELEFT) return down ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP;
+    return down ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_RIGHTUP;
 }
 
 drivepicture lookat(int left, int top, int width, int height)
@@ -164,12 +160,6 @@ bool menupath(HMENU menu, UINT command, std::vector<int> *path)
     return false;
 }
 
-void keysdown(int key, int count)
-{
-    while (count-- > 0)
-        drivekey(key);
-}
-
 } // namespace
 
 void (*drivepause)(int) = pauseoutside;
@@ -182,13 +172,13 @@ void drivemove(int x, int y)
 
 void drivepress(drivebutton button)
 {
-    sendmouse(downflag(button));
+    sendmouse(flag(button, true));
     drivepause(SETTLED);
 }
 
 void driverelease(drivebutton button)
 {
-    sendmouse(upflag(button));
+    sendmouse(flag(button, false));
     drivepause(SETTLED);
 }
 
@@ -206,8 +196,8 @@ void drivedouble(int x, int y, drivebutton button)
 {
     drivemove(x, y);
     for (int i = 0; i < 2; i++) {
-        sendmouse(downflag(button));
-        sendmouse(upflag(button));
+        sendmouse(flag(button, true));
+        sendmouse(flag(button, false));
     }
     drivepause(SETTLED);
 }
@@ -256,11 +246,13 @@ bool drivemenu(void *menu, int32_t command, int32_t entry)
     if (entry) path.push_back(entry - 1);
     drivemove(2, 2);
     drivekey(VK_MENU);
-    keysdown(VK_RIGHT, path[0]);
+    for (int right = 0; right < path[0]; right++)
+        drivekey(VK_RIGHT);
     drivekey(VK_DOWN);
     for (size_t level = 1; level < path.size(); level++) {
         if (level > 1) drivekey(VK_RIGHT);
-        keysdown(VK_DOWN, path[level]);
+        for (int down = 0; down < path[level]; down++)
+            drivekey(VK_DOWN);
     }
     return true;
 }

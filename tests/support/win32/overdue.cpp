@@ -1,6 +1,5 @@
-// A test whose window waits for ever is ended with what can be said of it: its
-// name, the windows that are up, and a picture of the screen. Killed from outside
-// it would say nothing.
+// A test whose window waits for ever is ended with what can be said of it: its name,
+// and a picture of the screen. Killed from outside it would say nothing.
 #include "tests/support/driver.h"
 #include "tests/support/listener.h"
 
@@ -20,24 +19,9 @@ constexpr DWORD LONGEST = 150000; // milliseconds, of one test
 std::atomic<const char *> running; // 0 between tests
 std::atomic<DWORD> since;
 
-BOOL CALLBACK windowtell(HWND h, LPARAM)
-{
-    DWORD process = 0;
-    GetWindowThreadProcessId(h, &process);
-    if (process != GetCurrentProcessId() || !IsWindowVisible(h)) return TRUE;
-    char kind[64] = "", title[128] = "";
-    GetClassNameA(h, kind, sizeof kind);
-    wchar_t wide[64] = L"";
-    InternalGetWindowText(h, wide, 64); // asks nobody: the window may be stuck
-    WideCharToMultiByte(CP_ACP, 0, wide, -1, title, sizeof title, nullptr, nullptr);
-    fprintf(stderr, "  %s window \"%s\"%s\n", kind, title, IsWindowEnabled(h) ? "" : ", disabled");
-    return TRUE;
-}
-
 [[noreturn]] void tell(const char *name)
 {
     fprintf(stderr, "ERROR: overdue after %lu s: %s\n", LONGEST / 1000, name);
-    EnumWindows(windowtell, 0);
     char self[MAX_PATH] = "";
     GetModuleFileNameA(nullptr, self, sizeof self);
     std::string picture = std::string(self) + ".overdue.png"; // boxes change the directory
