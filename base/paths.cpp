@@ -134,8 +134,13 @@ errorblock *pathwhole(const char *in, char (&out)[PATHSIZE])
 {
     if (expand(in, out, PATHSIZE)) return nullptr;
     out[0] = 0;
+    return pathtoolong(in);
+}
+
+errorblock *pathtoolong(const char *name)
+{
     return makeerrortext(ERRORMAXSTRING, "The name of a file is longer than %d characters: %s",
-                         PATHSIZE - 1, in);
+                         PATHSIZE - 1, name);
 }
 
 errorblock *pathabsolute(const char *in, char *out, int32_t size)

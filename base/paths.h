@@ -21,6 +21,9 @@ errorblock *pathexpand(const char *in, char *out, int32_t size);
 // be another file's. Error 30 and an empty path when the result doesn't fit.
 errorblock *pathwhole(const char *in, char (&out)[PATHSIZE]);
 
+// Error 30 that says of a name what pathwhole does.
+errorblock *pathtoolong(const char *name);
+
 // Expands in and, where it is relative, puts the current folder in front, so that
 // it means the same file later too. Error 30 and an empty path when the result
 // doesn't fit.

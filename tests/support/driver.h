@@ -41,7 +41,7 @@ void drivedouble(int x, int y, drivebutton button = DRIVELEFT);
 // Presses at the first place, moves through the others, releases at the last.
 void drivedrag(const std::vector<driveplace> &places, drivebutton button = DRIVELEFT, int held = 0);
 void drivewheel(int delta, bool horizontal = false); // where the pointer is
-// A file dropped at a place of a window, told to the window itself.
+// Files, by names in UTF-8, dropped at a place of a window, told to the window itself.
 void drivedrop(window w, const std::vector<std::string> &files, driveplace place);
 
 // The keyboard: a virtual key, or the keys that type a text.

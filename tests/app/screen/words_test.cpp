@@ -201,11 +201,15 @@ TEST_CASE("words come in by files that are dropped, and out and in by the list's
         {text, EDITCOUNT, "8"},
         {put, "empty.txt"}, {drop, ONWORDS, "empty.txt"}, {text, EDITCOUNT, "8"},
         {press, DIALOGCANCEL},
-        // Files that can't be had are told of.
+        // Files that can't be had are told of, those whose names no call here takes, too.
         {menu, COMMANDEDITDICT, "mine"}, {infront, "Edit (mine)"},
         {erase, "more.txt"}, {drop, ONWORDS, "more.txt"}, {answer, IDOK}, {hold, "words.txt"},
         {drop, ONWORDS, "words.txt"}, {answer, IDOK}, {pickword, 0, "right"}, {key, VK_DOWN, "2"},
         {key, VK_RETURN}, {choose, 0, "words.txt"}, {answer, IDOK}, {letgo}, {text, EDITCOUNT, "2"},
+        {drop, ONWORDS, "\xD0\xB6\xC5\xBE.txt"},
+        {box, "The name of a file has letters that Windows can't write in the code page of programs: "
+              "?\x9E.txt"},
+        {answer, IDOK}, {drop, ONWORDS, std::string(250, 'x')}, {answer, IDOK},
         {changed, "no"},
     });
 }

@@ -7,6 +7,7 @@
 #include <shlobj.h>
 
 #include <cstring>
+#include <filesystem>
 
 uint32_t driven;
 
@@ -259,17 +260,19 @@ bool drivemenu(void *menu, int32_t command, int32_t entry)
 
 void drivedrop(window w, const std::vector<std::string> &files, driveplace place)
 {
-    std::string names;
+    std::wstring names;
     for (const std::string &file : files)
-        names += file + '\0';
-    names += '\0';
-    HGLOBAL block = GlobalAlloc(GHND, sizeof(DROPFILES) + names.size());
+        names += std::filesystem::path(std::u8string(file.begin(), file.end())).wstring() + L'\0';
+    names += L'\0';
+    size_t bytes = names.size() * sizeof names[0];
+    HGLOBAL block = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
     auto *drop = static_cast<DROPFILES *>(GlobalLock(block));
     POINT p = {place.x, place.y};
     ScreenToClient(handle(w), &p);
     drop->pFiles = sizeof *drop;
     drop->pt = p;
-    memcpy(drop + 1, names.data(), names.size());
+    drop->fWide = true;
+    memcpy(drop + 1, names.data(), bytes);
     GlobalUnlock(block);
     PostMessageA(handle(w), WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0);
     drivepause(SETTLED);
