@@ -98,3 +98,9 @@ int wordcompare(const char *a, const char *b, int32_t limit, uint32_t *flags)
     *flags |= cased;
     return 0;
 }
+
+int wordorder(const char *a, const char *b)
+{
+    uint32_t flags = 0;
+    return wordcompare(a, b, WORDLENGTH, &flags);
+}

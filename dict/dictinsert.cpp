@@ -91,9 +91,8 @@ errorblock *dictinsert(const char *word, Dictionary *dict, dictcursor *cursor)
     dictchanged(dict);
     if (dictisempty(dict)) return insertfirst(word, dict);
     insertion insert = {};
-    uint32_t flags = 0;
     insert.word = word;
-    insert.lowest = wordcompare(word, cursor->word, WORDLENGTH, &flags) <= 0;
+    insert.lowest = wordorder(word, cursor->word) <= 0;
     insert.follower = *cursor;
     if (!insert.lowest) dictnext(dict, &insert.follower);
     if (!insertcode(&insert, insert.lowest ? "" : cursor->word)) return nullptr;

@@ -87,6 +87,9 @@ uint32_t dictcount(const Dictionary *dict);
 // Order of two words over at most limit letters: below 0, 0, above 0.
 int wordcompare(const char *a, const char *b, int32_t limit, uint32_t *flags);
 
+// The same of whole words, without options.
+int wordorder(const char *a, const char *b);
+
 // Codes word against the word before it into out, RECORDSIZE bytes. Returns
 // the record's length, 0 when the word doesn't fit.
 int32_t wordcode(const char *before, const char *word, uint8_t *out);

@@ -84,8 +84,7 @@ bool verifyword(verification *check)
     if (*record != sharedletters(before, word->word))
         return fault(check, "word %u (%s) at %u: prefix count %u, shares %u", word->wordn,
                      word->word, word->woff, *record, sharedletters(before, word->word));
-    uint32_t flags = 0;
-    if (word->wordn && wordcompare(before, word->word, WORDLENGTH, &flags) >= 0)
+    if (word->wordn && wordorder(before, word->word) >= 0)
         return fault(check, "word %u (%s) at %u: not above the one before (%s)", word->wordn,
                      word->word, word->woff, before);
     return true;

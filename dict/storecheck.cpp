@@ -47,10 +47,9 @@ bool recordssound(const Dictionary *dict, uint32_t behind)
     char before[WORDSIZE] = "";
     dictcursor at = {};
     for (; at.woff < behind; at.woff += at.len) {
-        uint32_t flags = 0;
         if (*dictrecord(dict, at.woff) > strlen(before)) return false;
         dictdecode(dict, &at);
-        if (!at.word[0] || (at.woff && wordcompare(before, at.word, WORDLENGTH, &flags) >= 0))
+        if (!at.word[0] || (at.woff && wordorder(before, at.word) >= 0))
             return false;
         memcpy(before, at.word, WORDSIZE);
     }

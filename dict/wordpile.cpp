@@ -38,12 +38,6 @@ const char *rowword(const wordpile &pile, const pilerow &row)
     return static_cast<const char *>(pile.text) + row.at;
 }
 
-int wordorder(const char *a, const char *b)
-{
-    uint32_t flags = 0;
-    return wordcompare(a, b, WORDLENGTH, &flags);
-}
-
 // By words; those that differ only in case stand in the order in which they came.
 void pilesort(const wordpile &pile)
 {

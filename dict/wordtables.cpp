@@ -113,8 +113,7 @@ bool inorder(const tablewalk &walk)
     auto a = static_cast<uint8_t>(walk.before[walk.shared]);
     auto b = static_cast<uint8_t>(walk.at.word[walk.shared]);
     if (collation.fold[a] != collation.fold[b]) return collation.fold[a] < collation.fold[b];
-    uint32_t flags = 0;
-    return !walk.at.wordn || wordcompare(walk.before, walk.at.word, WORDLENGTH, &flags) < 0;
+    return !walk.at.wordn || wordorder(walk.before, walk.at.word) < 0;
 }
 
 bool entryinstep(const dictindex &entry, const dictcursor &at)

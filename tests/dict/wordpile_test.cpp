@@ -2,6 +2,7 @@
 #include "dict/wordpile.h"
 
 #include "dict/storecheck.h"
+#include "dict/wordscores.h"
 #include "tests/dict/teststore.h"
 
 #include <doctest/doctest.h>
@@ -98,4 +99,10 @@ TEST_CASE("an index that is broken or gone is made anew from the words")
     }
     static_cast<char *>(dict->words)[0] = 3; // a first word with letters of one before it
     CHECK(storetake(dict));
+}
+
+TEST_CASE("of a list with scores stay the words that score enough")
+{
+    std::string list = "low;3\n a;b ;5\r\n\n none\n9;\nodd;5x\nhigh; 50\t\nlast;6";
+    CHECK((scoredwords(&list, 5) == 3 && list == "a;b \nhigh\nlast\n"));
 }
