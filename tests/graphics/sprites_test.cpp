@@ -107,8 +107,10 @@ TEST_CASE("modes, old numbers and new words, tell depth and resolution")
     CHECK((x == 90 && y == 45));
 
     const uint32_t made[][4] = {{8, 2, 2, 28},
+                                {4, 2, 2, 27},
                                 {1, 2, 2, 25},
                                 {8, 2, 4, 15},
+                                {4, 2, 4, 12},
                                 {1, 2, 4, 0},
                                 {16, 2, 4, word(5, 45, 90)},
                                 {24, 1, 1, word(6, 180, 180)}};

@@ -195,8 +195,9 @@ TEST_CASE("settings are one edit, in their ranges; those for making are a Wordsq
     solfont.height = 77;
     gridrememberdefaults();
     grid.gridfont.height = grid.squarescale = 0;
-    grid.textcolour = 0;
+    grid.textcolour = grid.gridcolour = grid.fillcolour = grid.backcolour = 0;
     gridsetdefaults();
     CHECK((grid.gridfont.height == 256 && grid.textcolour == 0x11000000));
+    CHECK((grid.gridcolour == 0x22000000 && grid.fillcolour == 0x33000000));
     CHECK((grid.squarescale == 400 && solfont.height == 128 && dictfont.height == 128));
 }
