@@ -46,6 +46,7 @@ bool markoption(const std::string &value, arguments *args)
 
 bool maxoption(const std::string &value, arguments *args)
 {
+    args->maxgiven = true;
     return numberread(value, 1, 1000000, &args->max);
 }
 
@@ -78,6 +79,27 @@ bool seedoption(const std::string &value, arguments *args)
     bool good = numberread(value, 0, INT32_MAX, &seed);
     args->seed = static_cast<uint32_t>(seed);
     return good;
+}
+
+bool secondsoption(const std::string &value, arguments *args)
+{
+    return numberread(value, 1, 1000000, &args->seconds);
+}
+
+bool preferoption(const std::string &value, arguments *args)
+{
+    args->prefer = value;
+    return !value.empty();
+}
+
+bool countoption(const std::string &, arguments *args)
+{
+    return args->count = true;
+}
+
+bool repeatoption(const std::string &, arguments *args)
+{
+    return args->repeat = true;
 }
 
 bool outoption(const std::string &value, arguments *args)
@@ -120,7 +142,11 @@ constexpr optionrow options[] = {
     {"--min-score", TAKESMINSCORE, true, minscoreoption},
     {"--size", TAKESMAKING, true, sizeoption},
     {"--directions", TAKESMAKING, true, directionsoption},
-    {"--seed", TAKESMAKING, true, seedoption},
+    {"--seed", TAKESMAKING | TAKESONE, true, seedoption},
+    {"--seconds", TAKESONE, true, secondsoption},
+    {"--prefer", TAKESONE, true, preferoption},
+    {"--count", TAKESEVERY, false, countoption},
+    {"--repeat", TAKESEVERY | TAKESONE, false, repeatoption},
     {"-o", TAKESOUT, true, outoption},
     {"--as", TAKESFORMAT, true, formatoption},
     {"--lossy", TAKESLOSSY, false, lossyoption},
@@ -162,6 +188,7 @@ std::string argumentsread(const std::vector<std::string> &words, uint32_t takes,
 {
     *args = {};
     args->max = 1000;
+    args->seconds = 60;
     args->minscore = NOSCORE;
     args->seed = static_cast<uint32_t>(std::time(nullptr));
     bool plain = false; // behind "--" nothing is an option

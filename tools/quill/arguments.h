@@ -19,6 +19,9 @@ constexpr uint32_t TAKESOUT = 128;        // -o OUT, which must be given
 constexpr uint32_t TAKESFORMAT = 256;     // --as FORMAT
 constexpr uint32_t TAKESLOSSY = 512;      // --lossy
 
+constexpr uint32_t TAKESEVERY = 1024; // --count, --repeat
+constexpr uint32_t TAKESONE = 2048;   // --seed N, --prefer NAME, --seconds N
+
 constexpr int32_t NOSCORE = INT32_MIN;
 
 struct arguments {
@@ -26,15 +29,17 @@ struct arguments {
     std::string dictionaries;       // empty: the shipped ones
     std::vector<std::string> dicts;
     std::vector<cellbox> marks;
-    int32_t max;
+    int32_t max;           // 1000 if not given
     int32_t min;           // 0 if not given
     int32_t minscore;      // NOSCORE if not given
     int32_t width, height; // 0 if not given
     int32_t directions;    // 0 if not given
     uint32_t seed;
+    int32_t seconds;    // 60 if not given
+    std::string prefer; // empty if not given
     std::string out;    // empty if not given
     std::string format; // empty if not given
-    bool wordsquare, lossy;
+    bool wordsquare, lossy, count, repeat, maxgiven;
 };
 
 // Sorts words into args. A making needs its size and its file. Without a seed

@@ -23,6 +23,8 @@ errorblock *commandgridimport(const arguments &args);
 errorblock *commandgridexport(const arguments &args);
 errorblock *commandstats(const arguments &args);
 errorblock *commandsolve(const arguments &args);
+errorblock *commandfillall(const arguments &args);
+errorblock *commandfillgrid(const arguments &args);
 errorblock *commandanagram(const arguments &args);
 errorblock *commandguess(const arguments &args);
 errorblock *commandspell(const arguments &args);

@@ -5,7 +5,6 @@
 #include "find/anagram.h"
 #include "find/solutions.h"
 #include "find/solve.h"
-#include "grid/grid.h"
 #include "tools/quill/console.h"
 #include "tools/quill/edge.h"
 #include "tools/quill/searchseam.h"
@@ -13,21 +12,6 @@
 
 namespace
 {
-
-errorblock *markcells(const cellbox &box)
-{
-    if (!gridinside(box.right, box.bottom))
-        return makeerrortext(ERRORMAXSTRING, "--mark %d,%d,%d,%d is not inside the grid of %dx%d.",
-                             static_cast<int>(box.left), static_cast<int>(box.top),
-                             static_cast<int>(box.right), static_cast<int>(box.bottom),
-                             static_cast<int>(grid.width), static_cast<int>(grid.height));
-    for (int32_t x = box.left; x <= box.right; x++)
-        for (int32_t y = box.top; y <= box.bottom; y++)
-            if ((grid.flags[x][y] & CELLKIND) != CELLBLOCK)
-                grid.flags[x][y] =
-                    static_cast<uint8_t>((grid.flags[x][y] & ~CELLKIND) | CELLMARKED);
-    return nullptr;
-}
 
 void outsolutions()
 {
@@ -48,8 +32,7 @@ errorblock *commandsolve(const arguments &args)
     errorblock *err = sessionstart(args);
     if (!err) err = sessioncrossword(args.words[0]);
     if (!err) err = sessiondicts(args);
-    for (const cellbox &box : args.marks)
-        if (!err) err = markcells(box);
+    if (!err) err = sessionmarks(args);
     solutions.maxsolutions = args.max;
     if (!err) err = solvestart();
     if (!err) err = searchnow();

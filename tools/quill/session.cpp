@@ -39,6 +39,21 @@ errorblock *checkloaded()
     return err;
 }
 
+errorblock *markcells(const cellbox &box)
+{
+    if (!gridinside(box.right, box.bottom))
+        return makeerrortext(ERRORMAXSTRING, "--mark %d,%d,%d,%d is not inside the grid of %dx%d.",
+                             static_cast<int>(box.left), static_cast<int>(box.top),
+                             static_cast<int>(box.right), static_cast<int>(box.bottom),
+                             static_cast<int>(grid.width), static_cast<int>(grid.height));
+    for (int32_t x = box.left; x <= box.right; x++)
+        for (int32_t y = box.top; y <= box.bottom; y++)
+            if ((grid.flags[x][y] & CELLKIND) != CELLBLOCK)
+                grid.flags[x][y] =
+                    static_cast<uint8_t>((grid.flags[x][y] & ~CELLKIND) | CELLMARKED);
+    return nullptr;
+}
+
 } // namespace
 
 errorblock *sessionstart(const arguments &args)
@@ -80,6 +95,14 @@ errorblock *sessiondicts(const arguments &args)
         if (!err) err = usedict(name);
     if (!err) err = dictdefault();
     if (!err) err = checkloaded();
+    return err;
+}
+
+errorblock *sessionmarks(const arguments &args)
+{
+    errorblock *err = nullptr;
+    for (const cellbox &box : args.marks)
+        if (!err) err = markcells(box);
     return err;
 }
 

@@ -20,5 +20,8 @@ errorblock *sessioncrossword(const std::string &path);
 // there, one that doesn't load, 528.
 errorblock *sessiondicts(const arguments &args);
 
+// Marks the cells that --mark names, but blocks. Error: some are outside the grid.
+errorblock *sessionmarks(const arguments &args);
+
 // Frees all of it.
 void sessionend();
