@@ -63,7 +63,8 @@ void remark(const char *format, ...)
 
 void countshow(const char *what, int32_t n)
 {
-    if (!edgeterminal()) return;
+    static const bool seen = edgeterminal(); // by asking the system
+    if (!seen) return;
     std::fprintf(stderr, "\r%s %d", what, static_cast<int>(n));
     std::fflush(stderr);
     counting = true;

@@ -10,19 +10,51 @@
 #include "tools/quill/searchseam.h"
 #include "tools/quill/session.h"
 
+#include <string>
+#include <vector>
+
 namespace
 {
 
+// Words as they go out, each made once however many solutions have it: its bytes
+// behind their number, found by its reference.
+struct {
+    std::string bytes;
+    std::vector<uint32_t> places[MAXDICTS]; // 0 for none yet
+} shown;
+
+void wordout(wordref ref, std::string *block)
+{
+    uint32_t dictn = ref >> 24, wordn = ref & 0xFFFFFF;
+    if (shown.bytes.empty()) shown.bytes = '\0';
+    if (shown.places[dictn].empty())
+        shown.places[dictn].resize(size_t{dictcount(&dicts[dictn].dict)} + 1);
+    uint32_t *place = &shown.places[dictn][wordn];
+    if (!*place) {
+        std::string word = edgeout(wordtext(ref));
+        *place = static_cast<uint32_t>(shown.bytes.size());
+        shown.bytes += static_cast<char>(word.size());
+        shown.bytes += word;
+    }
+    const char *word = shown.bytes.data() + *place;
+    block->append(word + 1, static_cast<size_t>(*word));
+}
+
 void outsolutions()
 {
+    constexpr size_t BLOCK = 65536;
+    std::string block;
     for (int32_t entry = 0; entry < solutions.count; entry++) {
-        std::string line;
         for (int32_t slot = 0; slot < solutions.slotcount; slot++) {
-            if (slot) line += '\t';
-            line += wordtext(solref(entry, slot));
+            if (slot) block += '\t';
+            wordout(solref(entry, slot), &block);
         }
-        outline(line);
+        block += '\n';
+        if (block.size() < BLOCK) continue;
+        outbytes(block);
+        block.clear();
     }
+    outbytes(block);
 }
 
 } // namespace
