@@ -4,14 +4,12 @@
 // left and the grid on the right, with a gap between them in which the main
 // window shows: the splitter.
 //
-// Places are pixels of the screen, y down.
+// Places are pixels of the screen.
 #pragma once
 
-#include <cstdint>
+#include "desktop/windows.h"
 
-struct pixelbox {
-    int32_t left, top, right, bottom; // right and bottom lie just outside
-};
+#include <cstdint>
 
 struct panelayout {
     pixelbox bar, list, grid;

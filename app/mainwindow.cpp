@@ -32,32 +32,16 @@ namespace
 // a window; 0 for none.
 int32_t filewidth, fileheight;
 
-pixelbox pixels(const windowstaterecord &state)
-{
-    return {ostodevx(state.x0), ostoscreeny(state.y1), ostodevx(state.x1), ostoscreeny(state.y0)};
-}
-
-// Where a pane is scrolled to stays.
 errorblock *paneplace(window pane, const pixelbox &box)
 {
-    if (!pane) return nullptr;
-    windowstaterecord state;
-    errorblock *err = windowstate(pane, &state);
-    if (err) return err;
-    state.x0 = devtoosx(box.left);
-    state.x1 = devtoosx(box.right);
-    state.y0 = screentoosy(box.bottom);
-    state.y1 = screentoosy(box.top);
-    state.behind = BEHINDSAME;
-    return openwindowex(&state);
+    return pane ? openpixels(pane, box) : nullptr;
 }
 
-// Of the bar, in pixels.
 errorblock *barheight(int32_t *height)
 {
-    osbox bar = {};
-    errorblock *err = buttonwindow ? windowoutline(buttonwindow, &bar) : nullptr;
-    *height = ostoscreeny(bar.y0) - ostoscreeny(bar.y1);
+    windowgeometry bar = {};
+    errorblock *err = buttonwindow ? geometryread(buttonwindow, &bar) : nullptr;
+    *height = bar.frame.bottom - bar.frame.top;
     return err;
 }
 
@@ -66,12 +50,14 @@ int32_t splitterwidth()
     return std::max(SPLITTERWIDTH * modeinfo.xdpi / DOTS, SPLITTERWIDTH);
 }
 
-errorblock *panesplace(const windowstaterecord &main)
+errorblock *panesplace()
 {
     int32_t height;
+    windowgeometry main;
     errorblock *err = barheight(&height);
+    if (!err) err = geometryread(mainwindow, &main);
     if (err) return err;
-    panelayout panes = layoutpanes(pixels(main), height, grid.splitfraction, splitterwidth());
+    panelayout panes = layoutpanes(main.client, height, grid.splitfraction, splitterwidth());
     err = paneplace(buttonwindow, panes.bar);
     if (!err) err = paneplace(solutionswindow, panes.list);
     if (!err) err = paneplace(gridwindow, panes.grid);
@@ -92,7 +78,7 @@ errorblock *splitterdone(window self, intptr_t, const dragresult *box)
     errorblock *err = windowstate(self, &state);
     if (err) return err;
     grid.splitfraction = layoutfraction(state.x0, state.x1, box->x0);
-    return panesplace(state);
+    return panesplace();
 }
 
 // The press lies where the pointer was before it moved, by as much as a fast hand
@@ -186,7 +172,7 @@ errorblock *mainshow()
         state.behind = BEHINDTOP;
         err = openinside(&state);
     }
-    if (!err) err = panesplace(state);
+    if (!err) err = panesplace();
     if (!err) err = setactive(mainwindow);
     return err;
 }
@@ -196,14 +182,12 @@ errorblock *mainshow()
 errorblock *layoutmain(window, intptr_t, openrecord *open)
 {
     if (open->state.wflags & STATEMINIMISED) return nullptr;
-    return panesplace(open->state);
+    return panesplace();
 }
 
 errorblock *layoutnow()
 {
-    windowstaterecord state;
-    errorblock *err = windowstate(mainwindow, &state);
-    return err ? err : panesplace(state);
+    return panesplace();
 }
 
 errorblock *openmainwindow()
@@ -231,7 +215,7 @@ errorblock *mainrestoresize()
     state.y0 = state.y1 - fileheight;
     state.behind = BEHINDSAME;
     err = openinside(&state);
-    return err ? err : panesplace(state);
+    return err ? err : panesplace();
 }
 
 void mainwindowresize(int32_t width, int32_t height)

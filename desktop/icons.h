@@ -32,7 +32,8 @@ struct iconstaterecord {
     const char *classname; // of one buffer, which the next call overwrites
 };
 errorblock *geticonstate(window w, int32_t icon, iconstaterecord *record);
-errorblock *iconbox(window w, int32_t icon, osbox *box);
+errorblock *iconbox(window w, int32_t icon, osbox *box);       // of the work area
+errorblock *iconpixels(window w, int32_t icon, pixelbox *box); // of the screen
 
 // The text of one buffer of ICONTEXTSIZE bytes, which the next call of anyone
 // overwrites: copy it before reading another or polling. copyicontext cuts to

@@ -11,16 +11,6 @@
 
 #include <cstdint>
 
-// Pixels, y down, right and bottom left out.
-struct pixelbox {
-    int32_t left, top, right, bottom;
-};
-
-// What the system tells of a window, on the screen.
-struct windowgeometry {
-    pixelbox frame, client;
-};
-
 // The client area that a state asks for, on the screen.
 pixelbox placeclient(const windowstaterecord &state);
 

@@ -62,6 +62,16 @@ struct osbox {
     int32_t x0, y0, x1, y1;
 };
 
+// Pixels of the screen, y down; right and bottom lie just outside.
+struct pixelbox {
+    int32_t left, top, right, bottom;
+};
+
+// What the system tells of a window.
+struct windowgeometry {
+    pixelbox frame, client;
+};
+
 // Flags of a window.
 constexpr uint32_t WINDOWPANE = 0x008;         // activation and a click's focus go to the parent
 constexpr uint32_t WINDOWFIXED = 0x010;        // the system's Move command is refused
@@ -77,6 +87,12 @@ constexpr uint32_t WINDOWWIDE = 0x800;         // its messages have 16-bit chara
 // the box is the frame itself.
 errorblock *openwindow(const windowstaterecord *state);
 errorblock *openwindowex(const windowstaterecord *state);
+
+// What must lie on the very pixel is measured and placed in pixels: above 180 dots to
+// the inch OS units are larger. openpixels is openwindowex by such a frame; the view
+// stays where it is scrolled to.
+errorblock *geometryread(window w, windowgeometry *geometry);
+errorblock *openpixels(window w, const pixelbox &frame, intptr_t behind = BEHINDSAME);
 
 // A maximised window is as it was before.
 void restorewindow(window w);

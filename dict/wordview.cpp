@@ -253,19 +253,14 @@ errorblock *wordviewopen(wordview *view, window owner, int32_t field, int32_t pl
 // In the order of Tab the list comes where its place is, and over it.
 errorblock *wordviewplace(wordview *view)
 {
-    osbox box;
-    windowinforecord info;
-    windowstaterecord state;
-    errorblock *err = iconbox(view->owner, view->place, &box);
-    if (!err) err = windowinfo(view->owner, &info);
-    if (!err) err = windowstate(view->pane, &state);
-    if (!err) err = iconbehind(view->owner, view->place, &state.behind);
+    pixelbox box;
+    intptr_t behind;
+    errorblock *err = iconpixels(view->owner, view->place, &box);
+    if (!err) err = iconbehind(view->owner, view->place, &behind);
     if (err) return err;
-    state.x0 = info.xorigin + box.x0 + devtoosx(FRAME);
-    state.x1 = info.xorigin + box.x1 - devtoosx(FRAME);
-    state.y0 = info.yorigin + box.y0 + devtoosy(FRAME);
-    state.y1 = info.yorigin + box.y1 - devtoosy(FRAME);
-    return openwindowex(&state);
+    return openpixels(view->pane,
+                      {box.left + FRAME, box.top + FRAME, box.right - FRAME, box.bottom - FRAME},
+                      behind);
 }
 
 void wordviewclose(wordview *view)

@@ -75,18 +75,25 @@ errorblock *seticonstate(window w, int32_t icon, uint32_t eor, uint32_t clear)
     return err;
 }
 
+errorblock *iconpixels(window w, int32_t icon, pixelbox *box)
+{
+    HWND control;
+    RECT r = {};
+    errorblock *err = iconhandle(w, icon, &control);
+    if (!err && !GetWindowRect(control, &r)) err = syserr("GetWindowRect");
+    *box = {r.left, r.top, r.right, r.bottom};
+    return err;
+}
+
 errorblock *iconbox(window w, int32_t icon, osbox *box)
 {
-    HWND control, around = systemwindow(w);
-    RECT r;
-    POINT corners[2];
+    HWND around = systemwindow(w);
+    pixelbox r;
     windowstaterecord state;
-    errorblock *err = iconhandle(w, icon, &control);
+    errorblock *err = iconpixels(w, icon, &r);
     if (!err) err = windowstate(w, &state);
-    if (!err && !GetWindowRect(control, &r)) err = syserr("GetWindowRect");
     if (err) return err;
-    corners[0] = {r.left, r.top};
-    corners[1] = {r.right, r.bottom};
+    POINT corners[2] = {{r.left, r.top}, {r.right, r.bottom}};
     MapWindowPoints(nullptr, around, corners, 2);
     *box = {devtoosx(corners[0].x) + state.xscroll, state.yscroll - devtoosy(corners[1].y),
             devtoosx(corners[1].x) + state.xscroll, state.yscroll - devtoosy(corners[0].y)};

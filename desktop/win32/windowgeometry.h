@@ -8,8 +8,5 @@
 
 struct errorblock;
 
-// Where the window is now.
-errorblock *geometryread(window w, windowgeometry *geometry);
-
 // The size of its client area, in pixels.
 errorblock *clientsize(window w, int32_t *width, int32_t *height);

@@ -107,17 +107,31 @@ errorblock *openinside(windowstaterecord *state)
 }
 
 // Only the move itself counts.
-errorblock *openwindowex(const windowstaterecord *state)
+static errorblock *childopen(const windowstaterecord *state, const pixelbox &frame)
 {
     window w = state->self;
     checkhandle(w, "open ex");
     POINT origin;
     parentplace(w, &origin);
-    errorblock *err = move(state, placeclient(*state), origin);
+    errorblock *err = move(state, frame, origin);
     kepterror kept = keeperror(err);
     setscrollx(w, state->xscroll);
     setscrolly(w, -state->yscroll);
     return firsterror(kept, nullptr);
+}
+
+errorblock *openwindowex(const windowstaterecord *state)
+{
+    return childopen(state, placeclient(*state));
+}
+
+errorblock *openpixels(window w, const pixelbox &frame, intptr_t behind)
+{
+    windowstaterecord state;
+    errorblock *err = windowstate(w, &state);
+    if (err) return err;
+    state.behind = behind;
+    return childopen(&state, frame);
 }
 
 errorblock *opencentred(window w, int32_t n)

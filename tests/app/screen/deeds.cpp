@@ -358,7 +358,8 @@ void resize(int32_t, const std::string &how)
     HWND h = handle(mainwindow);
     int width, height;
     if (sscanf(how.c_str(), "%d,%d", &width, &height) == 2)
-        SetWindowPos(h, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+        SetWindowPos(h, nullptr, 0, 0, width * modeinfo.xdpi / 96, height * modeinfo.ydpi / 96,
+                     SWP_NOMOVE | SWP_NOZORDER);
     else
         ShowWindowAsync(h, how == "max" ? SW_MAXIMIZE : how == "min" ? SW_MINIMIZE : SW_RESTORE);
     drivefront(mainwindow); // or its place, at least

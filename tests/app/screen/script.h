@@ -130,7 +130,7 @@ doing searched;        // a control, pressed, and waited for its end
 doing searchend;
 doing front, aside;     // a window by its title; to the screen's corner, behind others
 doing shut;             // by its system menu
-doing resize;           // the main window: "500,400"; "max", "min", "back"
+doing resize;           // the main window: "500,400" at 96 dots; "max", "min", "back"
 doing wheel;            // so many notches over the list
 doing answer;           // a button, in a box of the system
 doing choose;           // in a box for files: a row of types, from 1, 0 for none; a leaf; OK

@@ -404,7 +404,7 @@ std::string outlined(int32_t row, const std::string &)
 {
     return ask([&] {
         drivepicture p = drivelook(wordlist()->pane);
-        int dots = 0, end = wordtop(row) + ostodevy(wordmetrics.rowheight) - 3;
+        int dots = 0, end = wordtop(row) + ostodevy(wordmetrics.rowheight - 2) - 2;
         for (int y = wordtop(row) + 2; y < std::min(end, p.height); y++)
             dots += p.at(0, y) != wordground(p, wordtop(row));
         return yes(dots > 0);
@@ -497,9 +497,9 @@ std::string value(int32_t, const std::string &name)
                                                 : "none";
     if (name == "whole") // the grid, without bars to scroll it
         return yes(!(GetWindowLongA(handle(gridwindow), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL)));
-    constexpr int FIRSTROW = 20; // pixels, of a first start at most
-    if (name == "tall list") return yes(ostodevy(solutions.rowheight) > FIRSTROW);
-    if (name == "tall words") return yes(ostodevy(wordmetrics.rowheight) > FIRSTROW);
+    constexpr int FIRSTROW = 40; // OS units, of a first start at most
+    if (name == "tall list") return yes(solutions.rowheight > FIRSTROW);
+    if (name == "tall words") return yes(wordmetrics.rowheight > FIRSTROW);
     if (name == "roomy") return yes(grid.cellwidth > 90); // than any scale makes a small font's
     if (name == "stopping") return number(search.stopflag);
     if (name == "progress") return yes(progressright(1));
@@ -510,7 +510,8 @@ std::string value(int32_t, const std::string &name)
     if (name == "frame") { // of the main window, to some pixels
         RECT r;
         GetWindowRect(handle(mainwindow), &r);
-        return pair((r.right - r.left + 2) / 5 * 5, (r.bottom - r.top + 2) / 5 * 5);
+        return pair((r.right - r.left + 2) * 96 / modeinfo.xdpi / 5 * 5,
+                    (r.bottom - r.top + 2) * 96 / modeinfo.ydpi / 5 * 5);
     }
     return name == "file" ? std::filesystem::path(grid.filename).filename().string() : "unknown";
 }
@@ -595,7 +596,8 @@ std::string layout(int32_t, const std::string &)
     int width, height;
     drivesize(mainwindow, &width, &height);
     RECT bar = placed(buttonwindow);
-    panelayout panes = layoutpanes({0, 0, width, height}, bar.bottom, grid.splitfraction);
+    int32_t gap = std::max(SPLITTERWIDTH * modeinfo.xdpi / 96, SPLITTERWIDTH);
+    panelayout panes = layoutpanes({0, 0, width, height}, bar.bottom, grid.splitfraction, gap);
     if (!same(bar, panes.bar)) return "the bar is wrong";
     if (!same(placed(solutionswindow), panes.list)) return "the list is wrong";
     return same(placed(gridwindow), panes.grid) ? "right" : "the grid is wrong";
