@@ -37,6 +37,7 @@ constexpr uint32_t EDCAPS = 533;
 // Their texts say what is wrong, so they have no row.
 constexpr uint32_t EDNAME = 534;
 constexpr uint32_t EFOLDER = 535;
+constexpr uint32_t EPICTURE = 536;
 
 // Pictures and the rest.
 constexpr uint32_t EBADBITS = 512;

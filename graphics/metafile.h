@@ -4,6 +4,8 @@
 // command; there is one at a time. Its scale is 1 to 1: an OS unit is a logical
 // unit, and y runs down the picture.
 //
+//  - It grows in memory. The close writes it beside an older file of the name, which
+//    gives way when the new one is whole.
 //  - An error met while drawing goes into the close, which tidies up, writes
 //    nothing and returns it.
 //  - After an open that failed there is nothing to close; to close it all the
@@ -31,9 +33,8 @@ errorblock *metaclose(errorblock *error, intptr_t dc, const char *path);
 errorblock *metacloseplaceable(errorblock *error, intptr_t dc, const char *path, int16_t left,
                                int16_t right, int16_t bottom, int16_t top, int16_t inch);
 
-// The enhanced form, which is written to its file as it is drawn; under an error
-// the close takes the file away again. description is the name that the file
-// gives its maker, cut at 250 bytes.
+// The enhanced form, for a file whose path is looked at here and written by the close.
+// description is the name that the file gives its maker, cut at 250 bytes.
 errorblock *metaopenenhanced(const char *path, int32_t unused, int32_t width, int32_t height,
                              intptr_t *dc, const char *description);
 errorblock *metacloseenhanced(errorblock *error, intptr_t dc);

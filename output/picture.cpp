@@ -1,6 +1,7 @@
 #include "output/picture.h"
 
 #include "base/chars.h"
+#include "base/errorcodes.h"
 #include "base/errors.h"
 #include "base/trace.h"
 #include "find/solutions.h"
@@ -15,6 +16,7 @@
 #include "output/numbering.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 
@@ -157,10 +159,12 @@ errorblock *crosswordmarks(const picturesizes *sizes)
     return err;
 }
 
-// The header holds 16 bits; a larger picture is shown from its corner.
-int16_t placeablesize(int32_t size)
+// The records of the older kinds hold 16 bits.
+errorblock *sizecheck(int32_t kind, int32_t width, int32_t height)
 {
-    return static_cast<int16_t>(std::min(size, 32767));
+    if (kind == PICTUREENHANCED || std::max(width, height) <= INT16_MAX) return nullptr;
+    return makeerrortext(EPICTURE, "A picture of %d by %d units is too large for a *.wmf file.",
+                         width, height);
 }
 
 errorblock *open(int32_t kind, const char *path, int32_t width, int32_t height, intptr_t *dc)
@@ -174,8 +178,8 @@ errorblock *close(int32_t kind, errorblock *err, const char *path, int32_t width
 {
     if (kind == PICTUREENHANCED) return metacloseenhanced(err, dc);
     if (kind == PICTUREMETAFILE) return metaclose(err, dc, path);
-    return metacloseplaceable(err, dc, path, 0, placeablesize(width), placeablesize(height), 0,
-                              PLACEABLEINCH);
+    return metacloseplaceable(err, dc, path, 0, static_cast<int16_t>(width),
+                              static_cast<int16_t>(height), 0, PLACEABLEINCH);
 }
 
 } // namespace
@@ -211,6 +215,8 @@ errorblock *picturesave(int32_t kind, const char *path)
     if (err) return err;
     int32_t width = grid.width * sizes.square + 1, height = grid.height * sizes.square + 1;
     intptr_t dc = 0;
+    err = sizecheck(kind, width, height);
+    if (err) return err;
     err = open(kind, path, width, height, &dc);
     if (!err) err = picturedraw(&sizes);
     return close(kind, err, path, width, height, dc);

@@ -3,6 +3,7 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/flex.h"
+#include "base/safesave.h"
 #include "base/syserr.h"
 #include "base/text.h"
 #include "graphics/placeable.h"
@@ -15,7 +16,7 @@
 namespace
 {
 
-// The file that an enhanced metafile is being written to.
+// The file that an enhanced metafile goes into when it is whole.
 char enhancedpath[PATHSIZE];
 
 HDC handle(intptr_t dc)
@@ -66,6 +67,26 @@ errorblock *bitsread(HMETAFILE file, int32_t lead, void **bytes, int32_t *size)
     return err;
 }
 
+errorblock *bitsread(HENHMETAFILE file, void **bytes, int32_t *size)
+{
+    UINT length = GetEnhMetaFileBits(file, 0, nullptr);
+    *size = static_cast<int32_t>(length);
+    errorblock *err = length ? heap_allocraw(bytes, *size) : nothing("GetEnhMetaFileBits");
+    if (!err && !GetEnhMetaFileBits(file, length, static_cast<uint8_t *>(*bytes)))
+        err = nothing("GetEnhMetaFileBits");
+    return err;
+}
+
+// An older picture of that name gives way to the whole new one alone.
+errorblock *bitswrite(const char *path, const void *bytes, int32_t size)
+{
+    constexpr int32_t BUFFER = 65536;
+    safesave save;
+    errorblock *err = safeopen(path, BUFFER, &save);
+    if (!err) err = bwriteall(&save.file, bytes, size);
+    return safeclose(&save, err);
+}
+
 // Ends the recording and writes it, header first if there is one.
 errorblock *closefile(errorblock *error, intptr_t dc, const char *path, const uint8_t *header,
                       int32_t headersize)
@@ -80,7 +101,7 @@ errorblock *closefile(errorblock *error, intptr_t dc, const char *path, const ui
     if (!error && !err) err = bitsread(file, headersize, &bytes, &size);
     if (!err && bytes) {
         if (headersize) memcpy(bytes, header, static_cast<size_t>(headersize));
-        err = filesave(path, 0, bytes, size);
+        err = bitswrite(path, bytes, size);
     }
     heap_free(&bytes);
     if (file) DeleteMetaFile(file);
@@ -149,7 +170,7 @@ errorblock *metaopenenhanced(const char *path, int32_t, int32_t width, int32_t h
     errorblock *err = pathwhole(path, enhancedpath);
     if (!err) err = framesize(width, height, &frame);
     if (err) return err;
-    *dc = reinterpret_cast<intptr_t>(CreateEnhMetaFileA(nullptr, enhancedpath, &frame, maker));
+    *dc = reinterpret_cast<intptr_t>(CreateEnhMetaFileA(nullptr, nullptr, &frame, maker));
     if (!*dc) return nothing("CreateEnhMetaFile");
     err = metasetup(*dc, width, height);
     if (err) {
@@ -166,7 +187,11 @@ errorblock *metacloseenhanced(errorblock *error, intptr_t dc)
     if (!dc) return firsterror(kept, nullptr);
     HENHMETAFILE file = CloseEnhMetaFile(handle(dc));
     errorblock *err = file ? nullptr : nothing("CloseEnhMetaFile");
+    void *bytes = nullptr;
+    int32_t size = 0;
+    if (!error && !err) err = bitsread(file, &bytes, &size);
+    if (!err && bytes) err = bitswrite(enhancedpath, bytes, size);
+    heap_free(&bytes);
     if (file) DeleteEnhMetaFile(file);
-    if (error || err) DeleteFileA(enhancedpath);
     return firsterror(kept, err);
 }

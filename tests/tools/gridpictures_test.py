@@ -161,6 +161,10 @@ class PictureTest(unittest.TestCase):
             self.assertEqual(header["frame"], (0, 0, *frame))
             if scale is None:
                 self.assertEqual(self.checkgrid(made), ([], 0))
+        (pathlib.Path(self.folder) / "plain.wmf").unlink()
+        with self.assertRaisesRegex(AssertionError, r"units is too large for a \*\.wmf file"):
+            Made(self.folder, large, scale=0x7FFFFFFF)
+        self.assertFalse((pathlib.Path(self.folder) / "plain.wmf").exists())
 
 
 if __name__ == "__main__":

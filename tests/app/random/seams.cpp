@@ -44,6 +44,7 @@ bool known(const char *text)
            (said.starts_with("File ") && said.ends_with(" not found.")) ||
            said.starts_with("A dictionary's name ") || // what a new one can't be called
            said.ends_with(" and no name for a dictionary.") ||
+           said.ends_with(" units is too large for a *.wmf file.") ||
            said.find("hhctrl.ocx") != std::string::npos;
 }
 
