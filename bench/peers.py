@@ -5,11 +5,13 @@ Whole processes, CPU seconds (user and system), the least of some runs; both rea
 same words. A program that isn't installed has no row. Everybody's output goes to a
 file, so that writing counts too.
 """
+import os
 import pathlib
 import random
 import re
 import resource
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -80,13 +82,16 @@ def seconds(command, folder, runs=RUNS):
     best = None
     for _ in range(runs):
         before = resource.getrusage(resource.RUSAGE_CHILDREN)
+        run = subprocess.Popen(["sh", "-c", command], cwd=folder, stderr=subprocess.DEVNULL,
+                               stdout=subprocess.DEVNULL, start_new_session=True)
         try:
-            done = subprocess.run(["sh", "-c", command], cwd=folder, stderr=subprocess.DEVNULL,
-                                  stdout=subprocess.DEVNULL, timeout=LONGEST)
+            status = run.wait(LONGEST)
         except subprocess.TimeoutExpired:
+            os.killpg(run.pid, signal.SIGKILL)  # what the shell started too
+            run.wait()
             return LATE
         after = resource.getrusage(resource.RUSAGE_CHILDREN)
-        if done.returncode:
+        if status:
             return None
         spent = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
         best = spent if best is None else min(best, spent)

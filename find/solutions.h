@@ -60,6 +60,10 @@ void solremove(int32_t entry);
 void solsort(); // by text, case-blind
 void solclearplaces();
 
+// Gives a word of the list the place where its letters stand in the grid, in either
+// case and the first of more, row by row; false if they don't.
+bool solplace(int32_t entry);
+
 // A reference to no word: wordtext gives an empty text for it.
 constexpr wordref NOWORD = 0xFFFFFFFF;
 

@@ -1,5 +1,6 @@
 // The word list of a Wordsquare: order, places and selection.
 
+#include "base/chars.h"
 #include "base/text.h"
 #include "find/findwindow.h"
 #include "find/solutions.h"
@@ -53,7 +54,33 @@ void entryselect(wsentry *entry, bool on)
         solunmark(entry);
 }
 
+bool standsat(const char *text, int32_t x, int32_t y, int32_t dx, int32_t dy)
+{
+    for (; *text; text++, x += dx, y += dy)
+        if (!gridinside(x, y) ||
+            charlower(grid.letters[x][y]) != charlower(static_cast<uint8_t>(*text)))
+            return false;
+    return true;
+}
+
 } // namespace
+
+bool solplace(int32_t entry)
+{
+    wsentry *word = solword(entry);
+    for (int32_t y = 0; y < grid.height; y++)
+        for (int32_t x = 0; x < grid.width; x++)
+            for (int32_t way = 0; way < 9; way++) {
+                int32_t dx = way % 3 - 1, dy = way / 3 - 1;
+                if ((!dx && !dy) || !standsat(word->text, x, y, dx, dy)) continue;
+                word->x = x;
+                word->y = y;
+                word->dx = dx;
+                word->dy = dy;
+                return true;
+            }
+    return false;
+}
 
 void solwordslayout()
 {

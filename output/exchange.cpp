@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "grid/gridpicture.h"
 #include "output/exchangeparts.h"
+#include "output/paint.h"
 
 namespace
 {
@@ -24,8 +25,10 @@ void textwrite(std::string *bytes, std::string *)
 }
 
 constexpr exchangeformat formats[] = {
-    {"ipuz", ipuzread, ipuzwrite}, {"puz", puzread, puzwrite}, {"txt", textread, textwrite},
-    {"csv", csvread, csvwrite},    {"svg", nullptr, svgwrite},
+    {"ipuz", ipuzread, ipuzwrite},        {"puz", puzread, puzwrite},
+    {"txt", textread, textwrite},         {"csv", csvread, csvwrite},
+    {"svg", nullptr, svgwrite},           {"pdf", nullptr, svgwrite, paintpdf},
+    {"png", nullptr, svgwrite, paintpng},
 };
 
 } // namespace

@@ -11,10 +11,12 @@
 // description that its users published; blocks only.
 // txt, .txt: the text picture of grid/gridpicture.h, in UTF-8.
 // csv, .csv: a cell a field (RFC 4180), in UTF-8; "#" a block.
-// svg, .svg: what a saved picture shows. Written only.
+// svg, .svg: what a saved picture shows. Written only, and so are
+// pdf, .pdf and png, .png: the same, painted (paint.h).
 #pragma once
 
 #include <string>
+#include <vector>
 
 struct errorblock;
 
@@ -24,6 +26,8 @@ struct exchangeformat {
     // document as it was.
     errorblock *(*read)(const std::string &bytes, std::string *left); // 0: not read
     void (*write)(std::string *bytes, std::string *left);
+    // What makes the file from the drawing that write made; 0: it is the file.
+    errorblock *(*paint)(const std::vector<std::string> &pages, std::string *bytes) = nullptr;
 };
 
 // By its name, whatever its case; 0 for none.

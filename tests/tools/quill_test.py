@@ -38,6 +38,7 @@ FILES = {"a.txt": "nations\nNation\r\n\r\nNew York\tzebra", "b.txt": "nation\nna
          "g.txt": "C.T\n##.\n##.\n", "s.txt": "CATT\n####\nTIPS\n####\nTOP.\n", "plants.txt": PLANTS,
          "score.txt": "HOT DOG;50\r\n\ncat ; 49\nfoo\nx;y;1\nx;y;51\n", "k.txt": STATS, "letters.txt": "a,\"\n\u00c9#<\n", "big.csv": "," * 127,
          "not.ipuz": "{", "kind.ipuz": "{}", "size.ipuz": IPUZ.format(0), "other.ipuz": IPUZ.format(2),
+         "hidden.txt2": "tac\nxxx\ngod\n", "hidden.txt": "Cat\ndog\nowl\n", "big.txt": ("." * 40 + "\n") * 40,
          "long.txt": "elephantine", "short.dic": "Quillmere", "old.dic": "\0" * 304,
          "none/x": "", **{f"crowd/a{n}.dic": "" for n in range(40)}, "old/MainDict.dic": "\0" * 304, **WORDS}
 
@@ -109,6 +110,10 @@ RUNS = [
      "letters\tA 3, C 1, T 3, X 1, Y 1\nwords\t4 across, 2 down\nlengths\t2: 1, 3: 5\n"
      "average\t2.8\nchecked\t5 (38 %)\nunchecked\t7 (54 %)\npieces\t3\nsymmetry\tnone\n"
      "repeated\tCAT\n", ""),
+    ("sheet k.qmg -o k.doc", FAILED, "", "A sheet is a .svg, .html or .pdf file: k.doc"),
+    ("grid build hidden.qmg hidden.txt2 --wordsquare", DONE, "", ""),
+    ("sheet hidden.qmg -o h.svg --words hidden.txt", DONE, "", "not in the square: owl"),
+    ("grid build big.qmg big.txt", DONE, "", ""),
     # Files of other programs, and what they can't hold.
     ("grid export k.qmg -o k.puz", FAILED, "", "can't hold the bars. With --lossy"),
     ("grid export ws.qmg -o ws.puz", FAILED, "", "that it is a word square"),
@@ -298,6 +303,27 @@ class QuillTest(unittest.TestCase):
         drawing = [element.tag.split("}")[1] for element in ElementTree.fromstring(self.bytes("k.svg")).iter()]
         self.assertEqual([drawing.count(tag) for tag in ("rect", "path", "text")],
                          [1 + 3, 2 * 5 + 7, 9 + 5])
+        for kind, start in (("pdf", b"%PDF-"), ("png", b"\x89PNG")):  # a Windows quill has neither
+            self.quill(f"grid export k.qmg -o k.{kind}", FAILED if ".exe" in PROGRAM[-1] else DONE)
+            self.assertTrue(".exe" in PROGRAM[-1] or self.bytes(f"k.{kind}").startswith(start))
+
+    def test_7_sheet(self):
+        """Each page has its heading, and what is to be solved has no letters."""
+        def told(leaf):
+            pages = re.findall(r"<svg [^>]*mm.*?</svg>", self.bytes(leaf).decode(), re.S)
+            return [re.findall(r"<text[^>]*>([^<]*)</text>", page) for page in pages]
+
+        self.quill("sheet t.qmg -o t.html --title <\u00c9>")
+        numbers, head = ["1", "2", "3"], "&lt;\u00c9&gt;"
+        self.assertEqual(told("t.html"), [
+            [head, *numbers, "Across", "1", "(3)", "3", "(3)", "Down", "1", "(3)", "2", "(3)"],
+            [head + ": solution", *numbers, *"CATAOBP"]])
+        self.quill("sheet hidden.qmg -o h.html --words hidden.txt")
+        letters = list("tacxxxgod")
+        self.assertEqual(told("h.html"), [["", *letters, "Cat", "dog", "owl"], ["Solution", *letters]])
+        self.assertEqual(self.bytes("h.html").count(b"l-72 0"), 2)
+        self.quill("sheet big.qmg -o big.svg")  # a list that goes on over pages
+        self.assertEqual(self.bytes("big.svg").count(b"translate(0 "), 3)
 
     def test_7_puz(self):
         """The sums of a .puz file, told a second time; and files that aren't whole."""

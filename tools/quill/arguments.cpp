@@ -114,6 +114,18 @@ bool formatoption(const std::string &value, arguments *args)
     return exchangefind(value);
 }
 
+bool titleoption(const std::string &value, arguments *args)
+{
+    args->title = value;
+    return true;
+}
+
+bool wordsoption(const std::string &value, arguments *args)
+{
+    args->wordlist = value;
+    return !value.empty();
+}
+
 bool lossyoption(const std::string &, arguments *args)
 {
     args->lossy = true;
@@ -149,6 +161,8 @@ constexpr optionrow options[] = {
     {"--repeat", TAKESEVERY | TAKESONE, false, repeatoption},
     {"-o", TAKESOUT, true, outoption},
     {"--as", TAKESFORMAT, true, formatoption},
+    {"--title", TAKESSHEET, true, titleoption},
+    {"--words", TAKESSHEET, true, wordsoption},
     {"--lossy", TAKESLOSSY, false, lossyoption},
     {"--wordsquare", TAKESWORDSQUARE, false, wordsquareoption},
 };

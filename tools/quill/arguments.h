@@ -21,6 +21,7 @@ constexpr uint32_t TAKESLOSSY = 512;      // --lossy
 
 constexpr uint32_t TAKESEVERY = 1024; // --count, --repeat
 constexpr uint32_t TAKESONE = 2048;   // --seed N, --prefer NAME, --seconds N
+constexpr uint32_t TAKESSHEET = 4096; // --title TEXT, --words FILE
 
 constexpr int32_t NOSCORE = INT32_MIN;
 
@@ -35,10 +36,11 @@ struct arguments {
     int32_t width, height; // 0 if not given
     int32_t directions;    // 0 if not given
     uint32_t seed;
-    int32_t seconds;    // 60 if not given
-    std::string prefer; // empty if not given
-    std::string out;    // empty if not given
-    std::string format; // empty if not given
+    int32_t seconds;             // 60 if not given
+    std::string prefer;          // empty if not given
+    std::string out;             // empty if not given
+    std::string format;          // empty if not given
+    std::string title, wordlist; // empty if not given
     bool wordsquare, lossy, count, repeat, maxgiven;
 };
 

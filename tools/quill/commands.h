@@ -21,6 +21,7 @@ errorblock *commandgriddraw(const arguments &args);
 errorblock *commandgridwords(const arguments &args);
 errorblock *commandgridimport(const arguments &args);
 errorblock *commandgridexport(const arguments &args);
+errorblock *commandsheet(const arguments &args);
 errorblock *commandstats(const arguments &args);
 errorblock *commandsolve(const arguments &args);
 errorblock *commandfillall(const arguments &args);

@@ -118,6 +118,8 @@ errorblock *commandgridexport(const arguments &args)
     if (!err) err = opengrid(args);
     if (err) return err;
     format->write(&bytes, &left);
+    if (format->paint) err = format->paint({bytes}, &bytes);
+    if (err) return err;
     if (!left.empty() && !args.lossy)
         return makeerrortext(ECR, "A %s file can't hold %s. With --lossy it is written without.",
                              format->name, left.c_str());

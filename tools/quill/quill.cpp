@@ -55,7 +55,7 @@ constexpr commandrow commands[] = {
      "makes a grid from a file of another program: ipuz, puz, txt or csv", 1, 1,
      TAKESOUT | TAKESFORMAT | TAKESWORDSQUARE, commandgridimport},
     {"grid export", "GRID.qmg -o OUT [--as FORMAT] [--lossy]",
-     "writes a grid for other programs: ipuz, puz, txt, csv or svg", 1, 1,
+     "writes a grid for other programs: ipuz, puz, txt, csv, svg, pdf or png", 1, 1,
      TAKESOUT | TAKESFORMAT | TAKESLOSSY, commandgridexport},
     {"solve", "GRID.qmg [--mark L,T,R,B]... [--max N]",
      "fills the marked cells: all words for one slot, all pairs for two, a selection for more", 1,
@@ -80,6 +80,9 @@ constexpr commandrow commands[] = {
      TAKESDICTIONARIES | TAKESMIN, commandfind},
     {"stats", "GRID.qmg", "counts words, cells and letters, and looks for symmetry", 1, 1, 0,
      commandstats},
+    {"sheet", "GRID.qmg -o OUT [--title TEXT] [--words WORDS.txt] [--min N]",
+     "makes a sheet to solve on, with the solution apart: svg, html or pdf", 1, 1,
+     TAKESOUT | TAKESSHEET | TAKESDICTIONARIES | TAKESMIN, commandsheet},
     {"clues", "GRID.qmg", "writes the clue list of a grid", 1, 1, 0, commandclues},
 };
 

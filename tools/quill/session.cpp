@@ -5,9 +5,11 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "dict/dictset.h"
+#include "dict/wordfeed.h"
 #include "find/solutions.h"
 #include "grid/grid.h"
 #include "grid/gridfile.h"
+#include "tools/quill/console.h"
 
 namespace
 {
@@ -103,6 +105,18 @@ errorblock *sessionmarks(const arguments &args)
     errorblock *err = nullptr;
     for (const cellbox &box : args.marks)
         if (!err) err = markcells(box);
+    return err;
+}
+
+errorblock *sessionwords(const std::string &path)
+{
+    std::string text;
+    wordfeed feed = {};
+    errorblock *err = textload(path, &text);
+    for (size_t at = 0; at <= text.size() && !err; at++) {
+        int32_t byte = at < text.size() ? static_cast<uint8_t>(text[at]) : FEEDEND;
+        if (wordfeedbyte(&feed, byte)) err = soladdword(-1, -1, -1, -1, feed.word);
+    }
     return err;
 }
 

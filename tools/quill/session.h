@@ -23,5 +23,8 @@ errorblock *sessiondicts(const arguments &args);
 // Marks the cells that --mark names, but blocks. Error: some are outside the grid.
 errorblock *sessionmarks(const arguments &args);
 
+// Adds the words of a text to a Wordsquare's list, unplaced, by the import rule.
+errorblock *sessionwords(const std::string &path);
+
 // Frees all of it.
 void sessionend();

@@ -2,7 +2,6 @@
 
 #include "base/errors.h"
 #include "base/random.h"
-#include "dict/wordfeed.h"
 #include "find/solutions.h"
 #include "find/wsmake.h"
 #include "find/wssolve.h"
@@ -41,18 +40,6 @@ void outplaces()
     }
 }
 
-// The word list of a text, by the import rule.
-errorblock *listadd(const std::string &text)
-{
-    wordfeed feed = {};
-    errorblock *err = nullptr;
-    for (size_t at = 0; at <= text.size() && !err; at++) {
-        int32_t byte = at < text.size() ? static_cast<uint8_t>(text[at]) : FEEDEND;
-        if (wordfeedbyte(&feed, byte)) err = soladdword(-1, -1, -1, -1, feed.word);
-    }
-    return err;
-}
-
 // A making that was stopped keeps what is placed.
 errorblock *makingend(errorblock *err, const arguments &args)
 {
@@ -83,11 +70,8 @@ errorblock *unplaced()
 
 errorblock *commandmake(const arguments &args)
 {
-    std::string text;
-    errorblock *err = textload(args.words[0], &text);
-    if (err) return err;
     squarestart(args);
-    err = listadd(text);
+    errorblock *err = sessionwords(args.words[0]);
     if (!err) err = wsmake();
     err = makingend(err, args);
     return err ? err : unplaced();
