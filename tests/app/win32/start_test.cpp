@@ -19,6 +19,7 @@ TEST_CASE("the program starts in its order, waits, and quits with status 0")
     std::vector<std::string> lines = programtrace(p, "end inittask");
     CHECK((holds(lines, "inittemp err=0") && holds(lines, "end inittask err=0")));
     CHECK(holds(lines, "##### hourglass init #####"));
+    CHECK(programbreak(p));
     CHECK(programstays(p, 500));
     REQUIRE(programquit(p));
     CHECK(programstatus(p) == 0);

@@ -109,3 +109,21 @@ std::vector<std::string> programtrace(const program &p, const std::string &last)
     if (!drivewait(seen, static_cast<int>(PATIENCE))) lines.clear();
     return lines;
 }
+
+bool programbreak(const program &p)
+{
+    auto ignored = [](DWORD) -> BOOL { return TRUE; };
+    FreeConsole();
+    if (!AttachConsole(p.process.dwProcessId)) return false;
+    SetConsoleCtrlHandler(ignored, TRUE);
+    GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0); // which Wine sends to no whole console
+    bool sent = GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+    HANDLE input =
+        CreateFileA("CONIN$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    DWORD mode;
+    bool harmless = GetConsoleMode(input, &mode) && !(mode & ENABLE_QUICK_EDIT_MODE);
+    CloseHandle(input);
+    FreeConsole();
+    return sent && harmless;
+}

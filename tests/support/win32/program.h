@@ -34,3 +34,7 @@ bool programstays(const program &p, DWORD milliseconds);
 // The lines in its console once one of them begins with last; empty if that
 // doesn't come to be.
 std::vector<std::string> programtrace(const program &p, const std::string &last);
+
+// Ctrl+Break and Ctrl+C in its console, in which no click holds a line up: whether that
+// is so, and Ctrl+C was sent.
+bool programbreak(const program &p);
