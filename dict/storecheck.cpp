@@ -49,8 +49,7 @@ bool recordssound(const Dictionary *dict, uint32_t behind)
     for (; at.woff < behind; at.woff += at.len) {
         if (*dictrecord(dict, at.woff) > strlen(before)) return false;
         dictdecode(dict, &at);
-        if (!at.word[0] || (at.woff && wordorder(before, at.word) >= 0))
-            return false;
+        if (!at.word[0] || (at.woff && wordorder(before, at.word) >= 0)) return false;
         memcpy(before, at.word, WORDSIZE);
     }
     return at.woff == behind;

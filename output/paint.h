@@ -1,7 +1,7 @@
 // output/paint.h - drawings in SVG as files that show everywhere.
 //
 // By librsvg, which draws through cairo, where quill is built beside it: on Linux
-// (painter.h). Elsewhere both refuse in words.
+// (posix/painter.h). Elsewhere both refuse in words.
 #pragma once
 
 #include <string>

@@ -112,8 +112,8 @@ TEST_CASE("every fill of small grids is found once, and one exactly when there i
             found.clear();
             most = ~size_t{0};
             CHECK(fillevery(foundone) == FILLALL);
-            CHECK((found.size() == expected.size() &&
-                   fills(found.begin(), found.end()) == expected));
+            CHECK(
+                (found.size() == expected.size() && fills(found.begin(), found.end()) == expected));
             fillend end;
             CHECK((fillone(&end) == !expected.empty() && end == FILLALL));
             CHECK((expected.empty() || expected.contains(filltold())));

@@ -2,12 +2,10 @@
 
 #include "base/errorcodes.h"
 #include "base/errors.h"
-#include "output/painter.h"
+#include "output/posix/painter.h"
 
-#ifndef _WIN32
 #include <dlfcn.h>
 #include <filesystem>
-#endif
 
 namespace
 {
@@ -15,14 +13,10 @@ namespace
 // The painter beside the program, 0 without one.
 paintfunction painterfind()
 {
-#ifdef _WIN32
-    return nullptr;
-#else
     std::error_code wrong;
     auto path = std::filesystem::read_symlink("/proc/self/exe", wrong);
     void *library = dlopen(path.replace_filename("libquillpaint.so").c_str(), RTLD_NOW);
     return library ? reinterpret_cast<paintfunction>(dlsym(library, PAINTNAME)) : nullptr;
-#endif
 }
 
 void take(void *to, const unsigned char *bytes, unsigned int size)

@@ -1,4 +1,4 @@
-#include "output/painter.h"
+#include "output/posix/painter.h"
 
 #include <cairo-pdf.h>
 #include <cstring>

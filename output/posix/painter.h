@@ -1,4 +1,4 @@
-// output/painter.h - the way into libquillpaint.so, which lies beside quill.
+// output/posix/painter.h - the way into libquillpaint.so, which lies beside quill.
 //
 // It alone is linked to librsvg and the libraries behind that: loading them takes
 // longer than most of what quill does, so only who paints does it.
