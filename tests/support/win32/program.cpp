@@ -110,12 +110,16 @@ std::vector<std::string> programtrace(const program &p, const std::string &last)
     return lines;
 }
 
+static BOOL WINAPI breakignored(DWORD)
+{
+    return TRUE;
+}
+
 bool programbreak(const program &p)
 {
-    auto ignored = [](DWORD) -> BOOL { return TRUE; };
     FreeConsole();
     if (!AttachConsole(p.process.dwProcessId)) return false;
-    SetConsoleCtrlHandler(ignored, TRUE);
+    SetConsoleCtrlHandler(breakignored, TRUE);
     GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0); // which Wine sends to no whole console
     bool sent = GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
     HANDLE input =
