@@ -8,6 +8,7 @@
 #include "dict/collation.h"
 #include "dict/dictindex.h"
 #include "dict/wordcodes.h"
+#include "dict/wordhash.h"
 
 #include <algorithm>
 #include <cstring>
@@ -118,6 +119,27 @@ bool dictfastscan(const char *word, const Dictionary *dict, uint32_t entryn, uin
         scanskip(&scan);
     }
     return false;
+}
+
+bool dictfasthashed(const char *word, const Dictionary *dict, const wordhash *hash, uint32_t *flags)
+{
+    char sought[WORDSIZE];
+    uint32_t letters = 0;
+    uint64_t hashed = 0;
+    for (; *word; word++) {
+        if (*word == ' ') continue;
+        if (letters == WORDLENGTH) return false;
+        sought[letters++] = *word;
+        hashed = hashletter(hashed, *word);
+    }
+    uint32_t wordn = hashfind(hash, sought, letters, hashed);
+    if (wordn == NOHASHED) return false;
+    const wordrow *row = hashrow(hash, wordn);
+    memcpy(fast.text, hashtext(hash, row), WORDSIZE);
+    fast.length = letters;
+    fast.behind = dictrecord(dict, row[1].woff);
+    if (memcmp(fast.text, sought, letters) != 0) *flags |= FINDCASEDIFFERS;
+    return true;
 }
 
 const uint8_t *dictfound(char *out)

@@ -1,8 +1,11 @@
 #include "dict/collation.h"
 #include "dict/dictfast.h"
 #include "dict/dictindex.h"
+#include "dict/wordhash.h"
+#include "dict/wordtables.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace
 {
@@ -47,6 +50,41 @@ int standing(const char *word, const dictcursor *at, uint32_t shared, uint32_t *
     return letterorder(word, at->word, *matched);
 }
 
+// The last entry whose first letters stand below those of its own word by number.
+uint32_t entrybelow(const char *word, uint32_t wordn, const Dictionary *dict)
+{
+    const dictindex *entries = dictentries(dict);
+    const dictindex *entry = std::upper_bound(
+        entries + 1, entries + dict->noindex, wordn,
+        [](uint32_t number, const dictindex &other) { return number < other.wordn; });
+    do
+        entry--;
+    while (entry > entries && keycompare(word, entry, INDEXLETTERS, 0) == 0);
+    return static_cast<uint32_t>(entry - entries);
+}
+
+// The cursor to a word from the hash; false, and an untouched cursor, when there is
+// no such word.
+bool findhashed(const char *word, const Dictionary *dict, const wordhash *hash, dictcursor *cursor)
+{
+    uint32_t letters = 0;
+    uint64_t hashed = 0;
+    for (; word[letters]; letters++) {
+        if (letters == WORDLENGTH) return false; // a longer one may be found all the same
+        hashed = hashletter(hashed, word[letters]);
+    }
+    uint32_t wordn = hashfind(hash, word, letters, hashed);
+    if (wordn == NOHASHED) return false;
+    const wordrow *row = hashrow(hash, wordn);
+    memcpy(cursor->word, hashtext(hash, row), WORDSIZE);
+    cursor->word[letters] = 0;
+    cursor->woff = row->woff;
+    cursor->indexn = entrybelow(word, wordn, dict);
+    cursor->wordn = wordn;
+    cursor->len = row[1].woff - row->woff;
+    return true;
+}
+
 } // namespace
 
 // A run of long words may share its first letters over more than one entry:
@@ -76,6 +114,12 @@ bool dictfind(const char *word, const Dictionary *dict, dictcursor *cursor, uint
     if (dictisempty(dict)) {
         *cursor = {};
         return false;
+    }
+    const wordhash *hash = *flags & FINDHYPHENS ? nullptr : hashwords(dict, 1);
+    if (hash && *flags & fastfind) {
+        if (!hash->spaces) return dictfasthashed(word, dict, hash, flags);
+    } else if (hash && findhashed(word, dict, hash, cursor)) {
+        return !wordcompare(word, cursor->word, WORDLENGTH, flags);
     }
     uint32_t entryn = dictentrybelow(word, INDEXLETTERS, dict, *flags);
     if (*flags & fastfind) return dictfastscan(word, dict, entryn, flags);

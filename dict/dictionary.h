@@ -45,9 +45,10 @@ struct Dictionary {
     uint32_t noindex;
     flexptr index; // noindex dictindex
     flexptr words; // the records and two zero bytes, or nothing
-    // Not in the file: a number that every change raises, and what searches have
-    // made for themselves since (wordtables.h).
+    // Not in the file: a number that every change raises, how many words were looked
+    // up since, and what searches have made for themselves (wordtables.h).
     uint32_t version = 0;
+    mutable uint32_t looked = 0;
     mutable void *tables = nullptr;
 };
 

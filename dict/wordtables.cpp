@@ -2,8 +2,8 @@
 
 #include "base/chars.h"
 #include "dict/collation.h"
-#include "dict/dictindex.h"
-#include "dict/wordcodes.h"
+#include "dict/tablewalk.h"
+#include "dict/wordhash.h"
 
 #include <algorithm>
 #include <cstring>
@@ -16,12 +16,15 @@ struct wordtables {
     bool sound;               // a walk finds all words, in order, and the index in step
     uint32_t asked[WORDSIZE]; // words that searches went through for want of a list
     lengthlist lists[WORDSIZE];
+    wordhash hash;
 };
 
 namespace
 {
 
 constexpr int32_t GROWTH = 65536;
+constexpr uint32_t LOOKWORDS = 64; // that are read to look a word up without a hash
+constexpr uint32_t LOOKSLEAST = 256;
 
 wordtables *tablesof(const Dictionary *dict)
 {
@@ -59,36 +62,6 @@ errorblock *rowadd(lengthlist *list, uint32_t number, const char *text)
     return nullptr;
 }
 
-// A walk over all records. It counts letters as it decodes them, and knows whether
-// it has met a space: what a cursor would have to find out of each word.
-struct tablewalk {
-    const Dictionary *dict;
-    dictcursor at;
-    char before[WORDSIZE]; // the word before
-    uint32_t letters;      // of the word
-    uint32_t shared;       // with the one before
-    bool spaces;           // in this word or in one before it
-};
-
-// To the next word; false behind the last.
-bool walknext(tablewalk *walk)
-{
-    dictcursor *at = &walk->at;
-    const uint8_t *record = dictrecord(walk->dict, at->woff + at->len), *codes = record + 1;
-    if (at->wordn + 1 == walk->dict->nwords || !*codes) return false;
-    memcpy(walk->before, at->word, WORDSIZE);
-    walk->shared = walk->letters = *record & 31u;
-    while (*codes >= ESCAPECODE) {
-        walk->spaces |= codes[0] == ESCAPECODE && codes[1] == ' ';
-        codes = codeexpand(codes, at->word, &walk->letters);
-    }
-    at->word[walk->letters] = 0;
-    at->woff += at->len;
-    at->len = static_cast<uint32_t>(codes - record);
-    at->wordn++;
-    return true;
-}
-
 // A word goes into the list as stored, without its spaces, or both.
 errorblock *wordtake(lengthlist *list, const tablewalk &walk)
 {
@@ -106,38 +79,14 @@ errorblock *wordtake(lengthlist *list, const tablewalk &walk)
     return rowadd(list, walk.at.wordn | ROWCLOSED, closed);
 }
 
-// Words in order differ first where the later one's prefix count says; to compare
-// there is nearly always enough.
-bool inorder(const tablewalk &walk)
-{
-    auto a = static_cast<uint8_t>(walk.before[walk.shared]);
-    auto b = static_cast<uint8_t>(walk.at.word[walk.shared]);
-    if (collation.fold[a] != collation.fold[b]) return collation.fold[a] < collation.fold[b];
-    return !walk.at.wordn || wordorder(walk.before, walk.at.word) < 0;
-}
-
-bool entryinstep(const dictindex &entry, const dictcursor &at)
-{
-    return entry.wordn == at.wordn && !strncmp(entry.word, at.word, INDEXLETTERS);
-}
-
-// All words of the list's length, in one walk. It also tells whether the plain
-// searches would find every word: what the tables promise holds only then.
+// All words of the list's length, in one walk.
 errorblock *listmake(const Dictionary *dict, lengthlist *list, bool *sound)
 {
-    tablewalk walk = {};
-    uint32_t entry = 0;
-    walk.dict = dict;
-    walk.at.wordn = UINT32_MAX; // the first is next
-    *sound = true;
+    tablewalk walk = walkstart(dict);
     errorblock *err = flex_alloc(&list->pages, 0);
-    while (!err && *sound && walknext(&walk)) {
-        *sound = inorder(walk);
-        if (entry < dict->noindex && dictentries(dict)[entry].woff == walk.at.woff)
-            *sound = *sound && entryinstep(dictentries(dict)[entry++], walk.at);
+    while (!err && walknext(&walk))
         if (walk.letters >= static_cast<uint32_t>(list->length)) err = wordtake(list, walk);
-    }
-    if (!err && *sound) *sound = walk.at.wordn + 1 == dict->nwords && entry == dict->noindex;
+    *sound = walk.sound;
     if (!err)
         err = flex_extend(&list->pages, static_cast<int32_t>(pagecount(list) * pagebytes(list)));
     return err;
@@ -154,6 +103,7 @@ wordtables *tablesnow(const Dictionary *dict)
     }
     for (lengthlist &list : tables->lists)
         listfree(&list);
+    hashfree(&tables->hash);
     tables->version = dict->version;
     tables->sound = true; // as far as is known
     memset(tables->asked, 0, sizeof tables->asked);
@@ -196,6 +146,19 @@ const lengthlist *lengthmade(const Dictionary *dict, int32_t length)
     return tables->lists[length].pages ? &tables->lists[length] : nullptr;
 }
 
+const wordhash *hashwords(const Dictionary *dict, uint32_t lookups)
+{
+    wordtables *tables = tablesof(dict);
+    if (tablesoff) return nullptr;
+    if (tables && tables->version == dict->version && tables->hash.rows) return &tables->hash;
+    dict->looked += lookups;
+    if (dict->looked < LOOKSLEAST + dict->nwords / LOOKWORDS || dictisempty(dict)) return nullptr;
+    dict->looked = 0;
+    tables = tablesnow(dict);
+    if (!tables || !tables->sound || hashmake(dict, &tables->hash, &tables->sound)) return nullptr;
+    return tables->sound ? &tables->hash : nullptr;
+}
+
 void rowtext(const lengthlist *list, uint32_t row, char *text)
 {
     const uint8_t *letters = pageletters(list, row / PAGEWORDS, 0) + row % PAGEWORDS;
@@ -225,6 +188,7 @@ uint32_t rowbound(const lengthlist *list, const char *text, int32_t letters, boo
 void dictchanged(Dictionary *dict)
 {
     dict->version++;
+    dict->looked = 0;
 }
 
 void tablesfree(Dictionary *dict)
@@ -233,6 +197,7 @@ void tablesfree(Dictionary *dict)
     if (!tables) return;
     for (lengthlist &list : tables->lists)
         listfree(&list);
+    hashfree(&tables->hash);
     heap_free(&dict->tables);
 }
 
@@ -240,7 +205,7 @@ int64_t tablesbytes(const Dictionary *dict)
 {
     const wordtables *tables = tablesof(dict);
     if (!tables) return 0;
-    int64_t bytes = sizeof *tables;
+    int64_t bytes = int64_t{sizeof *tables} + hashbytes(&tables->hash);
     for (const lengthlist &list : tables->lists)
         if (list.pages) bytes += int64_t{pagecount(&list)} * pagebytes(&list);
     return bytes;

@@ -21,6 +21,8 @@
 // A word without spaces is one row, with both flags. A phrase is two: in the list
 // of its length as it stands, and in that of its length without its spaces.
 //
+// The other table is a hash of the words, wordhash.h.
+//
 // A store that was misread or damaged has no tables, and neither has one for which
 // memory is short. Every search has its plain road then, over the records: what it
 // finds is the same.
@@ -51,6 +53,12 @@ const lengthlist *lengthwords(const Dictionary *dict, int32_t length, uint32_t w
 
 // The same of a list that is there already; 0 if it is not.
 const lengthlist *lengthmade(const Dictionary *dict, int32_t length);
+
+// A hash of all words, for a search that would else look so many words up in the
+// records. 0 when it is to do that: as the lists, it is made once it will have been
+// worth it. Good until the store changes or is freed.
+struct wordhash;
+const wordhash *hashwords(const Dictionary *dict, uint32_t lookups);
 
 // Which letters a text has: a bit each for a to z in either case, to which other
 // characters are added somehow, and in the top 6 bits a sum over all of them. Texts

@@ -1,8 +1,11 @@
-// The lists of words by length, against the words that a walk finds.
+// The lists of words by length, against the words that a walk finds; the hash, against
+// the search in the records.
 
 #include "dict/wordtables.h"
 
+#include "base/chars.h"
 #include "dict/collation.h"
+#include "dict/wordhash.h"
 #include "tests/dict/teststore.h"
 
 #include <doctest/doctest.h>
@@ -54,6 +57,27 @@ rowlist rowsof(const lengthlist *list)
     return rows;
 }
 
+// All that a search tells, of this word and one that begins with it.
+std::string searchtold(const Dictionary &dict, std::string word)
+{
+    std::string told;
+    for (uint32_t options : {0u, fastfind, FINDHYPHENS})
+        for (const char *more : {"", "qu"}) {
+            dictcursor cursor = {};
+            uint32_t flags = options;
+            bool there = dictfind((word + more).c_str(), &dict, &cursor, &flags);
+            char text[WORDSIZE] = "";
+            const uint8_t *records = static_cast<const uint8_t *>(dict.words);
+            if (options & fastfind)
+                told += there ? std::to_string(dictfound(text) - records) : "";
+            else
+                for (uint32_t number : {cursor.woff, cursor.indexn, cursor.wordn, cursor.len})
+                    told += std::to_string(number) + ' ';
+            told += (there ? "+" : "-") + std::to_string(flags) + text + cursor.word + '\n';
+        }
+    return told;
+}
+
 // The first row of the list that doesn't stand below the text, one after another.
 uint32_t boundexpected(const lengthlist *list, const std::string &text, bool behind)
 {
@@ -96,6 +120,42 @@ TEST_CASE("lists of words by length hold those of the store as it is, made when 
     }
     tablesfree(dict);
     CHECK((tablesbytes(dict) == 0 && !lengthmade(dict, 6)));
+}
+
+TEST_CASE("words are found alike from the records and by a hash, which is made when it pays")
+{
+    for (const char *phrase : {"", "ice cream"}) {
+        wordlist words = somewords(4000, 13), asked = {"", "stale ba", std::string(40, 's')};
+        for (size_t n = 0; n < 40; n++) // an index entry's letters, over more than one of them
+            words.push_back("'re'restat" + words[n]);
+        words.insert(words.end(), {std::string(29, 's'), std::string(31, 'x'), "a", "\xE9l\xE9"});
+        for (size_t n = 0; n < words.size(); n += 3) {
+            asked.insert(asked.end(), {words[n], words[n].substr(1), words[n] + "BA"});
+            for (char &ch : words[n])
+                if (n % 2) ch = static_cast<char>(charupper(static_cast<uint8_t>(ch)));
+        }
+        if (*phrase) words.push_back(phrase);
+        teststore s(words);
+        CHECK((!tablesbytes(&s.dict) && !hashwords(&s.dict, dictcount(&s.dict) / 64)));
+        const wordhash *hash = hashwords(&s.dict, 256);
+        REQUIRE((hash && hash->spaces == (*phrase != 0)));
+        for (const std::string &word : asked) {
+            std::string told = searchtold(s.dict, word);
+            tablesoff = true;
+            CHECK(told == searchtold(s.dict, word));
+            tablesoff = false;
+        }
+        for (std::string word : storewords(s.dict)) {
+            uint64_t hashed = 0;
+            std::erase(word, ' ');
+            for (uint32_t letters = 1; letters <= word.size(); letters++) {
+                hashed = hashletter(hashed, word[letters - 1]);
+                CHECK((letters < BEGINLETTERS || hashbegins(hash, hashed)));
+            }
+        }
+        addwords(&s.dict, {"quite"});
+        CHECK((!hashwords(&s.dict, 1) && hashwords(&s.dict, 4000)));
+    }
 }
 
 TEST_CASE("rows are found by their first letters in either case")

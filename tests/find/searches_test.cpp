@@ -191,11 +191,13 @@ TEST_CASE("tables are those of the words now, and few bytes each")
     CHECK((dictremove("zaqoq", dict) == 1 && found() == 1));
     for (int32_t length = 1; length <= WORDLENGTH; length++)
         CHECK(lengthwords(dict, length, 20000) != nullptr);
+    CHECK(hashwords(dict, 20000) != nullptr);
     CHECK(tablesbytes(dict) < int64_t{48} * dictcount(dict));
     std::swap(static_cast<dictindex *>(dict->index)[1].word[0], // out of step: the plain road
               static_cast<dictindex *>(dict->index)[2].word[7]);
     dictchanged(dict);
     CHECK((lengthwords(dict, 5, 20000) == nullptr && found() == 1));
+    CHECK(hashwords(dict, 20000) == nullptr);
 }
 
 TEST_CASE("suggestions agree, those with capitals and of the later dictionary too")
