@@ -109,6 +109,15 @@ bool iskind(const json &file, const char *kind)
     return false;
 }
 
+bool reachesbeyond(const json &rows, const gridsketch &sketch)
+{
+    if (!rows.is_array()) return false;
+    if (rows.size() > static_cast<size_t>(sketch.height)) return true;
+    for (const json &row : rows)
+        if (row.is_array() && row.size() > static_cast<size_t>(sketch.width)) return true;
+    return false;
+}
+
 // Whether there is text that a grid has no place for. A clue is a text, or a row of
 // number and text, or has members.
 bool tellsmore(const json &file)
@@ -215,6 +224,7 @@ errorblock *ipuzread(const std::string &bytes, std::string *left)
     for (int32_t y = 0; y < sketch.height; y++)
         for (int32_t x = 0; x < sketch.width; x++)
             cellread(&sketch, x, y, file, search, marks, left);
+    if (reachesbeyond(member(file, "puzzle"), sketch)) leftadd(left, "cells beyond its dimensions");
     if (tellsmore(file)) leftadd(left, "title, clues and notes");
     err = sketchopen(sketch);
     if (!err) grid.kind = search ? GRIDWORDSQUARE : GRIDCROSSWORD;

@@ -24,7 +24,7 @@ PLANTS = "otter\nbadger\nheron\npine\nelk\n"
 # Others' way of saying the same: a block and a blank of their own, bars on the far sides.
 IPUZ = """{{"version": "http://ipuz.org/v1", "kind": ["http://ipuz.org/crossword"], "block": "X",
 "empty": "_", "dimensions": {{"width": {}, "height": 2}}, "title": "T",
-"puzzle": [[{{"cell": 1, "style": {{"barred": "RB"}}}}, "_"], ["X", null]],
+"puzzle": [[{{"cell": 1, "style": {{"barred": "RB"}}}}, "_"], ["X", null, 0]],
 "solution": [["ab", {{"value": "\\u03c0"}}], ["X", null]]}}"""
 # Bars round the middle, two pieces, a word across that stands down as well.
 STATS = "cat#\na.a#\nt#t.\nx..y\n\nleft 1,2 3,3 0,0\ntop 0,3 1,1 2,3 3,3\n"
@@ -126,7 +126,8 @@ RUNS = [
     ("grid import kind.ipuz -o x.qmg", FAILED, "", "neither a crossword nor"),
     ("grid import size.ipuz -o x.qmg", FAILED, "", "not 0 by 2."),
     ("grid import other.ipuz -o other.qmg", DONE, "", "left out: all but the first letter of a cell, "
-     "letters that code page 1252 lacks, that some cells aren't there, title, clues and notes"),
+     "letters that code page 1252 lacks, that some cells aren't there, cells beyond its dimensions, "
+     "title, clues and notes"),
     ("grid draw other.qmg", DONE, "a.\n##\n\nleft 1,0\ntop 0,1\n", ""),
     # Searches.
     ("dict build MainDict.dic", DONE, "", ""),
