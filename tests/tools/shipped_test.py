@@ -1,15 +1,17 @@
 #!/usr/bin/env python3
 """The word lists and samples that are shipped, as a user meets them.
 
-usage: shipped_test.py SAMPLES DATA QUILL
+usage: shipped_test.py SAMPLES DATA QUILL SESSION.md
 """
 import pathlib
 import re
 import subprocess
 import sys
+import tempfile
 import unittest
 
-SAMPLES, DATA, QUILL = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]
+SAMPLES, DATA, SESSION = (pathlib.Path(sys.argv[at]).resolve() for at in (1, 2, 4))
+QUILL = pathlib.Path(sys.argv[3]).resolve()
 
 
 def words(name):
@@ -88,6 +90,23 @@ class SampleTest(unittest.TestCase):
             held = path.read_text(encoding="ascii").splitlines()
             self.assertIn(len(held), range(10, 41), path.name)
             self.assertEqual(set(held) - known, set(), path.name)
+
+
+class SessionTest(unittest.TestCase):
+    def test_the_manuals_session_goes_as_it_says(self):
+        blocks = re.findall("(?:^    .*\n)+", SESSION.read_text(encoding="utf-8"), re.M)
+        blocks = ["\n".join(line[4:] for line in block.splitlines()) + "\n" for block in blocks]
+        files = [block for block in blocks if not block.startswith(("> ", "set "))]
+        with tempfile.TemporaryDirectory() as folder:
+            for leaf, text in zip(("sunday.txt", "traded.txt"), files, strict=True):
+                (pathlib.Path(folder) / leaf).write_text(text)
+            told = [part for block in blocks if block.startswith("> ") for part in block[2:].split("\n> ")]
+            self.assertGreater(len(told), 8)
+            for part in told:
+                command, _, printed = part.partition("\n")
+                run = subprocess.run([QUILL, *command.split()[1:], *(["--dictionaries", DATA] * ("--dict " in command))],
+                                     stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, cwd=folder, timeout=300)
+                self.assertEqual((run.returncode, run.stdout.expandtabs().split()), (0, printed.split()), command)
 
 
 unittest.main(argv=sys.argv[:1])
