@@ -27,6 +27,10 @@ if(WIN32)
     target_compile_definitions(quillflags INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
     # vsnprintf and friends with the standard's rules, on both word sizes.
     target_compile_definitions(quillflags INTERFACE __USE_MINGW_ANSI_STDIO=1)
+    # The same programs from the same sources, wherever and whenever they are built.
+    target_compile_options(quillflags INTERFACE
+        -ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=../../=)
+    add_link_options(-Wl,--no-insert-timestamp)
 endif()
 
 if(QUILL_SANITIZE OR QUILL_FUZZ)

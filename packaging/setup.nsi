@@ -60,7 +60,7 @@ FunctionEnd
 Section "Quillmere"
     !insertmacro thisview
     SetOutPath "$INSTDIR"
-    File "${SOURCE}/*.*"
+    File /x register.cmd "${SOURCE}/*.*"
     SetOutPath "$INSTDIR\Samples"
     File "${SOURCE}/Samples/*.*"
 

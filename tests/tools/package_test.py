@@ -62,8 +62,9 @@ def waitfor(condition, seconds=30):
 class Package(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        run = subprocess.run([ROOT / "tools" / "package", BUILD, OUT], capture_output=True, text=True)
-        assert run.returncode == 0, run.stdout + run.stderr
+        for folder in OUT / "again", OUT:
+            run = subprocess.run([ROOT / "tools" / "package", BUILD, folder], capture_output=True, text=True)
+            assert run.returncode == 0, run.stdout + run.stderr
         cls.setup, = OUT.glob("*-setup.exe")
         cls.archive, = OUT.glob("*.zip")
         with zipfile.ZipFile(cls.archive) as packed:
@@ -91,6 +92,10 @@ class Package(unittest.TestCase):
             self.assertIn(name, self.packed)
         self.assertFalse([name for name in self.packed if re.match("(Choices|Default)/.", name)])
 
+    def test_packing_again_gives_the_same_bytes(self):
+        for packed in self.setup, self.archive:
+            self.assertEqual((OUT / "again" / packed.name).read_bytes(), packed.read_bytes())
+
     def test_installed_and_removed(self):
         place, windows = DRIVE / "Puzzles", r"C:\Puzzles"
         wine(self.setup, "/S", "/D=" + windows)
@@ -113,7 +118,7 @@ class Package(unittest.TestCase):
         wine(self.setup, "/S")  # it knows where
         self.assertIn("zzquillmere", wine(quill, "dict", "find", puzzle, "zzquillmere"))
         self.assertEqual((place / "Quillmere.chm").read_bytes(),
-                         (BUILD / "manual" / "Quillmere.chm").read_bytes())
+                         (OUT / "manual" / "Quillmere.chm").read_bytes())
 
         # It goes on from a copy of itself, so that it can go too.
         wine(place / "uninstall.exe", "/S")
