@@ -3,19 +3,24 @@
 ; SOURCE is the program's folder, as it is to be.
 ;
 ;   Quillmere-2.20.0-setup.exe /S /D=C:\Puzzles    installs without a word
+;   Quillmere-2.20.0-setup.exe /user              for this user alone, which is what
+;                                                 one without an administrator's rights gets
 Unicode true
 !if ${BITS} == 64
     Target amd64-unicode
-    InstallDir "$PROGRAMFILES64\Quillmere"
+    !define FORALL "$PROGRAMFILES64\Quillmere"
 !else
     Target x86-unicode
-    InstallDir "$PROGRAMFILES32\Quillmere"
+    !define FORALL "$PROGRAMFILES32\Quillmere"
 !endif
 
+!include FileFunc.nsh
+
+InstallDir "${FORALL}"
 Name "Quillmere"
 OutFile "${OUT}"
 BrandingText "Quillmere ${VERSION}"
-RequestExecutionLevel admin
+RequestExecutionLevel highest
 SetCompressor /SOLID lzma
 LicenseData "${SOURCE}/LICENSE.txt"
 
@@ -24,20 +29,22 @@ LicenseData "${SOURCE}/LICENSE.txt"
 !define APPPATHS "Software\Microsoft\Windows\CurrentVersion\App Paths\Quillmere.exe"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillmere"
 
-; The folder of an earlier installation is offered again.
-InstallDirRegKey HKLM "${APPPATHS}" "Path"
-
 Page license
 Page directory
 Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
+; For this user alone, or for all. Registry and Start menu are those of one or the other:
+; SHCTX is HKCU or HKLM. The program looks into the first where the second has nothing.
+Var alone
 !macro thisview
-    SetShellVarContext all
     !if ${BITS} == 64
         SetRegView 64
     !endif
+    SetShellVarContext all
+    StrCmp $alone 1 0 +2
+    SetShellVarContext current
 !macroend
 
 ; Explorer looks at the types of files anew.
@@ -46,19 +53,37 @@ UninstPage instfiles
 !macroend
 
 Function .onInit
-    !if ${BITS} == 64
-        SetRegView 64
-        ; InstallDirRegKey reads what 32-bit programs see.
-        ReadRegStr $0 HKLM "${APPPATHS}" "Path"
-        StrCmp $0 "" done
-        StrCmp $INSTDIR "$PROGRAMFILES64\Quillmere" 0 done ; it was told where
-        StrCpy $INSTDIR $0
-        done:
-    !endif
+    UserInfo::GetAccountType
+    Pop $0
+    StrCmp $0 "Admin" asked
+    StrCpy $alone 1
+    asked:
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/user" $1
+    IfErrors decided
+    StrCpy $alone 1
+    decided:
+    !insertmacro thisview
+
+    StrCmp $INSTDIR "${FORALL}" 0 done ; it was told where
+    StrCmp $alone 1 0 +2
+    StrCpy $INSTDIR "$LOCALAPPDATA\Programs\Quillmere"
+    ; The folder of an earlier installation is offered again.
+    ReadRegStr $0 SHCTX "${APPPATHS}" "Path"
+    StrCmp $0 "" done
+    StrCpy $INSTDIR $0
+    done:
+FunctionEnd
+
+; What it is to remove is what was installed from its folder.
+Function un.onInit
+    ReadRegStr $0 HKCU "${UNINSTALL}" "UninstallString"
+    StrCmp $0 '"$INSTDIR\uninstall.exe"' 0 +2
+    StrCpy $alone 1
 FunctionEnd
 
 Section "Quillmere"
-    !insertmacro thisview
     SetOutPath "$INSTDIR"
     File /x register.cmd "${SOURCE}/*.*"
     SetOutPath "$INSTDIR\Samples"
@@ -70,34 +95,36 @@ Section "Quillmere"
     File "${SOURCE}/Dictionaries/*.*"
     SetOverwrite on
     ; All users may add words: *S-1-5-32-545 is their group, in every language.
+    StrCmp $alone 1 mine
     nsExec::Exec 'icacls "$INSTDIR\Dictionaries" /grant *S-1-5-32-545:(OI)(CI)M'
     Pop $0
+    mine:
 
     ; For users who may write here; the others have theirs elsewhere.
     CreateDirectory "$INSTDIR\Choices"
     CreateDirectory "$INSTDIR\Default"
     SetOutPath "$INSTDIR"
 
-    WriteRegStr HKLM "${DICTIONARIES}" "" "$INSTDIR\Dictionaries"
-    WriteRegStr HKLM "${APPPATHS}" "" "$INSTDIR\quillmere.exe"
-    WriteRegStr HKLM "${APPPATHS}" "Path" "$INSTDIR"
-    WriteRegStr HKLM "Software\Classes\.qmg" "" "Quillmere.Grid"
-    WriteRegStr HKLM "Software\Classes\Quillmere.Grid" "" "Quillmere grid"
-    WriteRegStr HKLM "Software\Classes\Quillmere.Grid\DefaultIcon" "" "$INSTDIR\quillmere.exe,0"
-    WriteRegStr HKLM "Software\Classes\Quillmere.Grid\shell\open\command" "" '"$INSTDIR\quillmere.exe" "%1"'
+    WriteRegStr SHCTX "${DICTIONARIES}" "" "$INSTDIR\Dictionaries"
+    WriteRegStr SHCTX "${APPPATHS}" "" "$INSTDIR\quillmere.exe"
+    WriteRegStr SHCTX "${APPPATHS}" "Path" "$INSTDIR"
+    WriteRegStr SHCTX "Software\Classes\.qmg" "" "Quillmere.Grid"
+    WriteRegStr SHCTX "Software\Classes\Quillmere.Grid" "" "Quillmere grid"
+    WriteRegStr SHCTX "Software\Classes\Quillmere.Grid\DefaultIcon" "" "$INSTDIR\quillmere.exe,0"
+    WriteRegStr SHCTX "Software\Classes\Quillmere.Grid\shell\open\command" "" '"$INSTDIR\quillmere.exe" "%1"'
     !insertmacro typeschanged
 
     CreateDirectory "$SMPROGRAMS\Quillmere"
     CreateShortcut "$SMPROGRAMS\Quillmere\Quillmere.lnk" "$INSTDIR\quillmere.exe"
     CreateShortcut "$SMPROGRAMS\Quillmere\Manual.lnk" "$INSTDIR\Quillmere.chm"
     WriteUninstaller "$INSTDIR\uninstall.exe"
-    WriteRegStr HKLM "${UNINSTALL}" "DisplayName" "Quillmere"
-    WriteRegStr HKLM "${UNINSTALL}" "DisplayVersion" "${VERSION}"
-    WriteRegStr HKLM "${UNINSTALL}" "DisplayIcon" "$INSTDIR\quillmere.exe"
-    WriteRegStr HKLM "${UNINSTALL}" "Publisher" "The Quillmere authors"
-    WriteRegStr HKLM "${UNINSTALL}" "UninstallString" '"$INSTDIR\uninstall.exe"'
-    WriteRegDWORD HKLM "${UNINSTALL}" "NoModify" 1
-    WriteRegDWORD HKLM "${UNINSTALL}" "NoRepair" 1
+    WriteRegStr SHCTX "${UNINSTALL}" "DisplayName" "Quillmere"
+    WriteRegStr SHCTX "${UNINSTALL}" "DisplayVersion" "${VERSION}"
+    WriteRegStr SHCTX "${UNINSTALL}" "DisplayIcon" "$INSTDIR\quillmere.exe"
+    WriteRegStr SHCTX "${UNINSTALL}" "Publisher" "The Quillmere authors"
+    WriteRegStr SHCTX "${UNINSTALL}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+    WriteRegDWORD SHCTX "${UNINSTALL}" "NoModify" 1
+    WriteRegDWORD SHCTX "${UNINSTALL}" "NoRepair" 1
 SectionEnd
 
 ; A folder goes when nothing of the users' is left in it.
@@ -114,14 +141,14 @@ Section "Uninstall"
     Delete "$SMPROGRAMS\Quillmere\Manual.lnk"
     RMDir "$SMPROGRAMS\Quillmere"
 
-    DeleteRegKey HKLM "${DICTIONARIES}"
-    DeleteRegKey /ifempty HKLM "Software\Orchardlight"
-    DeleteRegKey HKLM "${APPPATHS}"
-    DeleteRegKey HKLM "Software\Classes\Quillmere.Grid"
-    ReadRegStr $0 HKLM "Software\Classes\.qmg" ""
+    DeleteRegKey SHCTX "${DICTIONARIES}"
+    DeleteRegKey /ifempty SHCTX "Software\Orchardlight"
+    DeleteRegKey SHCTX "${APPPATHS}"
+    DeleteRegKey SHCTX "Software\Classes\Quillmere.Grid"
+    ReadRegStr $0 SHCTX "Software\Classes\.qmg" ""
     StrCmp $0 "Quillmere.Grid" 0 others
-    DeleteRegKey HKLM "Software\Classes\.qmg"
+    DeleteRegKey SHCTX "Software\Classes\.qmg"
     others:
-    DeleteRegKey HKLM "${UNINSTALL}"
+    DeleteRegKey SHCTX "${UNINSTALL}"
     !insertmacro typeschanged
 SectionEnd

@@ -20,10 +20,10 @@ import zipfile
 ROOT, BUILD, OUT = map(pathlib.Path, sys.argv[1:4])
 WINE = "/usr/lib/wine/wine64"
 DRIVE = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
-DICTIONARIES = r"HKLM\Software\Orchardlight\Dictionaries"
-APPPATHS = r"HKLM\Software\Microsoft\Windows\CurrentVersion\App Paths\Quillmere.exe"
-CLASSES = r"HKLM\Software\Classes"
-UNINSTALL = r"HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillmere"
+DICTIONARIES = r"\Software\Orchardlight\Dictionaries"
+APPPATHS = r"\Software\Microsoft\Windows\CurrentVersion\App Paths\Quillmere.exe"
+CLASSES = r"\Software\Classes"
+UNINSTALL = r"\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillmere"
 SHIPPED = ["MainDict", "MainDict-UK", "MainDict-US", "Puzzle-UK", "Puzzle-US"]
 
 
@@ -40,9 +40,9 @@ def wine(*words, check=True):
     return text
 
 
-def registered(key, name=None):
+def registered(key, name=None, root="HKLM"):
     """A value of the registry, the default one without a name; None for none."""
-    told = wine("reg", "query", key, *(["/v", name] if name else ["/ve"]), check=False)
+    told = wine("reg", "query", root + key, *(["/v", name] if name else ["/ve"]), check=False)
     match = re.search(r"REG_\w+ +(.*)", told)
     return match[1].strip() if match else None
 
@@ -71,15 +71,21 @@ class Package(unittest.TestCase):
             assert packed.testzip() is None
             cls.packed = {info.filename.removeprefix("Quillmere/") for info in packed.infolist()} - {""}
 
-    def registeredat(self, folder):
-        self.assertEqual(registered(DICTIONARIES), folder + r"\Dictionaries")
-        self.assertEqual(registered(APPPATHS), folder + r"\quillmere.exe")
-        self.assertEqual(registered(APPPATHS, "Path"), folder)
+    def registeredat(self, folder, root="HKLM"):
+        self.assertEqual(registered(DICTIONARIES, None, root), folder + r"\Dictionaries")
+        self.assertEqual(registered(APPPATHS, None, root), folder + r"\quillmere.exe")
+        self.assertEqual(registered(APPPATHS, "Path", root), folder)
 
-    def starts(self):
+    def nothingregistered(self):
+        for root in "HKLM", "HKCU":
+            self.assertIsNone(registered(DICTIONARIES, None, root))
+            self.assertIsNone(registered(APPPATHS, "Path", root))
+            self.assertIsNone(registered(CLASSES + r"\.qmg", None, root))
+
+    def starts(self, program="quillmere.exe"):
         """By its name alone, which the registry resolves; closed as by a user."""
         # It would hold a pipe open as long as it runs.
-        subprocess.run([WINE, "start", "quillmere.exe"], stdout=subprocess.DEVNULL,
+        subprocess.run([WINE, "start", program], stdout=subprocess.DEVNULL,
                        stderr=subprocess.DEVNULL, timeout=60, check=True)
         closed = lambda: "Close message sent" in wine("taskkill", "/im", "quillmere.exe", check=False)
         self.assertTrue(waitfor(closed), "it never ran")
@@ -124,21 +130,34 @@ class Package(unittest.TestCase):
         wine(place / "uninstall.exe", "/S")
         waitfor(lambda: not shortcuts.exists() and registered(UNINSTALL, "DisplayName") is None)
         self.assertEqual(tree(place), {"Dictionaries/", "Dictionaries/Mine.dic"})
-        self.assertIsNone(registered(DICTIONARIES))
-        self.assertIsNone(registered(APPPATHS, "Path"))
-        self.assertIsNone(registered(CLASSES + r"\.qmg"))
+        self.nothingregistered()
         self.assertFalse(shortcuts.exists())
+
+    def test_installed_for_one_user(self):
+        wine(self.setup, "/S", "/user")
+        place, = DRIVE.glob("users/*/AppData/Local/Programs/Quillmere")
+        windows = "C:\\" + str(place.relative_to(DRIVE)).replace("/", "\\")
+        self.assertEqual(tree(place), self.packed - {"register.cmd"} | {"uninstall.exe"})
+        self.registeredat(windows, "HKCU")
+        self.assertIsNone(registered(DICTIONARIES))
+        self.assertEqual(registered(CLASSES + r"\Quillmere.Grid\shell\open\command", None, "HKCU"),
+                         rf'"{windows}\quillmere.exe" "%1"')
+        self.starts(windows + r"\quillmere.exe")  # Wine looks for names in all users' part alone
+        wine(place / "uninstall.exe", "/S")
+        waitfor(lambda: not place.exists())
+        self.assertFalse(place.exists())
+        self.nothingregistered()
 
     def test_unpacked_and_registered(self):
         with zipfile.ZipFile(self.archive) as packed:
             packed.extractall(DRIVE / "My tools")
         windows = r"C:\My tools\Quillmere"
-        wine("cmd", "/c", windows + r"\register.cmd", "/quiet")
-        self.registeredat(windows)
-        self.starts()
-        wine("cmd", "/c", windows + r"\register.cmd", "/remove")
-        self.assertIsNone(registered(DICTIONARIES))
-        self.assertIsNone(registered(APPPATHS, "Path"))
+        for word, root in (("/quiet", "HKLM"), ("/user", "HKCU")):
+            wine("cmd", "/c", windows + r"\register.cmd", word)
+            self.registeredat(windows, root)
+            self.starts(*[windows + r"\quillmere.exe"] * (root == "HKCU"))
+            wine("cmd", "/c", windows + r"\register.cmd", "/remove")
+            self.nothingregistered()
 
 
 if __name__ == "__main__":
