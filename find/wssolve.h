@@ -12,6 +12,3 @@ struct errorblock;
 // dictionary, and no error is told of. POLLS: once for each cell.
 errorblock *wssolve();
 errorblock *wssolverun(intptr_t);
-
-// Examines the line of letters from a cell: adds the word that it finds.
-void wssolveline(int32_t x, int32_t y, int32_t dx, int32_t dy);
