@@ -9,6 +9,7 @@
 #include "find/findwindow.h"
 #include "find/solutions.h"
 #include "find/solve.h"
+#include "find/wsfits.h"
 #include "grid/grid.h"
 #include "grid/gridwindow.h"
 
@@ -109,16 +110,23 @@ bool attemptcell(wsattempt *attempt)
     return attempt->x != attempt->startx || attempt->y != attempt->starty;
 }
 
-// Goes on from where the attempt stands to the next place that takes the word.
-bool attemptfind(wsattempt *attempt, const char *word, int32_t length)
+// Goes on from where the attempt stands to the next place that takes the word. The
+// first words lie nearly anywhere: some cells are looked at before all are.
+bool attemptfind(wsattempt *attempt, int32_t level, const char *word, int32_t length)
 {
     uint32_t mask = directionmask();
+    const fitmap *known = wsfitskept(level);
+    int32_t singly = 8;
     do {
-        for (; attempt->turn < WSDIRECTIONS; attempt->turn++) {
+        if (!known && !singly--) known = wsfits(level, level, word, length);
+        if (known && !known->any) return false;
+        uint32_t here = known ? known->at[attempt->x][attempt->y] & mask : mask;
+        for (; here && attempt->turn < WSDIRECTIONS; attempt->turn++) {
             uint32_t direction =
                 static_cast<uint32_t>(attempt->startdirection + attempt->turn) % WSDIRECTIONS;
-            if ((mask >> direction & 1) &&
-                fits(word, length, attempt->x, attempt->y, wssteps[direction]))
+            if ((here >> direction & 1) &&
+                ((known && known->under == level) ||
+                 fits(word, length, attempt->x, attempt->y, wssteps[direction])))
                 return true;
         }
     } while (attemptcell(attempt));
@@ -150,13 +158,18 @@ void placesstore(flexptr attempts, int32_t first, int32_t end)
     }
 }
 
-// Takes the word before this one up again; it goes on behind its last place.
+// Takes the word before this one up again; it goes on behind its last place. While it
+// is lifted, the one behind it, which will be tried at each of its places, is looked at.
 void stepback(flexptr attempts, int32_t first, int32_t entry)
 {
     char text[sizeof wsentry::text];
     wsattempt *attempt = attemptat(attempts, entry - first);
     lift(entrytext(entry, text), attempt->x, attempt->y, attemptstep(*attempt));
     attempt->turn++;
+    wsfitsmove(entry);
+    if (wsfitskept(entry + 1)) return;
+    int32_t length = entrytext(entry + 1, text);
+    wsfits(entry + 1, entry, text, length);
 }
 
 // Starts the attempt at an entry. False when the user stopped it.
@@ -186,13 +199,14 @@ bool wsplace(int32_t i)
     flexptr attempts = nullptr;
     errorblock *err = nullptr;
     int32_t entry = i;
+    wsfitsmove(-1);
     bool forward = true; // towards the next word, or back to the one before
     while (entry >= i && entry < solutions.count) {
         if (forward && !stepforward(&attempts, i, entry, &err)) break;
         char text[sizeof wsentry::text];
         int32_t length = entrytext(entry, text);
         wsattempt *attempt = attemptat(attempts, entry - i);
-        forward = attemptfind(attempt, text, length);
+        forward = attemptfind(attempt, entry, text, length);
         if (forward) {
             lay(text, length, attempt->x, attempt->y, attemptstep(*attempt));
             entry++;
