@@ -159,8 +159,10 @@ TEST_CASE("a command in the middle of a search ends it first")
     if (!largehere()) return;
     play({
         {crossword, "...../.####/.####/.####/.####"}, {setting, 1000000, "limit"}, {large, 1, "MainDict"},
-        {drag, "0,0 4,4"}, {press, BARSOLVE}, {there, BARSTOP, "yes"},
-        {menu, COMMANDUPPERCASE}, {there, BARSOLVE, "yes"}, {count, "0"}, {mark, "none"},
+        {menu, COMMANDSAVEAS}, {choose, 0, "searched"}, {drag, "0,0 4,4"}, {press, BARSOLVE},
+        {there, BARSTOP, "yes"}, {key, CTRL | 'S'}, {title, "Quillmere - searched.qmg"},
+        {quill, "grid draw @searched.qmg", ".....|.####|.####|.####|.####"}, // as it is seen
+        {press, BARSOLVE}, {there, BARSTOP, "yes"}, {menu, COMMANDUPPERCASE}, {there, BARSOLVE, "yes"}, {count, "0"}, {mark, "none"},
         {undrawn, "0"},
         {entries, MENUATGRID, "Grid Type, Size..., Reflect, +Upper Case, Lower Case, Customise..."},
     });
