@@ -8,6 +8,7 @@ import os
 import pathlib
 import re
 import shlex
+import signal
 import struct
 import subprocess
 import sys
@@ -242,6 +243,25 @@ class QuillTest(unittest.TestCase):
         self.assertEqual(os.read(reader, 65536), self.bytes("p.qmg"))
         os.close(reader)
         self.assertTrue(pipe.is_fifo())
+
+    @unittest.skipUnless(pathlib.Path("/dev/full").exists() and ENCODING == "utf-8",
+                         "signals of another kind")
+    def test_3_what_ends_early_says_so(self):
+        with open("/dev/full", "w") as full:
+            run = subprocess.run([*PROGRAM, "help"], stdout=full, stderr=subprocess.PIPE, timeout=60)
+        self.assertEqual((run.returncode, run.stderr), (FAILED, b"quill: Error writing data.\n"))
+        # Each word fits, but not all of them: it goes on until Ctrl+C.
+        (self.folder / "crowd.txt").write_text("".join(f"{a}{b}{a}{b}{b}\n" for a in "abcdefg" for b in "hij"))
+        run = subprocess.Popen([*PROGRAM, "make", "crowd.txt", "--size", "5x5", "-o", "c.qmg"],
+                               cwd=self.folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        state = pathlib.Path(f"/proc/{run.pid}/status")
+        while not int(re.search(r"SigCgt:\t(\w+)", state.read_text())[1], 16) & 2:
+            pass  # it doesn't hear yet
+        run.send_signal(signal.SIGINT)
+        told = run.communicate(timeout=60)[1]
+        self.assertEqual(run.returncode, 130)
+        self.assertIn(b"stopped: the words placed so far are in the file", told)
+        self.assertEqual(len(self.quill("grid draw c.qmg")[0].split()), 5)
 
     def test_4_guess_and_spell(self):
         self.assertIn("cat\n", self.quill(f"guess catt {HERE}")[0])

@@ -74,7 +74,7 @@ errorblock *commandmake(const arguments &args)
     errorblock *err = sessionwords(args.words[0]);
     if (!err) err = wsmake();
     err = makingend(err, args);
-    return err ? err : unplaced();
+    return err || edgestopped() ? err : unplaced();
 }
 
 errorblock *commandfill(const arguments &args)
