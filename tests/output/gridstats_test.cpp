@@ -29,3 +29,32 @@ TEST_CASE("the symmetries of blocks and of bars")
         CHECK(stats.symmetries == symmetries);
     }
 }
+
+TEST_CASE("cells, words and pieces are counted")
+{
+    const struct {
+        const char *picture;
+        std::vector<int32_t>
+            counts; // open, blocks, bars, filled, checked, unchecked, pieces, A, across, down
+        std::string same;
+    } rows[] = {
+        {"cat#\na.a#\nt#t.\nx..y\n\nleft 1,2 3,3 0,0\ntop 0,3 1,1 2,3 3,3\n",
+         {13, 3, 6, 9, 5, 7, 3, 3, 4, 2},
+         "CAT "},
+        {"aza\nZZ.\nAzA\nzzz\n", {12, 0, 0, 11, 12, 0, 1, 4, 4, 3}, "AZA "},
+        {"a#\n#a\n", {2, 2, 0, 2, 0, 0, 2, 2, 0, 0}, ""},
+        {".\n.\n.\n", {3, 0, 0, 0, 0, 3, 1, 0, 0, 1}, ""},
+    };
+    for (const auto &[picture, counts, same] : rows) {
+        INFO(picture);
+        gridset(picture);
+        gridstats s;
+        gridstatsread(&s);
+        CHECK(std::vector<int32_t>{s.open, s.blocks, s.bars, s.filled, s.checked, s.unchecked,
+                                   s.pieces, s.letters['A'], s.across, s.down} == counts);
+        std::string twice;
+        for (const std::string &word : s.same)
+            twice += word + ' ';
+        CHECK(twice == same);
+    }
+}
